@@ -1,0 +1,42 @@
+# The rules of the house: how a room is built, what every source is compiled with, where programs go.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release)
+endif()
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+find_package(Threads REQUIRED)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(UTF8PROC REQUIRED IMPORTED_TARGET libutf8proc)
+
+add_library(house_rules INTERFACE)
+target_include_directories(house_rules INTERFACE ${CMAKE_SOURCE_DIR}/src)
+target_compile_options(house_rules INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion
+                                             -Wnon-virtual-dtor -Woverloaded-virtual)
+if(QUBLET_SANITIZE)
+  target_compile_options(house_rules INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                               -fno-omit-frame-pointer)
+  target_link_options(house_rules INTERFACE -fsanitize=address,undefined)
+endif()
+if(QUBLET_FUZZ)
+  target_compile_options(house_rules INTERFACE -fsanitize=fuzzer-no-link,address,undefined
+                                               -fno-sanitize-recover=all)
+  target_link_options(house_rules INTERFACE -fsanitize=address,undefined)
+endif()
+
+# room(NAME SOURCES ... USES ...): one static library per room, linked to exactly the rooms it may use. A room that
+# reaches into one it doesn't name fails to link.
+function(room name)
+  cmake_parse_arguments(ROOM "" "" "SOURCES;USES" ${ARGN})
+  add_library(${name} STATIC ${ROOM_SOURCES})
+  target_link_libraries(${name} PUBLIC house_rules ${ROOM_USES})
+endfunction()

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+namespace qublet {
+
+// What long work shows while it runs. Routines report through it and never know a window.
+class Feedback {
+ public:
+  virtual ~Feedback() = default;
+
+  // Wait cursor of the list: shown from the first Begin to the last End.
+  virtual void BeginWait() {}
+  virtual void EndWait() {}
+
+  // Text of status bar panel 4, repainted at once.
+  virtual void ShowActivity(const std::string& /*text*/) {}
+
+  // The `Status` progress window: shown with a caption and a bar from 0 to `maximum`, moved, hidden again.
+  virtual void BeginProgress(const std::string& /*caption*/, int /*maximum*/) {}
+  virtual void ShowProgress(int /*value*/) {}
+  virtual void EndProgress() {}
+};
+
+// Holds the wait cursor for as long as it lives.
+class WaitCursor {
+ public:
+  explicit WaitCursor(Feedback& feedback) : feedback_(feedback) { feedback_.BeginWait(); }
+  ~WaitCursor() { feedback_.EndWait(); }
+  WaitCursor(const WaitCursor&) = delete;
+  WaitCursor& operator=(const WaitCursor&) = delete;
+
+ private:
+  Feedback& feedback_;
+};
+
+}  // namespace qublet
