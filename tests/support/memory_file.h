@@ -17,7 +17,9 @@ namespace qublet {
 
 using Bytes = std::vector<std::uint8_t>;
 
-inline Bytes BytesOf(std::string_view text) { return {text.begin(), text.end()}; }
+inline Bytes BytesOf(std::string_view text) {
+  return {text.begin(), text.end()};
+}
 
 // One after another.
 inline Bytes Joined(std::initializer_list<Bytes> parts) {
