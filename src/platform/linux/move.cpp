@@ -1,0 +1,99 @@
+#include "platform/linux/move.h"
+
+#include <fcntl.h>
+#include <stdio.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <vector>
+
+#include "platform/linux/descriptor.h"
+#include "platform/linux/open_files.h"
+#include "platform/linux/replacement.h"
+
+namespace qublet {
+namespace {
+
+bool Exists(int folder, const std::string& native) {
+  struct stat status {};
+  return fstatat(folder, native.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+}
+
+// For file systems that don't know a rename that never replaces.
+void MoveByLink(int folder, const std::string& from, const std::string& to) {
+  if (linkat(folder, from.c_str(), folder, to.c_str(), 0) == 0) {
+    if (unlinkat(folder, from.c_str(), 0) == 0) return;
+    const int error = errno;
+    unlinkat(folder, to.c_str(), 0);
+    errno = error;
+    FailWithErrno("rename", from);
+  }
+  if (errno == EEXIST || errno == EXDEV || errno == ENOENT) FailWithErrno("rename", from);
+  if (Exists(folder, to)) throw Failure("there is a file of this name already: " + to);
+  if (renameat(folder, from.c_str(), folder, to.c_str()) != 0) FailWithErrno("rename", from);
+}
+
+// On a file system that ignores case the target of a change of case seems to exist: it is the file itself. Two
+// links to one file look the same, but then the folder holds the target's name letter for letter.
+bool IsChangeOfCase(const std::string& from, const std::string& to) {
+  struct stat source {};
+  struct stat target {};
+  if (lstat(from.c_str(), &source) != 0 || lstat(to.c_str(), &target) != 0) return false;
+  if (source.st_dev != target.st_dev || source.st_ino != target.st_ino) return false;
+  const std::filesystem::path place(to);
+  const std::filesystem::path folder = place.has_parent_path() ? place.parent_path() : ".";
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    if (entry->path().filename() == place.filename()) return false;
+  }
+  return !error;
+}
+
+bool SameContent(InputFile& a, InputFile& b) {
+  if (a.Size() != b.Size()) return false;
+  constexpr std::size_t kChunk = 64 * 1024;
+  std::vector<std::uint8_t> left(kChunk);
+  std::vector<std::uint8_t> right(kChunk);
+  for (std::int64_t offset = 0; offset < a.Size(); offset += kChunk) {
+    const std::size_t count = a.ReadAt(offset, left);
+    if (b.ReadAt(offset, right) != count) return false;
+    if (!std::equal(left.begin(), left.begin() + static_cast<std::ptrdiff_t>(count), right.begin())) return false;
+  }
+  return true;
+}
+
+void MoveAcross(const std::string& from, const std::string& to) {
+  const auto source = OpenInput(from);
+  Replacement copy(to, Replacement::Present::kNeverTouched);
+  copy.CopyFrom(*source, 0, source->Size());
+  if (!SameContent(*source, *copy.OpenWritten())) throw Failure("the copy differs: " + to);
+  copy.ResembleOnCommit(source->File(), true);
+  copy.Commit();
+  if (unlink(from.c_str()) == 0) return;
+  const int error = errno;
+  unlink(to.c_str());
+  errno = error;
+  FailWithErrno("delete", from);
+}
+
+}  // namespace
+
+void MoveWithoutReplacing(int folder, const std::string& from, const std::string& to) {
+  if (renameat2(folder, from.c_str(), folder, to.c_str(), RENAME_NOREPLACE) == 0) return;
+  if (errno != EINVAL && errno != ENOSYS) FailWithErrno("rename", from);
+  MoveByLink(folder, from, to);
+}
+
+void Move(const std::string& from, const std::string& to) {
+  if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return;
+  if (errno == EXDEV) return MoveAcross(from, to);
+  if (errno == EINVAL || errno == ENOSYS) return MoveByLink(AT_FDCWD, from, to);
+  if (errno != EEXIST) FailWithErrno("rename", from);
+  if (!IsChangeOfCase(from, to)) throw Failure("there is a file of this name already: " + to);
+  if (rename(from.c_str(), to.c_str()) != 0) FailWithErrno("rename", from);
+}
+
+}  // namespace qublet

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/file_system.h"
+#include "platform/linux/descriptor.h"
+
+namespace qublet {
+
+// A regular file read by descriptor.
+class DescriptorInput : public InputFile {
+ public:
+  explicit DescriptorInput(Descriptor file);
+  std::int64_t Size() const override { return size_; }
+  std::size_t ReadAt(std::int64_t offset, std::span<std::uint8_t> buffer) override;
+  const Descriptor& File() const { return file_; }
+
+ private:
+  Descriptor file_;
+  std::int64_t size_;
+};
+
+// Opens a regular file for reading; anything else is refused without waiting for it. Throws Failure.
+std::unique_ptr<DescriptorInput> OpenInput(const std::string& native);
+// Opens a regular file for a change in place. Throws Failure, also when it is read-only.
+std::unique_ptr<InPlaceFile> OpenForChange(const std::string& native);
+
+}  // namespace qublet

@@ -1,0 +1,180 @@
+#include "platform/linux/replacement.h"
+
+#include <fcntl.h>
+#include <stdio.h>
+#include <sys/random.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "platform/linux/file_metadata.h"
+#include "platform/linux/move.h"
+
+namespace qublet {
+namespace {
+
+constexpr std::size_t kBufferSize = 64 * 1024;
+constexpr int kMostLinks = 40;
+
+struct Place {
+  std::string folder;  // with its trailing "/", or "" for the current folder
+  std::string name;
+};
+
+Place SplitPlace(const std::string& native) {
+  const std::size_t cut = native.rfind('/') + 1;
+  return {native.substr(0, cut), native.substr(cut)};
+}
+
+// Where a path really leads, the last name's links followed; the file itself may be missing.
+Place FollowLinks(std::string native) {
+  for (int i = 0; i < kMostLinks; ++i) {
+    Place place = SplitPlace(native);
+    char target[4096];
+    const ssize_t length = readlink(native.c_str(), target, sizeof target);
+    if (length < 0) return place;
+    const std::string link(target, static_cast<std::size_t>(length));
+    native = link.starts_with('/') ? link : place.folder + link;
+  }
+  throw Failure("too many links: " + native);
+}
+
+// Flushing a folder needs it readable; one that is not still serves to make files in.
+Descriptor OpenFolder(const std::string& folder) {
+  const std::string native = folder.empty() ? "." : folder;
+  Descriptor readable(open(native.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  return readable.IsOpen() ? std::move(readable) : OpenAt(AT_FDCWD, native, O_PATH | O_DIRECTORY);
+}
+
+std::string TemporaryName() {
+  std::uint64_t number = 0;
+  if (getrandom(&number, sizeof number, 0) != sizeof number) FailWithErrno("make", "temporary name");
+  char name[32];
+  snprintf(name, sizeof name, ".qublet-%016llx", static_cast<unsigned long long>(number));
+  return name;
+}
+
+}  // namespace
+
+Replacement::Replacement(const std::string& native, Present present) : present_rule_(present) {
+  const Place place = present == Present::kReplaced ? FollowLinks(native) : SplitPlace(native);
+  if (place.name.empty()) throw Failure("a folder can't be replaced: " + native);
+  name_ = place.name;
+  folder_ = OpenFolder(place.folder);
+
+  struct stat status {};
+  if (present == Present::kReplaced && fstatat(folder_.Get(), name_.c_str(), &status, 0) == 0) {
+    if (!S_ISREG(status.st_mode)) throw Failure("only a regular file can be replaced: " + native);
+    if (RefusesWriting(folder_.Get(), name_, status)) throw Failure("read-only: " + native);
+    present_status_ = status;
+    present_ = Descriptor(openat(folder_.Get(), name_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+  }
+  OpenTemporary();
+}
+
+Replacement::~Replacement() {
+  if (!temporary_.empty()) unlinkat(folder_.Get(), temporary_.c_str(), 0);
+}
+
+void Replacement::OpenTemporary() {
+  // What replaces a private file must never be readable to others, not even for a moment.
+  const mode_t mode = present_status_ ? 0600 : 0666;
+  const std::string name = TemporaryName();
+  file_ = OpenAt(folder_.Get(), name, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, mode);
+  temporary_ = name;
+  buffer_.reserve(kBufferSize);
+}
+
+void Replacement::Write(std::span<const std::uint8_t> bytes) {
+  if (buffer_.size() + bytes.size() > kBufferSize) FlushBuffer();
+  if (bytes.size() > kBufferSize) {
+    WriteFully(file_, bytes);
+  } else {
+    buffer_.insert(buffer_.end(), bytes.begin(), bytes.end());
+  }
+}
+
+void Replacement::FlushBuffer() {
+  WriteFully(file_, buffer_);
+  buffer_.clear();
+}
+
+void Replacement::CopyFrom(InputFile& source, std::int64_t offset, std::int64_t length) {
+  if (const auto* input = dynamic_cast<DescriptorInput*>(&source)) {
+    const std::int64_t copied = CopyInKernel(input->File(), offset, length);
+    offset += copied;
+    length -= copied;
+  }
+  std::vector<std::uint8_t> chunk(static_cast<std::size_t>(std::clamp<std::int64_t>(length, 0, kBufferSize)));
+  while (length > 0) {
+    const auto wanted = static_cast<std::size_t>(std::min<std::int64_t>(length, kBufferSize));
+    if (source.ReadAt(offset, std::span(chunk).first(wanted)) != wanted) throw Failure("the source ends early");
+    Write(std::span(chunk).first(wanted));
+    offset += static_cast<std::int64_t>(wanted);
+    length -= static_cast<std::int64_t>(wanted);
+  }
+}
+
+// Gives how much was copied; what is left has to be read and written.
+std::int64_t Replacement::CopyInKernel(const Descriptor& source, std::int64_t offset, std::int64_t length) {
+  if (length < static_cast<std::int64_t>(kBufferSize)) return 0;
+  FlushBuffer();
+  std::int64_t copied = 0;
+  while (copied < length) {
+    off64_t place = offset + copied;
+    const ssize_t count = Uninterrupted([&] {
+      return copy_file_range(source.Get(), &place, file_.Get(), nullptr, static_cast<std::size_t>(length - copied),
+                             0);
+    });
+    if (count < 0 && (errno == ENOSPC || errno == EDQUOT || errno == EIO || errno == EFBIG)) {
+      FailWithErrno("copy", name_);
+    }
+    if (count <= 0) break;
+    copied += count;
+  }
+  return copied;
+}
+
+std::unique_ptr<InputFile> Replacement::OpenWritten() {
+  FlushBuffer();
+  return std::make_unique<DescriptorInput>(OpenAt(folder_.Get(), temporary_, O_RDONLY | O_NOFOLLOW));
+}
+
+void Replacement::ResembleOnCommit(const Descriptor& model, bool keep_owner) {
+  model_ = &model;
+  keep_owner_ = keep_owner;
+}
+
+void Replacement::CopyAttributes() {
+  if (model_ != nullptr) {
+    const struct stat status = StatusOf(*model_);
+    mode_t mode = status.st_mode;
+    if (keep_owner_) CopyOwner(status, file_, mode);
+    if (!keep_owner_ && present_status_) CopyOwner(*present_status_, file_, mode);
+    CopyMode(mode, file_);
+    CopyExtendedAttributes(*model_, file_);
+    CopyChangeTime(status, file_);
+  } else if (present_status_) {
+    mode_t mode = present_status_->st_mode;
+    CopyOwner(*present_status_, file_, mode);
+    CopyMode(mode, file_);
+    if (present_.IsOpen()) CopyExtendedAttributes(present_, file_);
+  }
+}
+
+void Replacement::Commit() {
+  if (temporary_.empty()) throw Failure("committed already: " + name_);
+  FlushBuffer();
+  CopyAttributes();
+  FlushToDisk(file_);
+  if (present_rule_ == Present::kNeverTouched) {
+    MoveWithoutReplacing(folder_.Get(), temporary_, name_);
+  } else if (renameat(folder_.Get(), temporary_.c_str(), folder_.Get(), name_.c_str()) != 0) {
+    FailWithErrno("replace", name_);
+  }
+  temporary_.clear();
+  // From here on the new version stands, so a folder that can't be flushed is no failure any more.
+  fsync(folder_.Get());
+}
+
+}  // namespace qublet
