@@ -123,7 +123,11 @@ std::vector<std::string> MakeMp3Files() {
       {.layer = Layer::kII, .rate_index = 10, .sample_rate_index = 1},
   };
   const std::vector<Tags> tags = {
-      {}, {.v1 = true}, {.text_room = 400}, {.text_room = 2048, .v1 = true}, {.text_room = 1024, .picture_bytes = 12'000},
+      {},
+      {.v1 = true},
+      {.text_room = 400},
+      {.text_room = 2048, .v1 = true},
+      {.text_room = 1024, .picture_bytes = 12'000},
   };
   std::vector<std::string> files;
   int frames = 24;

@@ -88,13 +88,19 @@ if [[ -z ${CCACHE_DIR-} && ! -w ${HOME:-/nowhere} ]]; then
 fi
 
 # configure PRESET [CMAKE OPTION...]
-configure() { (cd -- "$root" && quietly cmake --preset "$@"); }
+configure() (
+  cd -- "$root" || exit
+  quietly cmake --preset "$@"
+)
 
 # build PRESET [TARGET...]: shows progress on a terminal, elsewhere only what the compiler has to say.
-build() {
-  local preset=$1 targets=() manner=(--quiet)
-  shift
-  if (($# > 0)); then targets=(--target "$@"); fi
-  if [[ -t 1 ]]; then manner=(); fi
-  (cd -- "$root" && cmake --build --preset "$preset" "${targets[@]}" -- "${manner[@]}")
-}
+build() (
+  command=(cmake --build --preset "$1")
+  if (($# > 1)); then command+=(--target "${@:2}"); fi
+  cd -- "$root" || exit
+  if [[ -t 1 ]]; then
+    "${command[@]}"
+  else
+    "${command[@]}" -- --quiet | { grep -vx 'ninja: no work to do.' || true; }
+  fi
+)
