@@ -66,6 +66,7 @@ TEST_F(GetFileDetailsTest, SetsThePathOfWhatIsMissing) {
   EXPECT_EQ(details.Path, "c:\\missing.mp3");
   EXPECT_FALSE(details.Exists || details.IsFile || details.IsFolder);
   EXPECT_FALSE(DetailsOf("q:\\a").Exists);
+  EXPECT_FALSE(DetailsOf("").Exists);
 }
 
 TEST_F(FileExistsTest, CountsFilesAndFolders) {

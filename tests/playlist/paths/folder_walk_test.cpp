@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <ctime>
 
 #include "support/temporary_drives.h"
 
@@ -191,9 +191,9 @@ TEST_F(FolderWalk, FindsTenThousandNamesInAThousandFiles) {
   }
   for (int i = 0; i < 1000; ++i)
     Touch({std::string("m/").append(std::to_string(i % 100)).append("/missing ").append(std::to_string(i)) + ".mp3"});
-  const auto start = std::chrono::steady_clock::now();
+  const std::clock_t start = std::clock();  // processor time: other work on the machine doesn't count
   EXPECT_EQ(Found("c:\\m", terms).size(), 1000u);
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+  EXPECT_LT(std::clock() - start, 2 * CLOCKS_PER_SEC);
 }
 
 }  // namespace

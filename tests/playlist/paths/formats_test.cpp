@@ -1,6 +1,7 @@
 #include "playlist/paths/formats.h"
 
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
 #include <limits>
 
@@ -62,8 +63,14 @@ TEST(FormatSize, TakesTheSeparatorItIsGiven) {
   EXPECT_EQ(FormatSize(16384, ""), "16384 Bytes");
 }
 
-TEST(UserThousandsSeparator, IsAlwaysOneCharacterAtLeast) {
-  EXPECT_FALSE(UserThousandsSeparator().empty());
+TEST(UserThousandsSeparator, IsACommaWhereTheLocaleHasNoneOrIsUnknown) {
+  const char* before = getenv("LC_ALL");
+  const std::string kept = before != nullptr ? before : "";
+  for (const char* locale : {"C", "C.UTF-8", "POSIX", "no such locale"}) {
+    setenv("LC_ALL", locale, 1);
+    EXPECT_EQ(UserThousandsSeparator(), ",") << locale;
+  }
+  setenv("LC_ALL", kept.c_str(), 1);
 }
 
 TEST(FormatTime, ShowsHoursOnlyFromOneOn) {
