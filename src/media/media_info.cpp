@@ -60,10 +60,9 @@ void GetMediaInfo(const FileSystem& files, const std::string& path, MediaInfo& i
   info.Valid = false;
   info.FileName = GetFileName(path);
   info.Path = NormalizedPath(ReplaceAll(path, info.FileName, "")) + "\\";
-  info.Valid = Guarded([&] {
-    FillByExtension(files, path, info);
-    if (!Contains(path, ":")) CompleteFolder(files, info);
-  });
+  info.Valid = Guarded([&] { FillByExtension(files, path, info); });
+  // Also when the file is missing or damaged: a row that kept half a path could not be saved as the item it was.
+  if (!Contains(path, ":") && !Guarded([&] { CompleteFolder(files, info); })) info.Valid = false;
 }
 
 bool IsVbr(std::string_view bitrate) {
