@@ -49,20 +49,21 @@ void FillByExtension(const FileSystem& files, const std::string& path, MediaInfo
   if (extension == ".vqf") info.ID = "VQF File";
 }
 
+}  // namespace
+
 void CompleteFolder(const FileSystem& files, MediaInfo& info) {
   const std::string current = NormalizedPath(files.CurrentFolder());
   info.Path = info.Path == "\\" ? current + "\\" : current + "\\" + info.Path;
 }
 
-}  // namespace
-
 void GetMediaInfo(const FileSystem& files, const std::string& path, MediaInfo& info) {
   info.Valid = false;
   info.FileName = GetFileName(path);
   info.Path = NormalizedPath(ReplaceAll(path, info.FileName, "")) + "\\";
-  info.Valid = Guarded([&] { FillByExtension(files, path, info); });
-  // Also when the file is missing or damaged: a row that kept half a path could not be saved as the item it was.
-  if (!Contains(path, ":") && !Guarded([&] { CompleteFolder(files, info); })) info.Valid = false;
+  info.Valid = Guarded([&] {
+    FillByExtension(files, path, info);
+    if (!Contains(path, ":")) CompleteFolder(files, info);
+  });
 }
 
 bool IsVbr(std::string_view bitrate) {

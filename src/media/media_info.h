@@ -23,10 +23,12 @@ struct MediaInfo {
 };
 
 // Fills `info` for the file at `path`, by the file's extension alone. Only what is known of that kind of file is set;
-// a failure leaves `Valid` False and keeps what is set by then. The folder of a path without ":" is completed from
-// the current folder, of a missing file too. Never throws. May be called by several threads at once, each with an
-// `info` of its own.
+// a failure ends it with `Valid` False and keeps what is set by then. A path without ":" is completed from the
+// current folder at the end. Never throws. May be called by several threads at once, each with an `info` of its own.
 void GetMediaInfo(const FileSystem& files, const std::string& path, MediaInfo& info);
+
+// Puts the current folder before the relative folder in `info`; "\" alone becomes the current folder. Throws Failure.
+void CompleteFolder(const FileSystem& files, MediaInfo& info);
 
 // Whether a bit rate text is that of a varying rate ("VBR" in any case).
 bool IsVbr(std::string_view bitrate);

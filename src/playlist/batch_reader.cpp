@@ -7,7 +7,6 @@
 #include <mutex>
 #include <thread>
 
-#include "media/media_info.h"
 #include "playlist/row_filling.h"
 
 namespace qublet {
@@ -32,10 +31,8 @@ class Batch {
   void Work() {
     for (std::size_t taken = left_.fetch_sub(1); taken > 0 && taken <= paths_.size(); taken = left_.fetch_sub(1)) {
       const std::size_t i = taken - 1;
-      MediaInfo info;
-      GetMediaInfo(files_, paths_[i], info);
       // A row that couldn't be filled to its end stays as it is; the batch goes on.
-      FillRow(std::move(info), first_order_ + static_cast<int>(i), thousands_separator_, rows_[i]);
+      ReadRow(files_, paths_[i], first_order_ + static_cast<int>(i), thousands_separator_, rows_[i]);
       if (done_.fetch_add(1) + 1 == paths_.size()) {
         const std::lock_guard lock(mutex_);
         finished_.notify_all();

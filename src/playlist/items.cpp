@@ -4,7 +4,6 @@
 #include <utility>
 #include <vector>
 
-#include "media/media_info.h"
 #include "playlist/batch_reader.h"
 #include "playlist/m3u_lines.h"
 #include "playlist/paths/file_details.h"
@@ -18,11 +17,9 @@ namespace qublet {
 bool Items::AddFile(const std::string& filename, int Index, int OrigIndex) {
   RowStore& list = document_.ListView1;
   const int index = Index < 1 ? list.Count() + 1 : Index;
-  MediaInfo info;
-  GetMediaInfo(files_, filename, info);
   std::vector<Row> rows(1);
   const bool filled =
-      FillRow(std::move(info), OrigIndex != 0 ? OrigIndex : index, thousands_separator_, rows.front());
+      ReadRow(files_, filename, OrigIndex != 0 ? OrigIndex : index, thousands_separator_, rows.front());
   return Guarded([&] { list.Insert(index, std::move(rows)); }) && filled;
 }
 

@@ -1,11 +1,16 @@
 #include "playlist/row_filling.h"
 
+#include "media/media_info.h"
 #include "playlist/paths/formats.h"
 #include "playlist/paths/text.h"
 
 namespace qublet {
 
-bool FillRow(MediaInfo info, int original_order, const std::string& thousands_separator, Row& row) {
+bool ReadRow(const FileSystem& files, const std::string& path, int original_order,
+             const std::string& thousands_separator, Row& row) {
+  MediaInfo info;
+  GetMediaInfo(files, path, info);
+  if (!info.Valid && !Contains(path, ":")) ResumeNext([&] { CompleteFolder(files, info); });
   row.cells[kFileName] = info.FileName;
   return Guarded([&] {
     if (Contains(info.Bitrate, "VBR")) info.Length = VbrLength(info.Size, info.Bitrate);
