@@ -44,6 +44,14 @@ TEST_F(InterruptedWorkTest, LeavesTheOldOrTheNewFileOfAReplacement) {
   EXPECT_GE(faults, 5 * 5) << "open, two writes, flush and rename can go wrong at least";
 }
 
+TEST_F(InterruptedWorkTest, FindsAReplacementFlushedBeforeItsRenameAndTheFolderAfterIt) {
+  Names calls;
+  ForEvery(
+      Fault::kKillBefore, Driver({"replace", "c:\\list.m3u", "new"}), [&] { drives_.Write("list.m3u", "old"); },
+      [&](const FaultRun& run) { calls.push_back(run.name); });
+  EXPECT_EQ(calls, (Names{"open", "write", "fchmod", "fsync", "rename", "fsync"}));
+}
+
 TEST_F(InterruptedWorkTest, LeavesNoFileOrAWholeOneWhereThereWasNone) {
   const int faults = ForEveryFault(
       Driver({"replace", "c:\\list.m3u", "new text"}), [&] { Clear(); },
