@@ -161,7 +161,7 @@ class Walk {
 
   void Enter(const std::string& folder, bool quiet) {
     if (!quiet) feedback_.ShowActivity(folder);
-    Level level{WithSlash(folder), quiet, files_.IdentityOf(folder), {}, 0};
+    Level level{WithSlash(folder), quiet, files_.IdentityOf(WithSlash(folder)), {}, 0};
     if (MayEnter(level)) ResumeNext([&] { Collect(level); });
     levels_.push_back(std::move(level));
   }
