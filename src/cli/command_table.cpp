@@ -7,6 +7,7 @@
 #include "cli/list_command.h"
 #include "cli/name_command.h"
 #include "cli/save_command.h"
+#include "cli/settings_command.h"
 #include "settings/application.h"
 
 namespace qublet {
@@ -26,6 +27,8 @@ constexpr std::array kCliCommands{
                SaveCommand},
     CliCommand{"name", "name FORMAT PATH", "print the playlist name that a naming format gives for a path",
                NameCommand},
+    CliCommand{"settings", "settings [list | get SECTION KEY | set SECTION KEY VALUE]",
+               "print or change what the program keeps", SettingsCommand},
 };
 
 void PrintHelp(std::ostream& out) {

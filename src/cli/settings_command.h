@@ -1,9 +1,8 @@
 #pragma once
 
-#include <ostream>
-#include <string>
-#include <vector>
+#include <iosfwd>
 
+#include "cli/arguments.h"
 #include "platform/settings_store.h"
 
 namespace qublet {
@@ -15,8 +14,10 @@ namespace qublet {
 //   get SECTION KEY         the value
 //   set SECTION KEY VALUE   keeps the value; one that the program couldn't read back is refused
 //
-// The result is the exit code: 0, 1 (no such value, or it can't be kept), 2 (wrong use).
-int SettingsCommand(const std::vector<std::string>& arguments, SettingsStore& store, std::ostream& out,
-                    std::ostream& err);
+// Gives kCouldNot where there is no such value or it can't be kept.
+int SettingsCommand(const Arguments& arguments, SettingsStore& store, std::ostream& out, std::ostream& err);
+
+// The same for the store of this user.
+int SettingsCommand(CommandContext& context);
 
 }  // namespace qublet

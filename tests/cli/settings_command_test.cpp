@@ -69,7 +69,7 @@ TEST_F(SettingsCommandTest, ShowsItsUseForAnythingElse) {
   for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
            {"get"}, {"get", "SSE"}, {"set", "SSE", "V"}, {"set", "SSE", "V", "1", "2"}, {"list", "SSE"}, {"drop"}}) {
     EXPECT_EQ(Run(arguments), 2);
-    EXPECT_TRUE(err_.str().starts_with("usage: qublet settings"));
+    EXPECT_TRUE(err_.str().starts_with("qublet: settings: list, get"));
   }
   EXPECT_EQ(store_.saves, 0);
 }
