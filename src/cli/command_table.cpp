@@ -28,7 +28,7 @@ constexpr std::array kCliCommands{
     CliCommand{"name", "name FORMAT PATH", "print the playlist name that a naming format gives for a path",
                NameCommand},
     CliCommand{"settings", "settings [list | get SECTION KEY | set SECTION KEY VALUE]",
-               "print or change what the program keeps", SettingsCommand},
+               "print or change the stored settings", SettingsCommand},
 };
 
 void PrintHelp(std::ostream& out) {
@@ -40,7 +40,8 @@ void PrintHelp(std::ostream& out) {
 
 }  // namespace
 
-int RunCommand(const Arguments& arguments, FileSystem& files, std::ostream& out, std::ostream& err) {
+int RunCommand(const Arguments& arguments, FileSystem& files, SettingsStore& store, std::ostream& out,
+               std::ostream& err) {
   if (arguments.empty()) return Complain(err, "a command is wanted; see 'qublet help'", kWrongUse);
   const std::string& name = arguments.front();
   if (name == "help" || name == "--help") {
@@ -57,7 +58,7 @@ int RunCommand(const Arguments& arguments, FileSystem& files, std::ostream& out,
   if (command == kCliCommands.end()) {
     return Complain(err, "no such command: " + name + "; see 'qublet help'", kWrongUse);
   }
-  CommandContext context{{arguments.begin() + 1, arguments.end()}, files, out, err};
+  CommandContext context{{arguments.begin() + 1, arguments.end()}, files, store, out, err};
   return command->run(context);
 }
 

@@ -51,7 +51,7 @@ bool Fits(const SettingRow& row, const std::string& text) {
 int Set(SettingsStore& store, const Setting& setting, std::ostream& err) {
   const SettingRow* row = FindSettingRow(setting.section, setting.key);
   if (row != nullptr && !Fits(*row, setting.value)) {
-    return Complain(err, setting.section + ' ' + setting.key + " takes " + Wanted(*row), kCouldNot);
+    return Complain(err, setting.section + " " + setting.key + " takes " + Wanted(*row), kCouldNot);
   }
   try {
     store.SaveSettings(AppKey(), {setting});
@@ -63,16 +63,13 @@ int Set(SettingsStore& store, const Setting& setting, std::ostream& err) {
 
 }  // namespace
 
-int SettingsCommand(const Arguments& arguments, SettingsStore& store, std::ostream& out, std::ostream& err) {
+int SettingsCommand(CommandContext& context) {
+  const auto& [arguments, files, store, out, err] = context;
   const std::string verb = arguments.empty() ? "list" : arguments[0];
   if (verb == "list" && arguments.size() <= 1) return List(store, out);
   if (verb == "get" && arguments.size() == 3) return Get(store, arguments[1], arguments[2], out);
   if (verb == "set" && arguments.size() == 4) return Set(store, {arguments[1], arguments[2], arguments[3]}, err);
   return Complain(err, "settings: list, get SECTION KEY or set SECTION KEY VALUE is wanted", kWrongUse);
-}
-
-int SettingsCommand(CommandContext& context) {
-  return SettingsCommand(context.arguments, *OpenSettingsStore(), context.out, context.err);
 }
 
 }  // namespace qublet

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <iosfwd>
-
 #include "cli/arguments.h"
-#include "platform/settings_store.h"
 
 namespace qublet {
 
@@ -14,10 +11,7 @@ namespace qublet {
 //   get SECTION KEY         the value
 //   set SECTION KEY VALUE   keeps the value; one that the program couldn't read back is refused
 //
-// Gives kCouldNot where there is no such value or it can't be kept.
-int SettingsCommand(const Arguments& arguments, SettingsStore& store, std::ostream& out, std::ostream& err);
-
-// The same for the store of this user.
+// The result is the exit code: 0, 1 (no such value, or it can't be kept), 2 (wrong use).
 int SettingsCommand(CommandContext& context);
 
 }  // namespace qublet

@@ -14,12 +14,14 @@ class SettingsCommandTest : public testing::Test {
   int Run(const std::vector<std::string>& arguments) {
     out_.str("");
     err_.str("");
-    return SettingsCommand(arguments, store_, out_, err_);
+    CommandContext context{arguments, *files_, store_, out_, err_};
+    return SettingsCommand(context);
   }
   std::string Stored(const std::string& section, const std::string& key) const {
     return store_.GetSetting("QUBLET2021", section, key);
   }
 
+  std::unique_ptr<FileSystem> files_ = OpenFileSystem();
   FakeSettingsStore store_;
   std::ostringstream out_;
   std::ostringstream err_;
