@@ -27,6 +27,7 @@ Main::Main(Document& document, AppSettings& settings, Services services, Session
   BuildStatusBar();
   BuildMenus(*MainMenu, *this);
   BuildRecentMenu();
+  Toolbar1 = new Toolbar(*this);
   MainView& view = *this;
   Session::Window& window = *this;
   feedback_ = std::make_unique<WindowFeedback>(*ListView1, *Panels[3], this);
@@ -180,6 +181,20 @@ void Main::MEditSelAll_Click() {
   ListView1_Click();
 }
 
+void Main::MViewToolbar_Click() {
+  settings_.TA = !settings_.TA;
+  ShowBars();
+}
+
+void Main::MViewStatusBar_Click() {
+  settings_.SA = !settings_.SA;
+  ShowBars();
+}
+
+void Main::ToolbarSave_Click() {
+  settings_.SActi ? MFileSaveRel_Click() : MFileSave_Click();
+}
+
 void Main::MViewRefresh_Click() {
   items_->MViewRefresh_Click();
 }
@@ -226,16 +241,23 @@ void Main::RefreshRecentMenu() {
 }
 
 void Main::ApplyQUBLETSettings() {
+  Toolbar1->SetLook(settings_.Flat, settings_.ThreeD);
+  for (QAction* menu : MainMenu->actions()) menu->setVisible(settings_.Visible);
+  ShowBars();
+  addToolBar(settings_.Align == 1 ? Qt::TopToolBarArea : Qt::BottomToolBarArea, Toolbar1);
   ApplyListLook(settings_, *ListView1);
-  StatusBar1->setVisible(settings_.SA);
-  MainMenu->setVisible(settings_.Visible);
   ApplyPlace(settings_, *this);
 }
 
+void Main::ShowBars() {
+  Toolbar1->setVisible(settings_.TA);
+  StatusBar1->setVisible(settings_.SA);
+  findChild<QAction*>(QStringLiteral("MViewToolbar"))->setChecked(settings_.TA);
+  findChild<QAction*>(QStringLiteral("MViewStatusBar"))->setChecked(settings_.SA);
+}
+
 void Main::CopyState(AppSettings& settings) {
-  WindowState state = StateOf(*this, *ListView1, *StatusBar1, settings);
-  state.toolbar_shown = settings.TA;
-  CopyWindowState(state, settings);
+  CopyWindowState(StateOf(*this, *ListView1, *Toolbar1, *StatusBar1, settings), settings);
 }
 
 ColumnWidths Main::DefColumnWidths() const {
