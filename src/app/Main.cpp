@@ -1,7 +1,6 @@
 #include "app/Main.h"
 
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QHeaderView>
 
 #include "app/appearance.h"
@@ -133,7 +132,7 @@ void Main::closeEvent(QCloseEvent* event) {
 void Main::Form_Unload() {
   if (!playlist_files_->PromptSaveFirst()) return;
   session_->SetFormState(true);
-  QCoreApplication::exit(0);
+  emit ended();
 }
 
 void Main::MFileNew_Click() {

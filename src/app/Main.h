@@ -60,6 +60,10 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   // Saves relative or absolute, as the user has chosen for this button.
   void ToolbarSave_Click();
 
+ signals:
+  // Everything is stored: the process ends now, other windows aren't asked.
+  void ended();
+
  protected:
   void closeEvent(QCloseEvent* event) override;
 
