@@ -233,7 +233,7 @@ void Main::ApplyQUBLETSettings() {
 }
 
 void Main::CopyState(AppSettings& settings) {
-  WindowState state = StateOf(*this, *ListView1, *StatusBar1);
+  WindowState state = StateOf(*this, *ListView1, *StatusBar1, settings);
   state.toolbar_shown = settings.TA;
   CopyWindowState(state, settings);
 }

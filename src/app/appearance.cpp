@@ -40,12 +40,21 @@ void ApplyPlace(const AppSettings& settings, QMainWindow& window) {
   window.move(settings.L / kTwipsPerPixel, settings.T / kTwipsPerPixel);
 }
 
-WindowState StateOf(const QMainWindow& window, const RowList& list, const QStatusBar& status_bar) {
+namespace {
+
+std::int32_t InTwips(int pixels, std::int16_t present) {
+  return present / kTwipsPerPixel == pixels ? present : pixels * kTwipsPerPixel;
+}
+
+}  // namespace
+
+WindowState StateOf(const QMainWindow& window, const RowList& list, const QStatusBar& status_bar,
+                    const AppSettings& settings) {
   WindowState state;
-  state.top = window.y() * kTwipsPerPixel;
-  state.left = window.x() * kTwipsPerPixel;
-  state.width = window.width() * kTwipsPerPixel;
-  state.height = window.height() * kTwipsPerPixel;
+  state.top = InTwips(window.y(), settings.T);
+  state.left = InTwips(window.x(), settings.L);
+  state.width = InTwips(window.width(), settings.W);
+  state.height = InTwips(window.height(), settings.H);
   for (std::size_t i = 0; i < state.column_widths.size(); ++i) {
     state.column_widths[i] = list.columnWidth(static_cast<int>(i));
   }

@@ -19,7 +19,9 @@ QColor ColourFromSetting(std::int32_t colour);
 // Colours, font, column widths of the list.
 void ApplyListLook(const AppSettings& settings, RowList& list);
 // How the window stands now, for the record.
-WindowState StateOf(const QMainWindow& window, const RowList& list, const QStatusBar& status_bar);
+// A value of the record that stands for the same pixel stays as it is.
+WindowState StateOf(const QMainWindow& window, const RowList& list, const QStatusBar& status_bar,
+                    const AppSettings& settings);
 // Place and size of the window.
 void ApplyPlace(const AppSettings& settings, QMainWindow& window);
 // The whole screen in the record's units.

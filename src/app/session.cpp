@@ -2,7 +2,7 @@
 
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/text_files.h"
-#include "settings/session.h"
+#include "settings/kept_values.h"
 
 namespace qublet {
 Session::Session(Document& document, AppSettings& settings, Items& items, FileSystem& files, SettingsStore& store,

@@ -29,6 +29,21 @@ TEST_F(FileSystemTest, HasNoAttributesOfWhatCannotBeReached) {
   EXPECT_EQ(files_->Attributes("c:\\" + std::string(100000, 'x')), std::nullopt);
 }
 
+TEST_F(FileSystemTest, SetsAndClearsTheReadOnlyBit) {
+  drives_.Write("a.mp3", "a");
+  files_->SetAttributes("c:\\a.mp3", kReadOnly | kArchive);
+  EXPECT_EQ(files_->Attributes("c:\\a.mp3"), kReadOnly | kArchive);
+  EXPECT_TRUE(files_->IsReadOnly("c:\\a.mp3"));
+  files_->SetAttributes("c:\\a.mp3", kArchive);
+  EXPECT_EQ(files_->Attributes("c:\\a.mp3"), kArchive);
+  EXPECT_FALSE(files_->IsReadOnly("c:\\a.mp3"));
+}
+
+TEST_F(FileSystemTest, SetsNoAttributesOfWhatCannotBeReached) {
+  EXPECT_THROW(files_->SetAttributes("c:\\none.mp3", kArchive), Failure);
+  EXPECT_THROW(files_->SetAttributes("", kArchive), Failure);
+}
+
 TEST_F(FileSystemTest, GivesTheLengthOfAFileButNotOfAFolder) {
   drives_.Write("a.mp3", "12345");
   drives_.Write("empty.mp3", "");

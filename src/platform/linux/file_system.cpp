@@ -7,6 +7,7 @@
 
 #include <cstdlib>
 
+#include "platform/linux/attributes.h"
 #include "platform/linux/descriptor.h"
 #include "platform/linux/drives.h"
 #include "platform/linux/move.h"
@@ -66,6 +67,10 @@ class LinuxFileSystem : public FileSystem {
   }
 
   std::optional<unsigned> Attributes(const std::string& path) const override;
+  void SetAttributes(const std::string& path, unsigned attributes) const override {
+    // A name that begins with a dot says it already.
+    SetAttributesOf(ToNative(path), IsHiddenName(LastName(path)) ? attributes & ~kHidden : attributes);
+  }
   std::int64_t FileLength(const std::string& path) const override;
   bool IsReadOnly(const std::string& path) const override;
   std::vector<FolderEntry> ReadFolder(const std::string& folder) const override;
@@ -118,10 +123,7 @@ struct stat LinuxFileSystem::StatusAt(const std::string& path) const {
 std::optional<unsigned> LinuxFileSystem::Attributes(const std::string& path) const {
   const auto status = FindStatus(path);
   if (!status) return std::nullopt;
-  unsigned bits = S_ISDIR(status->st_mode) ? kFolder : kArchive;
-  if ((status->st_mode & S_IWUSR) == 0) bits |= kReadOnly;
-  if (IsHiddenName(LastName(path))) bits |= kHidden;
-  return bits;
+  return AttributesOf(ToNative(path), *status) | (IsHiddenName(LastName(path)) ? kHidden : 0u);
 }
 
 std::int64_t LinuxFileSystem::FileLength(const std::string& path) const {

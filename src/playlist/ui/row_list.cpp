@@ -14,7 +14,8 @@ namespace {
 using Flags = QItemSelectionModel::SelectionFlags;
 constexpr Flags kNoUpdate = QItemSelectionModel::NoUpdate;
 const Flags kOnly = QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
-const Flags kToggle = QItemSelectionModel::Toggle | QItemSelectionModel::Rows;
+const Flags kAlso = QItemSelectionModel::Select | QItemSelectionModel::Rows;
+const Flags kNot = QItemSelectionModel::Deselect | QItemSelectionModel::Rows;
 const Flags kRange = QItemSelectionModel::Clear | QItemSelectionModel::SelectCurrent | QItemSelectionModel::Rows;
 
 // Paints from the rows' flags: selected and ghosted are asked of the row.
@@ -112,12 +113,13 @@ Flags RowList::MouseCommand(const QModelIndex& index, const QMouseEvent& event) 
   }
   if (event.type() == QEvent::MouseMove) {
     if (right || event.buttons() == Qt::NoButton) return kNoUpdate;
-    return control ? QItemSelectionModel::ToggleCurrent | QItemSelectionModel::Rows : kRange;
+    return control ? QItemSelectionModel::SelectCurrent | QItemSelectionModel::Rows : kRange;
   }
   if (!index.isValid()) return shift || control || right ? kNoUpdate : Flags(QItemSelectionModel::Clear);
   if (right) return IsSelected(index) || shift || control ? kNoUpdate : kOnly;
   if (shift) return kRange;
-  if (control) return kToggle;
+  // The base class would turn a toggle over by asking its own empty ranges.
+  if (control) return IsSelected(index) ? kNot : kAlso;
   return IsSelected(index) ? kNoUpdate : kOnly;
 }
 
@@ -134,8 +136,7 @@ Flags RowList::selectionCommand(const QModelIndex& index, const QEvent* event) c
     case QEvent::KeyPress: {
       const auto& key = static_cast<const QKeyEvent&>(*event);
       const bool control = key.modifiers() & Qt::ControlModifier;
-      if (key.key() == Qt::Key_Space)
-        return control ? kToggle : QItemSelectionModel::Select | QItemSelectionModel::Rows;
+      if (key.key() == Qt::Key_Space) return control && IsSelected(index) ? kNot : kAlso;
       if (key.modifiers() & Qt::ShiftModifier) return kRange;
       return control ? kNoUpdate : kOnly;
     }

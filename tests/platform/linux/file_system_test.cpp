@@ -24,6 +24,8 @@ class LinuxFileSystemTest : public FileSystemTestBase {
     return status;
   }
   mode_t ModeOf(const std::string& name) const { return StatusOf(name).st_mode & 07777; }
+  // Whether the file system of temporary files can do it.
+  bool KeepsExtendedAttributes() const { return setxattr(drives_.C().c_str(), "user.probe", "1", 1, 0) == 0; }
   void SetMode(const std::string& name, mode_t mode) const {
     ASSERT_EQ(chmod((drives_.C() / name).c_str(), mode), 0);
   }
@@ -159,6 +161,70 @@ TEST_F(LinuxFileSystemTest, TellsReadOnlyFilesAlsoToTheSuperuser) {
   EXPECT_TRUE(files_->IsReadOnly("c:\\a.mp3"));
 }
 
+TEST_F(LinuxFileSystemTest, SetsAnyOfTheBitsThatCanBeSet) {
+  if (!KeepsExtendedAttributes()) GTEST_SKIP() << "not on this file system";
+  drives_.Write("a.mp3", "a");
+  for (const unsigned bits : {0u, 1u, 2u, 4u, 32u, 7u, 39u, 38u, 33u, 34u}) {
+    files_->SetAttributes("c:\\a.mp3", bits | 128);
+    EXPECT_EQ(files_->Attributes("c:\\a.mp3"), bits);
+  }
+}
+
+TEST_F(LinuxFileSystemTest, KeepsAFolderAFolderWhenItsAttributesAreSet) {
+  if (!KeepsExtendedAttributes()) GTEST_SKIP() << "not on this file system";
+  files_->CreateFolder("c:\\music");
+  files_->SetAttributes("c:\\music", kHidden);
+  EXPECT_EQ(files_->Attributes("c:\\music"), kFolder | kHidden);
+  files_->SetAttributes("c:\\music", 0);
+  EXPECT_EQ(files_->Attributes("c:\\music"), kFolder);
+}
+
+TEST_F(LinuxFileSystemTest, KeepsAttributesWhereFileServersKeepThem) {
+  if (!KeepsExtendedAttributes()) GTEST_SKIP() << "not on this file system";
+  drives_.Write("a.mp3", "a");
+  files_->SetAttributes("c:\\a.mp3", kHidden | kArchive);
+  EXPECT_EQ(AttributeOf("a.mp3", "user.DOSATTRIB"), "0x22");
+  files_->SetAttributes("c:\\a.mp3", kArchive);
+  EXPECT_EQ(AttributeOf("a.mp3", "user.DOSATTRIB"), "none") << "the usual bits need no store";
+  SetAttributeOf("a.mp3", "user.DOSATTRIB", "0x16");
+  EXPECT_EQ(files_->Attributes("c:\\a.mp3"), kHidden | kSystem) << "folder and other bits are never believed";
+  for (const char* strange : {"", "22", "0x", "0xzz", "\xFF\xFF\xFF\xFF"}) {
+    SetAttributeOf("a.mp3", "user.DOSATTRIB", strange);
+    EXPECT_TRUE(files_->Attributes("c:\\a.mp3")) << strange;
+  }
+}
+
+TEST_F(LinuxFileSystemTest, TakesWriteRightsFromAllAndGivesThemToTheOwner) {
+  drives_.Write("a.mp3", "a");
+  SetMode("a.mp3", 0666);
+  files_->SetAttributes("c:\\a.mp3", kArchive | kReadOnly);
+  EXPECT_EQ(ModeOf("a.mp3"), 0444u);
+  files_->SetAttributes("c:\\a.mp3", kArchive);
+  EXPECT_EQ(ModeOf("a.mp3"), 0644u);
+  files_->SetAttributes("c:\\a.mp3", kHidden | kReadOnly);
+  EXPECT_EQ(ModeOf("a.mp3"), 0444u);
+}
+
+TEST_F(LinuxFileSystemTest, LetsTheOwnerChangeTheBitsOfAReadOnlyFile) {
+  if (!KeepsExtendedAttributes()) GTEST_SKIP() << "not on this file system";
+  drives_.Write("a.mp3", "a");
+  const OrdinaryUser user(drives_.Root());
+  SetMode("a.mp3", 0444);
+  files_->SetAttributes("c:\\a.mp3", kReadOnly | kSystem);
+  EXPECT_EQ(files_->Attributes("c:\\a.mp3"), kReadOnly | kSystem);
+  files_->SetAttributes("c:\\a.mp3", 0);
+  EXPECT_EQ(files_->Attributes("c:\\a.mp3"), 0u);
+  EXPECT_THROW(files_->SetAttributes("z:\\etc\\passwd", kReadOnly), Failure);
+}
+
+TEST_F(LinuxFileSystemTest, KeepsHiddenWhatIsHiddenByItsName) {
+  drives_.Write(".a.mp3", "a");
+  files_->SetAttributes("c:\\.a.mp3", kArchive);
+  EXPECT_EQ(files_->Attributes("c:\\.a.mp3"), kArchive | kHidden);
+  files_->SetAttributes("c:\\.a.mp3", kArchive | kHidden);
+  EXPECT_EQ(AttributeOf(".a.mp3", "user.DOSATTRIB"), "none");
+}
+
 TEST_F(LinuxFileSystemTest, LeavesReadOnlyFilesAlone) {
   drives_.Write("a.mp3", "old");
   drives_.Write("b.mp3", "new");
@@ -253,6 +319,7 @@ TEST_F(LinuxFileSystemTest, NeverShowsAPrivateFileWhileItIsReplaced) {
 }
 
 TEST_F(LinuxFileSystemTest, KeepsTheExtendedAttributesOfAReplacedFile) {
+  if (!KeepsExtendedAttributes()) GTEST_SKIP() << "not on this file system";
   drives_.Write("a.mp3", "old");
   SetAttributeOf("a.mp3", "user.rating", "5");
   SetAttributeOf("a.mp3", "user.empty", "");
@@ -272,6 +339,7 @@ std::string AccessList(char named) {
 }
 
 TEST_F(LinuxFileSystemTest, KeepsTheAccessListOfAReplacedFile) {
+  if (!KeepsExtendedAttributes()) GTEST_SKIP() << "not on this file system";
   drives_.Write("a.mp3", "old");
   SetAttributeOf("a.mp3", "system.posix_acl_access", AccessList(6));
   Replace("c:\\a.mp3", "new");
@@ -280,6 +348,7 @@ TEST_F(LinuxFileSystemTest, KeepsTheAccessListOfAReplacedFile) {
 }
 
 TEST_F(LinuxFileSystemTest, GivesAReplacedFileNoAccessListThatItDidNotHave) {
+  if (!KeepsExtendedAttributes()) GTEST_SKIP() << "not on this file system";
   drives_.Write("music/a.mp3", "old");
   SetMode("music/a.mp3", 0644);
   SetAttributeOf("music", "system.posix_acl_default", AccessList(6));
@@ -311,6 +380,7 @@ TEST_F(LinuxFileSystemTest, KeepsTheOwnerOfAReplacedFileAsFarAsTheUserMay) {
 }
 
 TEST_F(LinuxFileSystemTest, GivesACopyModeAttributesAndTimeOfTheSource) {
+  if (!KeepsExtendedAttributes()) GTEST_SKIP() << "not on this file system";
   drives_.Write("a.mp3", "new");
   drives_.Write("b.mp3", "old");
   SetMode("a.mp3", 0640);

@@ -1,4 +1,4 @@
-#include "settings/session.h"
+#include "settings/kept_values.h"
 
 #include <gtest/gtest.h>
 
