@@ -93,7 +93,8 @@ class FileSystem {
   // resolved), or no write access; it holds for the superuser too. Throws Failure when the file can't be reached.
   virtual bool IsReadOnly(const std::string& path) const = 0;
 
-  // All names of a folder, in no particular order. Throws Failure when it can't be read.
+  // All names of a folder, in no particular order; none where the system shows its own state as files (/proc, /sys).
+  // Throws Failure when it can't be read.
   virtual std::vector<FolderEntry> ReadFolder(const std::string& folder) const = 0;
   // Nothing when the folder can't be reached. Never throws.
   virtual std::optional<FolderIdentity> IdentityOf(const std::string& folder) const = 0;
