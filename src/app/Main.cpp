@@ -219,7 +219,7 @@ void Main::ListView1_FilesDropped(const QStringList& native_paths, QPoint point)
 }
 
 void Main::ListView1_Click() {
-  const ListStatus status = WorkOutStatus(document_.ListView1, services_.files, thousands_separator_);
+  const ListStatus status = WorkOutStatus(document_.ListView1, services_.files, settings_, thousands_separator_);
   for (std::size_t i = 0; i < status.panels.size(); ++i) Panels[i]->setText(QString::fromStdString(status.panels[i]));
 }
 
