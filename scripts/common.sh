@@ -6,8 +6,8 @@ root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd -P)
 # Debian packages by what they are for.
 # shellcheck disable=SC2034
 {
-  build_packages=(g++ cmake ninja-build ccache pkg-config libutf8proc-dev qt6-base-dev fontconfig fonts-dejavu-core
-    qt6-svg-dev)
+  build_packages=(g++ cmake ninja-build ccache pkg-config libutf8proc-dev qt6-base-dev qt6-svg-dev
+    fontconfig fonts-dejavu-core)
   wayland_packages=(qt6-wayland)
   linked_by_tests=(libgtest-dev libtag1-dev)
   tools_of_tests=(python3 python3-mutagen lame twolame ffmpeg vorbis-tools)

@@ -27,7 +27,7 @@ QString FolderOfPictures() {
 constexpr const char* kInk = "#3b4248";    // lines
 constexpr const char* kPaper = "#fcfcfc";  // signs cut out of a coloured shape
 constexpr const char* kAccents[] = {"#3d7fe6", "#35a04a", "#dc4c41", "#eaaa2a"};
-constexpr qreal kPaleness = 0.45;
+constexpr float kPaleness = 0.45F;
 
 struct Tints {
   QColor ink;
@@ -117,8 +117,9 @@ QIcon Picture(const QString& name) {
 }
 
 QStringList PictureNames() {
-  QStringList names = QDir(FolderOfPictures()).entryList({QStringLiteral("*.svg")}, QDir::Files, QDir::Name);
+  QStringList names = QDir(FolderOfPictures()).entryList({QStringLiteral("*.svg")}, QDir::Files);
   for (QString& name : names) name.chop(4);
+  names.sort();
   return names;
 }
 

@@ -13,7 +13,7 @@ namespace qublet {
 // program's icon look alike on every palette.
 QIcon Picture(const QString& name);
 
-// The names that `Picture` knows.
+// The names that `Picture` knows, in ascending order.
 QStringList PictureNames();
 
 // The menus' pictures by their number, from 1: `Picture(ImageList1[number])`.
