@@ -7,6 +7,7 @@
 #include "app/command_line.h"
 #include "app/commands.h"
 #include "platform/program.h"
+#include "platform/qt/pictures.h"
 #include "playlist/list_status.h"
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/formats.h"
@@ -23,12 +24,12 @@ Main::Main(Document& document, AppSettings& settings, Services services, Session
   setupUi(this);
   BuildList();
   BuildStatusBar();
-  BuildMenus(*MainMenu, *this);
+  entries_ = BuildMenus(*MainMenu, *this);
   BuildRecentMenu();
   Toolbar1 = new Toolbar(*this);
   MainView& view = *this;
   Session::Window& window = *this;
-  feedback_ = std::make_unique<WindowFeedback>(*ListView1, *Panels[3], this);
+  feedback_ = std::make_unique<WindowFeedback>(*ListView1, Panels[3]->Text(), this);
   items_ = std::make_unique<Items>(document_, services_.files, *feedback_, view, thousands_separator_);
   playlist_files_ = std::make_unique<PlaylistFiles>(
       document_, *items_, settings_,
@@ -55,12 +56,9 @@ void Main::BuildList() {
 }
 
 void Main::BuildStatusBar() {
-  constexpr std::array<const char*, 4> kNames{"Count", "Length", "Size", "Activity"};
+  const std::array<QString, 4> names{tr("Items"), tr("Length"), tr("Size"), tr("Activity")};
   for (std::size_t i = 0; i < Panels.size(); ++i) {
-    Panels[i] = new QLabel(StatusBar1);
-    Panels[i]->setObjectName(QStringLiteral("Panel%1").arg(i + 1));
-    Panels[i]->setAccessibleName(QString::fromUtf8(kNames[i]));
-    Panels[i]->setTextFormat(Qt::PlainText);
+    Panels[i] = new StatusPanel(static_cast<int>(i) + 1, names[i], StatusBar1);
     const bool last = i + 1 == Panels.size();
     Panels[i]->setMinimumWidth(last ? 0 : 110);
     // A long path in the last panel is cut, it never widens the window.
@@ -212,11 +210,51 @@ void Main::ListView1_FilesDropped(const QStringList& native_paths, QPoint point)
 
 void Main::ListView1_Click() {
   const ListStatus status = WorkOutStatus(document_.ListView1, services_.files, settings_, thousands_separator_);
-  for (std::size_t i = 0; i < status.panels.size(); ++i) Panels[i]->setText(QString::fromStdString(status.panels[i]));
+  for (std::size_t i = 0; i < status.panels.size(); ++i) {
+    Panels[i]->ShowText(QString::fromStdString(status.panels[i]));
+    if (!status.warnings[i]) continue;
+    if (*status.warnings[i]) {
+      Panels[i]->ShowPicture(Picture(QStringLiteral("warning")), tr("The limit is reached"));
+    } else {
+      Panels[i]->ClearPicture();
+    }
+  }
+  for (const CommandState& command : status.commands) {
+    if (QAction* entry = entries_.value(QString::fromUtf8(command.name))) entry->setEnabled(command.enabled);
+  }
 }
 
 void Main::ShowCaption() {
   setWindowTitle(QString::fromStdString(CaptionText(AppTitle(), document_.CurrentPlaylist)));
+}
+
+void Main::SetMenuBitmaps() {
+  struct MenuPicture {
+    const char* entry;
+    std::size_t image;  // in ImageList1
+  };
+  constexpr std::array<MenuPicture, 17> kMenuPictures{{{"MFileNew", 1},
+                                                       {"MFileOpen", 2},
+                                                       {"MFileSave", 3},
+                                                       {"MFileSaveAs", 3},
+                                                       {"MFileSaveRel", 13},
+                                                       {"MEditPlay", 8},
+                                                       {"MEditAddDir", 4},
+                                                       {"MEditRemove", 5},
+                                                       {"MEditMoveUp", 6},
+                                                       {"MEditMoveDown", 7},
+                                                       {"MEditId3", 10},
+                                                       {"MViewDetails", 10},
+                                                       {"MToolsFilter", 13},
+                                                       {"MToolsSearch", 14},
+                                                       {"MToolsRename", 12},
+                                                       {"MHelpHelp", 15},
+                                                       {"MHelpQuickguide", 15}}};
+  for (const MenuPicture& picture : kMenuPictures) {
+    if (QAction* entry = entries_.value(QString::fromUtf8(picture.entry))) {
+      entry->setIcon(Picture(QString::fromUtf8(ImageList1[picture.image])));
+    }
+  }
 }
 
 void Main::RefreshRecentMenu() {

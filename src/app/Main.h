@@ -1,13 +1,14 @@
 #pragma once
 
 #include <QAction>
-#include <QLabel>
 #include <QMainWindow>
 #include <array>
 #include <memory>
 #include <string>
 
+#include "app/StatusPanel.h"
 #include "app/Toolbar.h"
+#include "app/commands.h"
 #include "app/session.h"
 #include "app/window_feedback.h"
 #include "platform/clock.h"
@@ -105,7 +106,7 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
 
   void DetectPlayer() {}
   void LoadPluginMenu() {}
-  void SetMenuBitmaps() {}
+  void SetMenuBitmaps();
   void RegisterAccessoryTools() {}
   void OpenCommandLine(const std::string& command_line);
   void Form_Unload();
@@ -129,7 +130,8 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   Services services_;
   std::string thousands_separator_;
   Toolbar* Toolbar1 = nullptr;
-  std::array<QLabel*, 4> Panels{};
+  std::array<StatusPanel*, 4> Panels{};
+  MenuEntries entries_;
   std::array<QAction*, kRecentMenuRoom> MFileRecent{};
   std::unique_ptr<RowModel> rows_;
   std::unique_ptr<WindowFeedback> feedback_;

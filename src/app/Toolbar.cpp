@@ -8,6 +8,7 @@
 #include <array>
 
 #include "app/Main.h"
+#include "platform/qt/pictures.h"
 
 namespace qublet {
 namespace {
@@ -15,33 +16,34 @@ namespace {
 struct ToolButton {
   const char* key;  // "Separator" for a gap
   const char* tip;
+  const char* picture;
   void (Main::*handler)();  // nothing: its tool isn't there, the button is disabled
 };
 
 // By index from 1, as the buttons stand.
 constexpr std::array<ToolButton, 18> kButtons{{
-    {"New", "New Playlist...", &Main::MFileNew_Click},
-    {"Open", "Open Playlist...", &Main::MFileOpen_Click},
-    {"Save", "Save Playlist...", &Main::ToolbarSave_Click},
-    {"Separator", "", nullptr},
-    {"Add Items", "Add Files...", &Main::MEditAddDir_Click},
-    {"Remove Items", "Remove selected Files...", &Main::MEditRemove_Click},
-    {"Separator", "", nullptr},
-    {"Move Items Up", "Move selected Files up...", &Main::MEditMoveUp_Click},
-    {"Move Items Down", "Move selected Files down...", &Main::MEditMoveDown_Click},
-    {"Separator", "", nullptr},
-    {"Play Items", "Play the selected Files...", nullptr},
-    {"Preview Playlist", "Preview the Playlist...", nullptr},
-    {"Edit Id3 Tag", "Get the File info/Edit the ID3 Tag...", nullptr},
-    {"Separator", "", nullptr},
-    {"Tools Drop Down", "Special Functions", nullptr},
-    {"Separator", "", nullptr},
-    {"Help", "View the Help file...", nullptr},
-    {"Separator", "", nullptr},
+    {"New", "New Playlist...", "new", &Main::MFileNew_Click},
+    {"Open", "Open Playlist...", "open", &Main::MFileOpen_Click},
+    {"Save", "Save Playlist...", "save", &Main::ToolbarSave_Click},
+    {"Separator", "", "", nullptr},
+    {"Add Items", "Add Files...", "add", &Main::MEditAddDir_Click},
+    {"Remove Items", "Remove selected Files...", "remove", &Main::MEditRemove_Click},
+    {"Separator", "", "", nullptr},
+    {"Move Items Up", "Move selected Files up...", "move-up", &Main::MEditMoveUp_Click},
+    {"Move Items Down", "Move selected Files down...", "move-down", &Main::MEditMoveDown_Click},
+    {"Separator", "", "", nullptr},
+    {"Play Items", "Play the selected Files...", "play", nullptr},
+    {"Preview Playlist", "Preview the Playlist...", "preview", nullptr},
+    {"Edit Id3 Tag", "Get the File info/Edit the ID3 Tag...", "tag", nullptr},
+    {"Separator", "", "", nullptr},
+    {"Tools Drop Down", "Special Functions", "tools", nullptr},
+    {"Separator", "", "", nullptr},
+    {"Help", "View the Help file...", "help", nullptr},
+    {"Separator", "", "", nullptr},
 }};
 
 QAction* MakeButton(const ToolButton& button, Main& main) {
-  auto* action = new QAction(QString::fromUtf8(button.key), &main);
+  auto* action = new QAction(Picture(QString::fromUtf8(button.picture)), QString::fromUtf8(button.key), &main);
   action->setObjectName(QStringLiteral("Toolbar1 %1").arg(QString::fromUtf8(button.key)));
   action->setToolTip(QString::fromUtf8(button.tip));
   action->setEnabled(button.handler != nullptr);

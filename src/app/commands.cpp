@@ -98,21 +98,28 @@ QAction* MakeAction(const Command& command, Main& main) {
 
 }  // namespace
 
-void BuildMenus(QMenuBar& bar, Main& main) {
+MenuEntries BuildMenus(QMenuBar& bar, Main& main) {
+  MenuEntries entries;
   std::vector<QMenu*> open;  // the menus that lead to the present depth
   for (const Command& command : kCommands) {
     open.resize(static_cast<std::size_t>(command.depth));
     if (IsSeparator(command)) {
-      open.back()->addSeparator()->setObjectName(QString::fromUtf8(command.name));
+      QAction* separator = open.back()->addSeparator();
+      separator->setObjectName(QString::fromUtf8(command.name));
+      entries[separator->objectName()] = separator;
     } else if (command.handler == nullptr) {
       const QString caption = QString::fromUtf8(command.caption);
       QMenu* menu = open.empty() ? bar.addMenu(caption) : open.back()->addMenu(caption);
       menu->setObjectName(QString::fromUtf8(command.name));
+      entries[menu->objectName()] = menu->menuAction();
       open.push_back(menu);
     } else {
-      open.back()->addAction(MakeAction(command, main));
+      QAction* action = MakeAction(command, main);
+      open.back()->addAction(action);
+      entries[action->objectName()] = action;
     }
   }
+  return entries;
 }
 
 }  // namespace qublet

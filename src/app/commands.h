@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAction>
+#include <QHash>
 #include <QKeySequence>
 #include <QMenuBar>
 #include <functional>
@@ -24,7 +25,10 @@ struct Command {
 
 extern const std::vector<Command> kCommands;
 
+// The entries of the menus by their given names; a submenu is its action.
+using MenuEntries = QHash<QString, QAction*>;
+
 // Lays out the table below `bar`. Every entry becomes an action or a submenu that bears its name.
-void BuildMenus(QMenuBar& bar, Main& main);
+MenuEntries BuildMenus(QMenuBar& bar, Main& main);
 
 }  // namespace qublet
