@@ -10,14 +10,9 @@ root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd -P)
     fontconfig fonts-dejavu-core)
   wayland_packages=(qt6-wayland)
   linked_by_tests=(libgtest-dev libtag1-dev)
-<<<<<<< HEAD
-  tools_of_tests=(python3 python3-mutagen lame twolame ffmpeg vorbis-tools xvfb xauth openbox xdotool wmctrl)
-=======
-  tools_of_tests=(python3 python3-mutagen lame twolame ffmpeg vorbis-tools desktop-file-utils
-    appstream)
+  tools_of_tests=(python3 python3-mutagen lame twolame ffmpeg vorbis-tools desktop-file-utils appstream
+    xvfb xauth openbox xdotool wmctrl)
   package_packages=(dpkg-dev file)
-  display_packages=(xvfb xauth openbox)
->>>>>>> pictures
   fuzz_packages=(clang libclang-rt-14-dev)
   tidy_packages=(git clang clang-tidy)
   format_packages=(git clang-format)

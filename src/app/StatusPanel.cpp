@@ -30,6 +30,8 @@ void StatusPanel::ShowPicture(const QIcon& picture, const QString& meaning) {
   picture_->show();
 }
 
-void StatusPanel::ClearPicture() { picture_->hide(); }
+void StatusPanel::ClearPicture() {
+  picture_->hide();
+}
 
 }  // namespace qublet
