@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -28,17 +27,9 @@ inline bool IsSyncSafe(BytesView bytes) {
   return true;
 }
 
-inline void AppendNumber(Bytes& out, std::uint32_t value, unsigned count, unsigned bits_per_byte = 8) {
-  for (unsigned i = count; i-- > 0;) {
-    out.push_back(static_cast<std::uint8_t>(value >> i * bits_per_byte & ((1u << bits_per_byte) - 1)));
-  }
-}
-
-inline void Append(Bytes& out, BytesView bytes) {
-  const std::size_t end = out.size();
-  out.resize(end + bytes.size());
-  std::ranges::copy(bytes, out.begin() + static_cast<std::ptrdiff_t>(end));
-}
+void AppendNumber(Bytes& out, std::uint32_t value, unsigned count, unsigned bits_per_byte = 8);
+void Append(Bytes& out, BytesView bytes);
+void Append(Bytes& out, std::string_view text);
 
 inline std::string_view AsText(BytesView bytes) {
   return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
@@ -46,10 +37,6 @@ inline std::string_view AsText(BytesView bytes) {
 
 inline BytesView AsBytes(std::string_view text) {
   return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
-}
-
-inline void Append(Bytes& out, std::string_view text) {
-  Append(out, AsBytes(text));
 }
 
 }  // namespace qublet
