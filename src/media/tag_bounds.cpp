@@ -76,7 +76,8 @@ std::int64_t AppendedId3v2Length(ByteSpan footer) {
 
 // Length of the tag that ends at `end`, 0 when none does.
 std::int64_t LengthOfTagBefore(FileWindow& window, std::int64_t end) {
-  if (StartsWith(Before(window, end, kId3v1Length), "TAG")) return kId3v1Length;
+  const bool can_be_id3v1 = end == window.Size();
+  if (can_be_id3v1 && StartsWith(Before(window, end, kId3v1Length), "TAG")) return kId3v1Length;
   if (const auto length = ApeLength(Before(window, end, kApeFooterLength))) return length;
   if (const auto length = LyricsLength(Before(window, end, kLyricsSizeLength + kLyricsEndLength))) return length;
   if (const auto length = OldLyricsLength(window, end)) return length;

@@ -2,19 +2,38 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace qublet {
 
-// The per-user store of text values, addressed by application, section and key.
+// One text value with its address inside an application.
+struct Setting {
+  std::string section;
+  std::string key;
+  std::string value;
+  bool operator==(const Setting&) const = default;
+};
+
+// The per-user store of text values, addressed by application, section and key. Any text can be a part of an address
+// or a value. Other processes may change the store at any time; what they write is seen by the next call, and keys
+// that a call doesn't name are never lost. One thread at a time.
 class SettingsStore {
  public:
   virtual ~SettingsStore() = default;
+
   // "" for an absent value. Never throws: a store that can't be read is empty.
   virtual std::string GetSetting(const std::string& application, const std::string& section,
                                  const std::string& key) const = 0;
-  // Throws Failure when the value can't be kept.
-  virtual void SaveSetting(const std::string& application, const std::string& section, const std::string& key,
-                           const std::string& value) = 0;
+  // Every value of an application, in stored order. Never throws.
+  virtual std::vector<Setting> AllSettings(const std::string& application) const = 0;
+  // Keeps all the values in one step, so that many cost hardly more than one. Throws Failure when they can't be kept.
+  virtual void SaveSettings(const std::string& application, const std::vector<Setting>& settings) = 0;
+
+  // One value. Throws Failure when it can't be kept.
+  void SaveSetting(const std::string& application, const std::string& section, const std::string& key,
+                   const std::string& value) {
+    SaveSettings(application, {{section, key, value}});
+  }
 };
 
 // The store of this user on this machine.

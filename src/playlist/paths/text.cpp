@@ -141,6 +141,13 @@ std::size_t CharacterLength(std::string_view text, std::size_t at) {
   return CharacterAt(text, at).length;
 }
 
+std::string CharacterText(char32_t code) {
+  std::string text;
+  const auto value = static_cast<utf8proc_int32_t>(code);
+  if (utf8proc_codepoint_valid(value)) Append(text, value);
+  return text;
+}
+
 std::size_t CharacterCount(std::string_view text) {
   std::size_t count = 0;
   for (std::size_t at = 0; at < text.size(); at += CharacterLength(text, at)) ++count;

@@ -31,6 +31,8 @@ std::string FoldCase(std::string_view text);
 
 // Length in bytes of the character that begins at `text[at]`.
 std::size_t CharacterLength(std::string_view text, std::size_t at);
+// A code point as text; "" for what is none.
+std::string CharacterText(char32_t code);
 // Count of characters, and the first `count` characters.
 std::size_t CharacterCount(std::string_view text);
 std::string FirstCharacters(std::string_view text, std::size_t count);

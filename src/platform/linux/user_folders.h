@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace qublet {
+
+// Where programs keep what this user sets: $XDG_CONFIG_HOME if it is an absolute path, else ~/.config; "" for a user
+// without a home folder. It need not exist.
+std::string ConfigFolder();
+
+// Makes a native folder and those above it where they are missing. Throws Failure.
+void MakeFolders(const std::string& native);
+
+// Makes `content` the whole content of a file, by way of a replacement. Throws Failure.
+void WriteWholeFile(const std::string& native, const std::string& content);
+
+}  // namespace qublet

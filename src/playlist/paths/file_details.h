@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+#include "platform/file_system.h"
+
+namespace qublet {
+
+// What a path leads to, and the plain operations on files. Paths are in drive form. Nothing here throws, and a False
+// doesn't say why.
+
+struct FileDetails {
+  bool Exists = false;
+  std::string Path;  // normalised
+  bool IsFolder = false;
+  bool IsFile = false;
+  std::string Extension;  // of a file, dot included, in lower case; "" when the name has none
+};
+
+// Normalises `path` in place and fills `details`; for a folder `Extension` stays as the caller left it.
+void GetFileDetails(const FileSystem& files, std::string& path, FileDetails& details);
+
+// True for a file and for a folder, and for a path whose last piece holds "*" or "?" when a name that isn't hidden
+// fits it. False for "".
+bool FileExists(const FileSystem& files, const std::string& path);
+
+// True unless the operation failed. Renaming never replaces a file, copying does.
+bool RenameFileSafe(const FileSystem& files, const std::string& from, const std::string& to);
+bool DeleteFileSafe(const FileSystem& files, const std::string& path);
+bool CopyFileSafe(const FileSystem& files, const std::string& source, const std::string& target);
+
+}  // namespace qublet

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "platform/feedback.h"
+#include "platform/file_system.h"
+#include "playlist/paths/collections.h"
+
+namespace qublet {
+
+// What counts as an audio file: "*.mp3", "*.wav", "*.ogg", "*.wma".
+const Collection& FileFilters();
+
+// Listing the files of folders. A filter is a pattern of "*" and "?", which fits names that aren't hidden whatever
+// their case, or a plain name, found as the file system finds it; both may have folders in front ("music\a.mp3").
+// Names come in ascending order ignoring case. Nothing here throws; a folder that can't be read gives nothing.
+
+// Appends a path for each file in `folder` that fits `filter`: `folder` + name when the filter is one of FileFilters
+// or "*.*". Any other filter gives `folder` + filter itself, once for each file: the path for a plain name, the
+// pattern's text over and over for a foreign pattern.
+void ListFolderFiles(const FileSystem& files, const std::string& folder, const std::string& filter,
+                     Collection& results);
+
+// ListFolderFiles of `folder` for each filter in turn, then, with `Recurse`, the same for each subfolder with all
+// below it before the next. Hidden subfolders are left out, and so is a folder that is among its own parents or has
+// been reached in eight other ways. The activity text follows the folders; `Quiet` silences it for the first level
+// only.
+void WalkFolder(const FileSystem& files, Feedback& feedback, const std::string& folder, const Collection& filters,
+                Collection& results, bool Recurse, bool Quiet);
+
+}  // namespace qublet

@@ -1,0 +1,83 @@
+#include "playlist/paths/formats.h"
+
+#include <locale>
+
+#include "platform/failure.h"
+#include "playlist/paths/text.h"
+
+namespace qublet {
+namespace {
+
+// Rounded to nearest, halves up; for amounts of 0 and more.
+std::int64_t DividedRounded(std::int64_t amount, std::int64_t unit) {
+  return amount / unit + (amount % unit >= unit - unit / 2 ? 1 : 0);
+}
+
+std::string Grouped(std::int64_t number, std::string_view separator) {
+  std::string text = std::to_string(number);
+  for (std::size_t at = text.size(); at > 3;) {
+    at -= 3;
+    text.insert(at, separator);
+  }
+  return text;
+}
+
+bool StaysInTagText(char c) {
+  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == ' ';
+}
+
+}  // namespace
+
+std::string YesNoText(int flag) {
+  return flag != 0 ? "Yes" : "No";
+}
+
+int BoolToFlag(int value) {
+  return value != 0 ? 1 : 0;
+}
+
+bool FlagToBool(int value) {
+  return value == 1;
+}
+
+std::string UserThousandsSeparator() {
+  std::string separator = ",";
+  // Asked for as a wide character: in UTF-8 many locales have a separator of more than one byte.
+  ResumeNext([&] {
+    const std::locale user("");
+    const wchar_t mark = std::use_facet<std::numpunct<wchar_t>>(user).thousands_sep();
+    if (mark != 0) separator = CharacterText(static_cast<char32_t>(mark));
+  });
+  return separator;
+}
+
+std::string FormatSize(std::int64_t bytes, std::string_view thousands_separator) {
+  constexpr std::int64_t kKilo = 1024;
+  constexpr std::int64_t kMega = kKilo * kKilo;
+  if (bytes == 0) return "0 Bytes";
+  if (bytes > 16 * kMega) return Grouped(DividedRounded(bytes, kMega), thousands_separator) + " Mb";
+  if (bytes > 16 * kKilo) return Grouped(DividedRounded(bytes, kKilo), thousands_separator) + " Kb";
+  if (bytes > 1) return Grouped(bytes, thousands_separator) + " Bytes";
+  return "";
+}
+
+std::string FormatTime(std::int64_t seconds) {
+  const std::int64_t h = seconds / 3600;
+  const std::int64_t m = seconds % 3600 / 60;
+  const std::int64_t s = seconds % 60;
+  std::string text;
+  if (h >= 1) text.append(std::to_string(h)).append(m <= 9 ? ":0" : ":");
+  return text.append(std::to_string(m)).append(s <= 9 ? ":0" : ":").append(std::to_string(s));
+}
+
+std::string CleanTagText(std::string_view text) {
+  const std::string trimmed = Trim(text);
+  std::string clean;
+  for (std::size_t at = 0; at < trimmed.size(); at += CharacterLength(trimmed, at)) {
+    const char c = StaysInTagText(trimmed[at]) ? trimmed[at] : ' ';
+    if (c != ' ' || !clean.ends_with(' ')) clean += c;
+  }
+  return clean;
+}
+
+}  // namespace qublet

@@ -1,0 +1,64 @@
+#include "playlist/paths/text_files.h"
+
+#include <cstdint>
+#include <span>
+
+#include "platform/code_page.h"
+
+namespace qublet {
+namespace {
+
+constexpr std::int64_t kMaxTextBytes = std::int64_t{256} << 20;
+
+std::string WholeFile(const FileSystem& files, const std::string& path) {
+  const auto file = files.OpenForReading(path);
+  if (file->Size() > kMaxTextBytes) throw Failure("too long for a text file: " + path);
+  std::string bytes(static_cast<std::size_t>(file->Size()), '\0');
+  bytes.resize(file->ReadAt(0, {reinterpret_cast<std::uint8_t*>(bytes.data()), bytes.size()}));
+  return bytes;
+}
+
+}  // namespace
+
+std::optional<std::string> ReadTextFile(const FileSystem& files, const std::string& path) {
+  std::optional<std::string> bytes;
+  ResumeNext([&] { bytes = WholeFile(files, path); });
+  return bytes;
+}
+
+bool WriteTextFile(const FileSystem& files, const std::string& path, std::string_view bytes) {
+  return Guarded([&] {
+    const auto replacement = files.BeginReplacement(path);
+    replacement->Write({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+    replacement->Commit();
+  });
+}
+
+Collection SplitLines(std::string_view text) {
+  Collection lines;
+  while (!text.empty()) {
+    const std::size_t end = text.find_first_of("\r\n");
+    lines.emplace_back(text.substr(0, end));
+    if (end == text.npos) break;
+    text.remove_prefix(end + (text.substr(end).starts_with("\r\n") ? 2 : 1));
+  }
+  return lines;
+}
+
+bool ReadLinesFromFile(const FileSystem& files, Collection& lines, const std::string& path) {
+  return Guarded([&] {
+    for (std::string& line : SplitLines(DecodeText(WholeFile(files, path)))) lines.push_back(std::move(line));
+  });
+}
+
+bool WriteLinesToFile(const FileSystem& files, const std::string& path, const Collection& lines) {
+  std::string text;
+  for (const std::string& line : lines) text.append(line).append("\r\n");
+  return WriteTextFile(files, path, EncodeText(text));
+}
+
+bool WriteLinesToFileChecked(const FileSystem& files, const Collection& lines, const std::string& path) {
+  return WriteLinesToFile(files, path, lines);
+}
+
+}  // namespace qublet

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/file_system.h"
+#include "playlist/paths/collections.h"
+
+namespace qublet {
+
+// Whole text files, read and replaced at once. Nothing here throws, and a False doesn't say why.
+
+// Bytes of a file; nothing when it can't be read or is longer than 256 MiB, which no text of this program is.
+std::optional<std::string> ReadTextFile(const FileSystem& files, const std::string& path);
+// Creates or replaces `path`; on a failure the present file is as it was.
+bool WriteTextFile(const FileSystem& files, const std::string& path, std::string_view bytes);
+
+// The lines of a text. CR LF, LF and CR end a line; a last line without an end counts, nothing behind the last end
+// doesn't.
+Collection SplitLines(std::string_view text);
+
+// Appends every line of a file to `lines`, empty ones included. The bytes are UTF-8 or code page (see DecodeText).
+bool ReadLinesFromFile(const FileSystem& files, Collection& lines, const std::string& path);
+
+// Creates or replaces `path` with one line per item, CR LF at the end of each, encoded by EncodeText.
+bool WriteLinesToFile(const FileSystem& files, const std::string& path, const Collection& lines);
+bool WriteLinesToFileChecked(const FileSystem& files, const Collection& lines, const std::string& path);
+
+}  // namespace qublet
