@@ -13,6 +13,8 @@ constexpr std::uint8_t kTagCompressed = 0x40;      // ID3v2.2
 constexpr std::uint8_t kTagExtendedHeader = 0x40;  // later versions
 constexpr std::uint8_t kTagFooter = 0x10;          // ID3v2.4
 
+constexpr std::ptrdiff_t kSizeField = 6;  // of the header
+
 // A frame is worth more memory than its bytes, so their number has a limit; what follows is kept as the tail.
 constexpr std::size_t kMostFrames = 50000;
 
@@ -142,24 +144,34 @@ std::optional<RawTag> ParseTag(const TagHeader& header, BytesView body) {
   return tag;
 }
 
-Bytes SerialiseTag(const RawTag& tag, std::size_t extent) {
+Bytes SerialiseTag(const RawTag& tag) {
   Bytes body;
   for (const RawFrame& frame : tag.frames) AppendFrame(body, frame, tag.version);
   Append(body, tag.tail);
   if (tag.unsynchronised && tag.version < 4) body = Unsynchronise(body);
 
-  const std::size_t padded = std::max(body.size(), extent > TagHeader::kSize ? extent - TagHeader::kSize : 0);
-  if (padded > kMaxSyncSafe) throw Failure("a tag is too large");
+  const TagHeader header{tag.version, tag.unsynchronised ? kTagUnsynchronised : std::uint8_t{0},
+                         static_cast<std::uint32_t>(body.size())};
+  if (body.size() > kMaxSyncSafe) throw Failure("a tag is too large");
+  if (ParseTag(header, body) != tag) throw Failure("a tag would be read back as another one");
   Bytes out;
-  out.reserve(padded + TagHeader::kSize);
+  out.reserve(body.size() + TagHeader::kSize);
   Append(out, "ID3");
   out.push_back(static_cast<std::uint8_t>(tag.version));
   out.push_back(0);
-  out.push_back(tag.unsynchronised ? kTagUnsynchronised : 0);
-  AppendNumber(out, static_cast<std::uint32_t>(padded), 4, 7);
+  out.push_back(header.flags);
+  AppendNumber(out, header.body_size, 4, 7);
   Append(out, body);
-  out.resize(padded + TagHeader::kSize, 0);
   return out;
+}
+
+void PadTag(Bytes& tag, std::size_t extent) {
+  if (extent <= tag.size()) return;
+  if (extent > kMaxSyncSafe + TagHeader::kSize) throw Failure("a tag is too large");
+  tag.resize(extent, 0);
+  Bytes size;
+  AppendNumber(size, static_cast<std::uint32_t>(extent - TagHeader::kSize), 4, 7);
+  std::ranges::copy(size, tag.begin() + kSizeField);
 }
 
 }  // namespace qublet

@@ -49,9 +49,11 @@ struct RawTag {
 // unless only the other form (plain or sync-safe) makes sense of the tag. What isn't frames ends up in the tail.
 std::optional<RawTag> ParseTag(const TagHeader& header, BytesView body);
 
-// The bytes of a whole tag of version 3 or 4, padded with zeros to `extent` bytes if it is shorter than that.
-// Throws Failure when it is too large for its size field.
-Bytes SerialiseTag(const RawTag& tag, std::size_t extent);
+// The bytes of a whole tag of version 3 or 4, without padding. Throws Failure when it is too large for its size field
+// or wouldn't be read back as the same tag.
+Bytes SerialiseTag(const RawTag& tag);
+// Makes the bytes of a tag longer, up to `extent` bytes altogether. Throws Failure when that is too large.
+void PadTag(Bytes& tag, std::size_t extent);
 
 // The same tag in ID3v2.3 when it is one of 2.2. Frames that 2.3 doesn't know are kept whole, in a PRIV frame of the
 // owner kForeignFrameOwner.
