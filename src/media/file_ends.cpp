@@ -90,8 +90,10 @@ struct Patch {
 // The bytes of a head that differ from the present ones, so that as little as possible is written.
 Patch HeadPatch(InputFile& present, const EndsChange& change) {
   Bytes head = change.head;
-  if (!head.empty()) PadTag(head, static_cast<std::size_t>(change.old_head));
-  if (static_cast<std::int64_t>(head.size()) != change.old_head) throw Failure("the audio would have to move");
+  const bool fits = head.empty() || PadTag(head, static_cast<std::size_t>(change.old_head));
+  if (!fits || static_cast<std::int64_t>(head.size()) != change.old_head) {
+    throw Failure("the audio would have to move");
+  }
   const Bytes old = ReadBytes(present, 0, change.old_head);
   Check(old.size() == head.size());
   const auto [first, old_first] = std::ranges::mismatch(head, old);

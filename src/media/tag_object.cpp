@@ -85,12 +85,11 @@ void TagObject::LoadV2(InputFile& file) {
   images_.Assign(v2_.Pictures());
 }
 
-RawTag TagObject::Composed() const {
+Id3v2Tag TagObject::Composed() const {
   Id3v2Tag tag = v2_;
   tag.SetComments(comments_.All());
   tag.SetPictures(images_.All());
-  tag.EnsureNotEmpty();
-  return tag.Raw();
+  return tag;
 }
 
 void TagObject::WriteID3v1(const std::string& path) {
@@ -112,12 +111,13 @@ void TagObject::RemoveID3v1(const std::string& path) {
 void TagObject::WriteID3v2(const std::string& path) {
   const auto file = files_.OpenForReading(path);
   const FileEnds ends = FindEnds(*file);
-  RefuseOverrun(ends);
   const auto present = ReadHead(*file, ends);
   if (ends.head && !present) throw Failure("a tag of an unknown kind stands in " + path);
-  const RawTag wanted = Composed();
-  if (present && Upgraded(*present) == wanted) return;
-  ReplaceEnds(files_, path, *file, {ends.head_end, PaddedTag(wanted, ends.head_end), 0, {}});
+  Id3v2Tag wanted = Composed();
+  if (present && Upgraded(*present) == wanted.Raw()) return;
+  RefuseOverrun(ends);
+  wanted.EnsureNotEmpty();
+  ReplaceEnds(files_, path, *file, {ends.head_end, PaddedTag(wanted.Raw(), ends.head_end), 0, {}});
   has_v2_ = true;
 }
 

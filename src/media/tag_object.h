@@ -117,7 +117,7 @@ class TagObject {
   void LoadV1(InputFile& file);
   void LoadV2(InputFile& file);
   // The tag with comments and pictures put in.
-  RawTag Composed() const;
+  Id3v2Tag Composed() const;
 
   const FileSystem& files_;
   bool has_v1_ = false;

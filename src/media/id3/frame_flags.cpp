@@ -41,18 +41,13 @@ std::optional<Bytes> PlainContent(const RawFrame& frame, const RawTag& tag) {
 
 void ReplaceContent(RawFrame& frame, const Bytes& content, const RawTag& tag) {
   const FlagBits& bits = BitsOf(tag.version);
-  const bool hidden = Has(frame, bits.compressed | bits.encrypted);
-  const bool grouped = Has(frame, bits.grouped) && !hidden && !frame.content.empty();
-  Bytes stored;
-  if (grouped) stored.push_back(frame.content.front());
-  frame.flags &= bits.status | (grouped ? bits.grouped : 0);
+  frame.flags &= bits.status;
   if (tag.version == 4 && tag.unsynchronised) {
     frame.flags |= bits.unsynchronised;
-    Append(stored, Unsynchronise(content));
+    frame.content = Unsynchronise(content);
   } else {
-    Append(stored, content);
+    frame.content = content;
   }
-  frame.content = std::move(stored);
 }
 
 }  // namespace qublet

@@ -48,8 +48,8 @@ class Stock {
 
 }  // namespace
 
-std::optional<FrameText> Id3v2Tag::TextAt(std::size_t place, FrameKind kind) const {
-  const auto content = PlainContent(raw_.frames[place], raw_);
+std::optional<FrameText> Id3v2Tag::TextIn(const RawFrame& frame, FrameKind kind) const {
+  const auto content = PlainContent(frame, raw_);
   return content ? DecodeFrameText(kind, *content) : std::nullopt;
 }
 
@@ -57,7 +57,7 @@ std::optional<std::size_t> Id3v2Tag::Find(std::string_view id, const Wanted& wan
   const auto kind = KindOf(id);
   for (std::size_t place = 0; kind && place < raw_.frames.size(); ++place) {
     if (raw_.frames[place].id != id) continue;
-    const auto text = TextAt(place, *kind);
+    const auto text = TextIn(raw_.frames[place], *kind);
     if (text && wanted(*text)) return place;
   }
   return std::nullopt;
@@ -66,7 +66,7 @@ std::optional<std::size_t> Id3v2Tag::Find(std::string_view id, const Wanted& wan
 std::optional<std::size_t> Id3v2Tag::FindHidden(std::string_view id) const {
   const auto kind = KindOf(id);
   for (std::size_t place = 0; kind && place < raw_.frames.size(); ++place) {
-    if (raw_.frames[place].id == id && !TextAt(place, *kind)) return place;
+    if (raw_.frames[place].id == id && !TextIn(raw_.frames[place], *kind)) return place;
   }
   return std::nullopt;
 }
@@ -87,7 +87,7 @@ std::optional<std::size_t> Id3v2Tag::FindFrame(std::string_view id) const {
 
 std::string Id3v2Tag::TextOf(std::optional<std::size_t> place) const {
   if (!place) return "";
-  const auto text = TextAt(*place, *KindOf(raw_.frames[*place].id));
+  const auto text = TextIn(raw_.frames[*place], *KindOf(raw_.frames[*place].id));
   return text ? text->text : "";
 }
 
@@ -98,7 +98,7 @@ std::string Id3v2Tag::Frame(std::string_view id) const {
 void Id3v2Tag::SetText(std::size_t place, const std::string& text) {
   RawFrame& frame = raw_.frames[place];
   const FrameKind kind = *KindOf(frame.id);
-  FrameText changed = TextAt(place, kind).value_or(FrameText{});
+  FrameText changed = TextIn(raw_.frames[place], kind).value_or(FrameText{});
   changed.text = text;
   ReplaceContent(frame, EncodeFrameText(kind, changed, raw_.version), raw_);
 }
@@ -109,8 +109,16 @@ void Id3v2Tag::AddText(std::string_view id, const FrameText& text) {
   raw_.frames.push_back(std::move(frame));
 }
 
-void Id3v2Tag::Erase(std::string_view id, const Wanted& wanted) {
-  while (const auto place = Find(id, wanted)) raw_.frames.erase(raw_.frames.begin() + static_cast<long>(*place));
+void Id3v2Tag::Erase(std::size_t place) {
+  raw_.frames.erase(raw_.frames.begin() + static_cast<std::ptrdiff_t>(place));
+}
+
+void Id3v2Tag::EraseAll(std::string_view id, const Wanted& wanted) {
+  const auto kind = KindOf(id);
+  std::erase_if(raw_.frames, [&](const RawFrame& frame) {
+    const auto text = frame.id == id ? TextIn(frame, *kind) : std::nullopt;
+    return text && wanted(*text);
+  });
 }
 
 void Id3v2Tag::SetFrame(std::string_view id, const std::string& text) {
@@ -120,7 +128,7 @@ void Id3v2Tag::SetFrame(std::string_view id, const std::string& text) {
   if (place && TextOf(place) == text) return;
   if (id == "TYER") return SetYear(text);
   if (place) {
-    if (*kind == FrameKind::kUrl && text.empty()) return Erase(id, Any);
+    if (*kind == FrameKind::kUrl && text.empty()) return Erase(*place);
     return SetText(*place, text);
   }
 
@@ -146,7 +154,7 @@ void Id3v2Tag::SetYear(const std::string& text) {
   }
   raw_.frames[*place].id = own;
   SetText(*place, text);
-  Erase(foreign, Any);
+  EraseAll(foreign, Any);
 }
 
 std::optional<std::size_t> Id3v2Tag::FindProperty(std::string_view description) const {
@@ -160,11 +168,10 @@ std::string Id3v2Tag::Property(std::string_view description) const {
 void Id3v2Tag::SetProperty(std::string_view description, const std::string& text) {
   const auto place = FindProperty(description);
   if (TextOf(place) == text) return;
-  if (text.empty()) {
-    Erase("COMM", [&](const FrameText& frame) { return frame.description == description; });
-  } else if (place) {
-    SetText(*place, text);
-  } else {
+  if (place && !text.empty()) SetText(*place, text);
+  // Whatever else has this description would be the property once this one is gone.
+  EraseAll("COMM", [&](const FrameText& frame) { return frame.description == description && frame.text != text; });
+  if (!place && !text.empty()) {
     AddText("COMM", {EncodingForNew(text, description, raw_.version), kNewLanguage, std::string(description), text});
   }
 }
@@ -173,7 +180,7 @@ std::vector<std::size_t> Id3v2Tag::CommentPlaces() const {
   std::vector<std::size_t> places;
   for (std::size_t place = 0; place < raw_.frames.size(); ++place) {
     if (raw_.frames[place].id != "COMM") continue;
-    const auto text = TextAt(place, FrameKind::kComment);
+    const auto text = TextIn(raw_.frames[place], FrameKind::kComment);
     if (text && !IsProperty(text->description)) places.push_back(place);
   }
   return places;
@@ -182,7 +189,7 @@ std::vector<std::size_t> Id3v2Tag::CommentPlaces() const {
 std::vector<TagComment> Id3v2Tag::Comments() const {
   std::vector<TagComment> comments;
   for (const std::size_t place : CommentPlaces()) {
-    const auto text = TextAt(place, FrameKind::kComment);
+    const auto text = TextIn(raw_.frames[place], FrameKind::kComment);
     comments.push_back({text->description, text->text});
   }
   return comments;

@@ -64,7 +64,7 @@ class Id3v2Tag {
  private:
   using Wanted = std::function<bool(const FrameText&)>;
 
-  std::optional<FrameText> TextAt(std::size_t place, FrameKind kind) const;
+  std::optional<FrameText> TextIn(const RawFrame& frame, FrameKind kind) const;
   std::optional<std::size_t> Find(std::string_view id, const Wanted& wanted) const;
   std::optional<std::size_t> FindHidden(std::string_view id) const;
   std::optional<std::size_t> FindFrame(std::string_view id) const;
@@ -72,7 +72,8 @@ class Id3v2Tag {
   std::string TextOf(std::optional<std::size_t> place) const;
   void SetText(std::size_t place, const std::string& text);
   void AddText(std::string_view id, const FrameText& text);
-  void Erase(std::string_view id, const Wanted& wanted);
+  void Erase(std::size_t place);
+  void EraseAll(std::string_view id, const Wanted& wanted);
   void SetYear(const std::string& text);
   RawFrame NewComment(const TagComment& comment) const;
   RawFrame NewPicture(const TagPicture& picture, bool first) const;

@@ -103,6 +103,17 @@ void AppendFrame(Bytes& out, const RawFrame& frame, int version) {
   Append(out, frame.content);
 }
 
+std::optional<RawTag> ParseWhole(const Bytes& tag) {
+  const auto header = ParseTagHeader(tag);
+  return header ? ParseTag(*header, BytesView(tag).subspan(TagHeader::kSize)) : std::nullopt;
+}
+
+void WriteSize(Bytes& tag) {
+  Bytes size;
+  AppendNumber(size, static_cast<std::uint32_t>(tag.size() - TagHeader::kSize), 4, 7);
+  std::ranges::copy(size, tag.begin() + kSizeField);
+}
+
 }  // namespace
 
 std::int64_t TagHeader::Extent() const {
@@ -150,28 +161,31 @@ Bytes SerialiseTag(const RawTag& tag) {
   Append(body, tag.tail);
   if (tag.unsynchronised && tag.version < 4) body = Unsynchronise(body);
 
-  const TagHeader header{tag.version, tag.unsynchronised ? kTagUnsynchronised : std::uint8_t{0},
-                         static_cast<std::uint32_t>(body.size())};
   if (body.size() > kMaxSyncSafe) throw Failure("a tag is too large");
-  if (ParseTag(header, body) != tag) throw Failure("a tag would be read back as another one");
   Bytes out;
   out.reserve(body.size() + TagHeader::kSize);
   Append(out, "ID3");
   out.push_back(static_cast<std::uint8_t>(tag.version));
   out.push_back(0);
-  out.push_back(header.flags);
-  AppendNumber(out, header.body_size, 4, 7);
+  out.push_back(tag.unsynchronised ? kTagUnsynchronised : 0);
+  out.resize(TagHeader::kSize);
   Append(out, body);
+  WriteSize(out);
+  if (ParseWhole(out) != tag) throw Failure("a tag would be read back as another one");
   return out;
 }
 
-void PadTag(Bytes& tag, std::size_t extent) {
-  if (extent <= tag.size()) return;
-  if (extent > kMaxSyncSafe + TagHeader::kSize) throw Failure("a tag is too large");
+bool PadTag(Bytes& tag, std::size_t extent) {
+  if (extent <= tag.size()) return true;
+  if (extent > kMaxSyncSafe + TagHeader::kSize) return false;
+  const auto before = ParseWhole(tag);
+  const std::size_t length = tag.size();
   tag.resize(extent, 0);
-  Bytes size;
-  AppendNumber(size, static_cast<std::uint32_t>(extent - TagHeader::kSize), 4, 7);
-  std::ranges::copy(size, tag.begin() + kSizeField);
+  WriteSize(tag);
+  if (ParseWhole(tag) == before) return true;
+  tag.resize(length);
+  WriteSize(tag);
+  return false;
 }
 
 }  // namespace qublet

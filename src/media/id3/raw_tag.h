@@ -52,8 +52,9 @@ std::optional<RawTag> ParseTag(const TagHeader& header, BytesView body);
 // The bytes of a whole tag of version 3 or 4, without padding. Throws Failure when it is too large for its size field
 // or wouldn't be read back as the same tag.
 Bytes SerialiseTag(const RawTag& tag);
-// Makes the bytes of a tag longer, up to `extent` bytes altogether. Throws Failure when that is too large.
-void PadTag(Bytes& tag, std::size_t extent);
+// Makes the bytes of a tag longer, up to `extent` bytes altogether. False, and nothing is done, when that is too
+// large or would make a whole frame of a broken one at the end.
+bool PadTag(Bytes& tag, std::size_t extent);
 
 // The same tag in ID3v2.3 when it is one of 2.2. Frames that 2.3 doesn't know are kept whole, in a PRIV frame of the
 // owner kForeignFrameOwner.
@@ -62,7 +63,8 @@ inline constexpr char kForeignFrameOwner[] = "QUBLET_id3v22frame";
 
 // The bytes that the frame's id defines, flags resolved; nothing when they are compressed or encrypted.
 std::optional<Bytes> PlainContent(const RawFrame& frame, const RawTag& tag);
-// Gives the frame a new content and keeps its status flags and its group.
+// Gives the frame a new content and keeps its status flags. It leaves its group: few programs can read a grouped
+// frame.
 void ReplaceContent(RawFrame& frame, const Bytes& content, const RawTag& tag);
 
 }  // namespace qublet

@@ -6,7 +6,7 @@ bool IsUnsynchronised(BytesView bytes) {
   for (std::size_t i = 0; i + 1 < bytes.size(); ++i) {
     if (bytes[i] == 0xFF && bytes[i + 1] >= 0xE0) return false;
   }
-  return true;
+  return bytes.empty() || bytes.back() != 0xFF;
 }
 
 Bytes Unsynchronise(BytesView bytes) {

@@ -173,17 +173,25 @@ TEST(SerialiseTag, RefusesATagThatWouldNotBeReadBackTheSame) {
 
 TEST(PadTag, FillsUpWithZerosAndSaysSoInTheHeader) {
   Bytes tag = SerialiseTag(*Parse(TagBytes(3, TextFrameBytes(3, "TIT2", "a"))));
-  PadTag(tag, 400);
+  EXPECT_TRUE(PadTag(tag, 400));
   EXPECT_EQ(tag.size(), 400u);
   EXPECT_EQ(ParseTagHeader(tag)->Extent(), 400);
   EXPECT_EQ(Parse(std::string(AsText(tag)))->frames.size(), 1u);
-  PadTag(tag, 100);
+  EXPECT_TRUE(PadTag(tag, 100));
   EXPECT_EQ(tag.size(), 400u);
 }
 
 TEST(PadTag, RefusesMoreThanTheSizeFieldHolds) {
   Bytes tag = SerialiseTag({});
-  EXPECT_THROW(PadTag(tag, std::size_t{1} << 28 | 11), Failure);
+  EXPECT_FALSE(PadTag(tag, std::size_t{1} << 28 | 11));
+  EXPECT_EQ(tag.size(), TagHeader::kSize);
+}
+
+TEST(PadTag, DoesNotMakeABrokenFrameWhole) {
+  const std::string broken = TagBytes(3, TextFrameBytes(3, "TIT2", "a") + "TPE1\0\0\0\x40\0\0\0abc"s);
+  Bytes tag(broken.begin(), broken.end());
+  EXPECT_FALSE(PadTag(tag, 400));
+  EXPECT_EQ(AsText(tag), broken);
 }
 
 TEST(PlainContent, ResolvesTheFlagsOfTheVersion) {
@@ -209,12 +217,12 @@ TEST(PlainContent, BelievesTheTagWhereAFrameOfVersion4DoesNotSayThatItIsUnsynchr
   EXPECT_EQ(*PlainContent({"PRIV", 0, {0xFF, 0xFE, 0xFF, 0}}, tag), (Bytes{0xFF, 0xFE, 0xFF, 0}));
 }
 
-TEST(ReplaceContent, KeepsStatusAndGroupAndNothingElse) {
+TEST(ReplaceContent, KeepsTheStatusAndNothingElse) {
   RawTag tag4;
   tag4.version = 4;
   RawFrame frame{"TIT2", 0x7043, {9, 0, 0, 0, 2, 0, 'a'}};
   ReplaceContent(frame, {0, 'b'}, tag4);
-  EXPECT_EQ(frame, (RawFrame{"TIT2", 0x7040, {9, 0, 'b'}}));
+  EXPECT_EQ(frame, (RawFrame{"TIT2", 0x7000, {0, 'b'}}));
 
   RawFrame compressed{"TIT2", 0x00A0, {9, 1, 2, 3, 4}};
   ReplaceContent(compressed, {0, 'b'}, RawTag());

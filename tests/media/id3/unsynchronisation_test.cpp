@@ -25,7 +25,7 @@ TEST(Resynchronise, UndoesIt) {
 TEST(IsUnsynchronised, IsFalseForBytesTheSchemeCannotHaveMade) {
   EXPECT_FALSE(IsUnsynchronised(Bytes{'a', 0xFF, 0xFE}));
   EXPECT_TRUE(IsUnsynchronised(Bytes{}));
-  EXPECT_TRUE(IsUnsynchronised(Bytes{0xFF}));
+  EXPECT_FALSE(IsUnsynchronised(Bytes{'a', 0xFF}));
 }
 
 }  // namespace
