@@ -7,6 +7,7 @@ namespace qublet {
 namespace {
 
 constexpr std::size_t kChunk = 256 * 1024;
+constexpr auto kId3v1Size = static_cast<std::int64_t>(Id3v1Tag::kSize);
 
 Bytes ReadBytes(InputFile& file, std::int64_t offset, std::int64_t length) {
   Bytes bytes(
@@ -23,7 +24,7 @@ std::optional<TagHeader> ReadHeader(InputFile& file, std::int64_t offset) {
 bool EndsInId3v1(InputFile& file, std::int64_t size) {
   constexpr std::string_view kApe = "APETAGEX";
   constexpr std::int64_t kInFront = 3;
-  const std::int64_t start = size - static_cast<std::int64_t>(Id3v1Tag::kSize);
+  const std::int64_t start = size - kId3v1Size;
   const std::int64_t in_front = std::min(start, kInFront);
   const Bytes bytes = ReadBytes(file, start - in_front, static_cast<std::int64_t>(kApe.size()) + in_front);
   const std::string_view text = AsText(bytes);
@@ -142,7 +143,7 @@ FileEnds FindEnds(InputFile& file) {
     if (!next || ends.heads_end + next->Extent() > ends.size) break;
     ends.heads_end += next->Extent();
   }
-  const std::int64_t start = ends.size - static_cast<std::int64_t>(Id3v1Tag::kSize);
+  const std::int64_t start = ends.size - kId3v1Size;
   const bool room = start >= 0 && (!ends.HeadFits() || start >= ends.head_end);
   ends.has_id3v1 = room && EndsInId3v1(file, ends.size);
   return ends;
@@ -151,13 +152,14 @@ FileEnds FindEnds(InputFile& file) {
 std::optional<RawTag> ReadHead(InputFile& file, const FileEnds& ends) {
   if (!ends.head) return std::nullopt;
   constexpr auto kStart = static_cast<std::int64_t>(TagHeader::kSize);
-  return ParseTag(*ends.head, ReadBytes(file, kStart, ends.head->body_size));
+  // A tag that claims too much ends where the other one begins.
+  const std::int64_t room = ends.size - (ends.has_id3v1 ? kId3v1Size : 0) - kStart;
+  return ParseTag(*ends.head, ReadBytes(file, kStart, std::min<std::int64_t>(ends.head->body_size, room)));
 }
 
 std::optional<Id3v1Tag> ReadId3v1(InputFile& file, const FileEnds& ends) {
   if (!ends.has_id3v1) return std::nullopt;
-  constexpr auto kSize = static_cast<std::int64_t>(Id3v1Tag::kSize);
-  return Id3v1Tag::Parse(ReadBytes(file, ends.size - kSize, kSize));
+  return Id3v1Tag::Parse(ReadBytes(file, ends.size - kId3v1Size, kId3v1Size));
 }
 
 void ReplaceEnds(const FileSystem& files, const std::string& path, InputFile& present, const EndsChange& change) {
