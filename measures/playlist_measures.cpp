@@ -25,7 +25,7 @@ Run AddFolder(const std::filesystem::path& folder) {
     Document document;
     Feedback feedback;
     MainView view;
-    Items items(document, *files, feedback, view);
+    Items items(document, *files, feedback, view, ",");
     const double seconds = SecondsOf([&] { items.AddStuff(path, true); });
     Expect(document.ListView1.Count());
     return seconds;

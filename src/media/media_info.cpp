@@ -49,12 +49,12 @@ void FillByExtension(const FileSystem& files, const std::string& path, MediaInfo
   if (extension == ".vqf") info.ID = "VQF File";
 }
 
+}  // namespace
+
 void CompleteFolder(const FileSystem& files, MediaInfo& info) {
   const std::string current = NormalizedPath(files.CurrentFolder());
   info.Path = info.Path == "\\" ? current + "\\" : current + "\\" + info.Path;
 }
-
-}  // namespace
 
 void GetMediaInfo(const FileSystem& files, const std::string& path, MediaInfo& info) {
   info.Valid = false;

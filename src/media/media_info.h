@@ -27,6 +27,9 @@ struct MediaInfo {
 // current folder at the end. Never throws. May be called by several threads at once, each with an `info` of its own.
 void GetMediaInfo(const FileSystem& files, const std::string& path, MediaInfo& info);
 
+// Puts the current folder before the relative folder in `info`; "\" alone becomes the current folder. Throws Failure.
+void CompleteFolder(const FileSystem& files, MediaInfo& info);
+
 // Whether a bit rate text is that of a varying rate ("VBR" in any case).
 bool IsVbr(std::string_view bitrate);
 // Whole seconds of a file of `size` bytes whose bit rate text is that of a varying rate; a kilobit counts 1024 here.

@@ -20,7 +20,7 @@ constexpr int kHeaderLength = 4;
 // How many bytes are looked at in search of the first frame, whole tags not counted. What stands before the audio of
 // real files (padding, broken tags with a picture, a foreign head) is shorter; a file that is no MPEG audio at all
 // costs no more than this.
-constexpr std::int64_t kMostSearched = 1024 * 1024;
+constexpr std::int64_t kMostSearched = 1 << 20;
 
 struct Frame {
   std::int64_t offset = 0;
@@ -137,19 +137,19 @@ StreamCount CountIn(ByteSpan frame, const FrameHeader& header) {
 }
 
 void FillLengthAndRate(InputFile& file, const Frame& first, const StreamCount& count, StreamFacts& facts) {
+  const bool bytes_matter = count.variable || count.frames == 0;
   std::int64_t bytes = count.bytes;
-  const bool bytes_wanted = count.frames == 0 || (count.variable && bytes == 0);
-  if (bytes_wanted && bytes == 0) bytes = AudioEnd(file, first.End()) - first.offset;
-  const FrameHeader& audio = count.present ? first.next : first.header;
-  double kilobits = audio.kilobits;
+  if (bytes == 0 && bytes_matter) bytes = AudioEnd(file, first.End()) - first.offset;
+  const double bits = static_cast<double>(bytes) * 8;
+  double rate = 1000.0 * (count.present ? first.next : first.header).kilobits;
   if (count.frames > 0) {
     const double samples = static_cast<double>(count.frames) * first.header.Samples();
     facts.StreamLength = samples / first.header.sample_rate;
-    if (count.variable) kilobits = static_cast<double>(bytes) * 8 / facts.StreamLength / 1000;
+    if (count.variable) rate = bits / facts.StreamLength;
   } else {
-    facts.StreamLength = static_cast<double>(bytes) * 8 / (kilobits * 1000);
+    facts.StreamLength = bits / rate;
   }
-  facts.StreamBitrate = std::to_string(std::llround(kilobits)) + (count.variable ? " Kbit (VBR)" : "");
+  facts.StreamBitrate = std::to_string(std::llround(rate / 1000)) + (count.variable ? " Kbit (VBR)" : "");
 }
 
 template <typename Value, std::size_t Count>

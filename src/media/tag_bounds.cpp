@@ -71,7 +71,7 @@ std::int64_t OldLyricsLength(FileWindow& window, std::int64_t end) {
 std::int64_t AppendedId3v2Length(ByteSpan footer) {
   if (!StartsWith(footer, "3DI") || footer.size() < kId3v2HeadLength) return 0;
   const std::int64_t length = SyncSafe(footer.subspan(6));
-  return length < 0 ? 0 : length + 2 * kId3v2HeadLength;
+  return length < 0 ? 0 : length + kId3v2HeadLength + kId3v2HeadLength;
 }
 
 // Length of the tag that ends at `end`, 0 when none does.

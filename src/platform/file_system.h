@@ -82,6 +82,9 @@ class FileSystem {
 
   // The attribute bits of a file or folder, nothing when it can't be reached. Never throws.
   virtual std::optional<unsigned> Attributes(const std::string& path) const = 0;
+  // Sets and clears kReadOnly, kHidden, kSystem and kArchive; other bits, and bits that this file system can't keep,
+  // are left out. Throws Failure when the file can't be reached or changed.
+  virtual void SetAttributes(const std::string& path, unsigned attributes) const = 0;
   // Length of a file in bytes. Throws Failure when it can't be found or is a folder.
   virtual std::int64_t FileLength(const std::string& path) const = 0;
   // True when a write to this file is refused: no owner write bit on the file that the path leads to (links

@@ -14,9 +14,9 @@ struct Setting {
   bool operator==(const Setting&) const = default;
 };
 
-// The per-user store of text values, addressed by application, section and key. Any text can be a part of an address
-// or a value. Other processes may change the store at any time; what they write is seen by the next call, and keys
-// that a call doesn't name are never lost. One thread at a time.
+// The per-user store of text values, addressed by application, section and key. Any text without zero characters can
+// be a part of an address or a value. Other processes may change the store at any time; what they write is seen by
+// the next call, and keys that a call doesn't name are never lost. One thread at a time.
 class SettingsStore {
  public:
   virtual ~SettingsStore() = default;
@@ -26,7 +26,8 @@ class SettingsStore {
                                  const std::string& key) const = 0;
   // Every value of an application, in stored order. Never throws.
   virtual std::vector<Setting> AllSettings(const std::string& application) const = 0;
-  // Keeps all the values in one step, so that many cost hardly more than one. Throws Failure when they can't be kept.
+  // Keeps all the values, so that many cost hardly more than one; what is stored in a file is replaced in one step.
+  // Throws Failure when they can't be kept.
   virtual void SaveSettings(const std::string& application, const std::vector<Setting>& settings) = 0;
 
   // One value. Throws Failure when it can't be kept.

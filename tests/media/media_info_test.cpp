@@ -17,7 +17,7 @@ std::string Content(const Bytes& bytes) {
   return {bytes.begin(), bytes.end()};
 }
 
-Bytes LittleEndian(std::uint32_t value, std::size_t length) {
+Bytes LittleEndian(std::uint64_t value, std::size_t length) {
   Bytes bytes(length);
   for (std::size_t i = 0; i < length; ++i) bytes[i] = static_cast<std::uint8_t>(value >> (8 * i));
   return bytes;
@@ -151,7 +151,7 @@ TEST_F(GetMediaInfoTest, ReadsAMonoWavOf8Bits) {
 }
 
 TEST_F(GetMediaInfoTest, LeavesTheModeOfSixChannelsEmpty) {
-  WriteSparse("a.wav", Wav(1, 6, 48000, 16), 576'000 * 5);
+  WriteSparse("a.wav", Wav(1, 6, 48000, 16), 2'880'000);
   const MediaInfo info = Info("c:\\a.wav");
   EXPECT_TRUE(info.Valid);
   EXPECT_EQ(info.Mode, "");
@@ -300,6 +300,7 @@ TEST_F(GetMediaInfoTest, MayBeCalledBySeveralThreadsAtOnce) {
   drives_.Write("b.mp3", Content(Frames(100)));
   std::vector<int> right(4);
   std::vector<std::thread> workers;
+  workers.reserve(right.size());
   for (int& count : right) {
     workers.emplace_back([&] {
       for (int i = 0; i < 250; ++i) {

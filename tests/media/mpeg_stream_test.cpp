@@ -206,8 +206,8 @@ TEST(ReadStreamInfo, SkipsJunkAndFalseHeaders) {
 }
 
 TEST(ReadStreamInfo, SearchesOneMebibyteAndNoMore) {
-  EXPECT_EQ(FactsOf(Joined({Bytes(1024 * 1024 - 1), Frames(10)})).StreamBitrate, "128");
-  ExpectNoFrame(Joined({Bytes(1024 * 1024), Frames(10)}));
+  EXPECT_EQ(FactsOf(Joined({Bytes((1 << 20) - 1), Frames(10)})).StreamBitrate, "128");
+  ExpectNoFrame(Joined({Bytes(1 << 20), Frames(10)}));
   EXPECT_EQ(FactsOf(Joined({Id3v2Tag(3'000'000), Bytes(1'000'000), Frames(10)})).StreamBitrate, "128");
 }
 

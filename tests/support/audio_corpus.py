@@ -19,6 +19,7 @@ SECONDS = 3
 RATES = (44100, 48000, 32000, 22050, 24000, 16000, 11025, 12000, 8000)
 # What lame and twolame write unless told otherwise.
 PLAIN = {"crc": False, "copyrighted": False, "original": True, "emphasis": "None"}
+TITLES = ("-metadata", "title=Title", "-metadata", "artist=Artist", "-metadata", "album=Album")
 
 
 def run(*command):
@@ -110,8 +111,8 @@ OTHER = {
     "pcm_16_mono.wav": ffmpeg("-c:a", "pcm_s16le", "-ac", 1),
     "pcm_8_mono.wav": ffmpeg("-c:a", "pcm_u8", "-ac", 1, rate=8000),
     "pcm_24_stereo.wav": ffmpeg("-c:a", "pcm_s24le", rate=48000),
-    "song.ogg": ffmpeg("-c:a", "libvorbis"),
-    "song.wma": ffmpeg("-c:a", "wmav2"),
+    "song.ogg": ffmpeg("-c:a", "libvorbis", *TITLES),
+    "song.wma": ffmpeg("-c:a", "wmav2", *TITLES),
     "song.vqf": content(b"TWIN97012000" + bytes(500)),
     "empty.mp3": content(b""),
 }

@@ -1,6 +1,8 @@
 #include "platform/linux/descriptor.h"
 
 #include <fcntl.h>
+#include <stdio.h>
+#include <sys/random.h>
 #include <unistd.h>
 
 #include <system_error>
@@ -44,7 +46,7 @@ std::size_t ReadFully(const Descriptor& file, std::int64_t offset, std::span<std
 void WriteFully(const Descriptor& file, std::span<const std::uint8_t> bytes) {
   while (!bytes.empty()) {
     const ssize_t count = Uninterrupted([&] { return write(file.Get(), bytes.data(), bytes.size()); });
-    if (count < 0) FailWithErrno("write", "open file");
+    if (count <= 0) FailWithErrno("write", "open file");
     bytes = bytes.subspan(static_cast<std::size_t>(count));
   }
 }
@@ -52,7 +54,7 @@ void WriteFully(const Descriptor& file, std::span<const std::uint8_t> bytes) {
 void WriteFullyAt(const Descriptor& file, std::int64_t offset, std::span<const std::uint8_t> bytes) {
   while (!bytes.empty()) {
     const ssize_t count = Uninterrupted([&] { return pwrite(file.Get(), bytes.data(), bytes.size(), offset); });
-    if (count < 0) FailWithErrno("write", "open file");
+    if (count <= 0) FailWithErrno("write", "open file");
     offset += count;
     bytes = bytes.subspan(static_cast<std::size_t>(count));
   }
@@ -60,6 +62,14 @@ void WriteFullyAt(const Descriptor& file, std::int64_t offset, std::span<const s
 
 void FlushToDisk(const Descriptor& file) {
   if (Uninterrupted([&] { return fsync(file.Get()); }) != 0) FailWithErrno("flush", "open file");
+}
+
+std::string TemporaryName() {
+  std::uint64_t number = 0;
+  if (getrandom(&number, sizeof number, 0) != sizeof number) FailWithErrno("make", "temporary name");
+  char name[32];
+  snprintf(name, sizeof name, ".qublet-%016llx", static_cast<unsigned long long>(number));
+  return name;
 }
 
 bool RefusesWriting(int folder, const std::string& native, const struct stat& status) {

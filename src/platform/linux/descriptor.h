@@ -53,6 +53,9 @@ void WriteFullyAt(const Descriptor& file, std::int64_t offset, std::span<const s
 // Waits until the bytes are on the disk. Throws Failure.
 void FlushToDisk(const Descriptor& file);
 
+// A name that no other file has: ".qublet-" and a random number.
+std::string TemporaryName();
+
 // Whether a write to this file is refused: no owner write bit (it counts for the superuser too) or no access.
 bool RefusesWriting(int folder, const std::string& native, const struct stat& status);
 

@@ -7,6 +7,7 @@
 
 #include "platform/failure.h"
 #include "platform/linux/native_text.h"
+#include "platform/linux/user_folders.h"
 
 namespace qublet {
 namespace {
@@ -49,8 +50,7 @@ std::string PlainNativePath(std::string_view native) {
 
 std::string Drives::FindFolder() {
   const std::string home = Environment("HOME");
-  std::string config = Environment("XDG_CONFIG_HOME");
-  if (config.empty() && !home.empty()) config = home + "/.config";
+  const std::string config = ConfigFolder();
   const std::string prefix = Environment("WINEPREFIX");
 
   const std::string candidates[] = {

@@ -63,7 +63,7 @@ void CopyMode(mode_t mode, const Descriptor& file) {
   }
 }
 
-void CopyChangeTime(const struct stat& model, const Descriptor& file) {
+void CopyTimes(const struct stat& model, const Descriptor& file) {
   const timespec times[2] = {model.st_atim, model.st_mtim};
   if (futimens(file.Get(), times) != 0 && errno != EPERM) FailWithErrno("copy time", "open file");
 }

@@ -11,6 +11,6 @@ void CopyOwner(const struct stat& model, const Descriptor& file, mode_t& mode);
 // know or this user may not set are left out. Throws Failure when there is no room for them.
 void CopyExtendedAttributes(const Descriptor& model, const Descriptor& file);
 void CopyMode(mode_t mode, const Descriptor& file);
-void CopyChangeTime(const struct stat& model, const Descriptor& file);
+void CopyTimes(const struct stat& model, const Descriptor& file);
 
 }  // namespace qublet

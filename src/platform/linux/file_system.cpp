@@ -7,6 +7,7 @@
 
 #include <cstdlib>
 
+#include "platform/linux/attributes.h"
 #include "platform/linux/descriptor.h"
 #include "platform/linux/drives.h"
 #include "platform/linux/move.h"
@@ -35,13 +36,18 @@ std::string_view LastName(std::string_view path) {
   return path.substr(path.find_last_of("\\/") + 1);
 }
 
+bool SameFile(const std::string& one, const std::string& other) {
+  struct stat a {};
+  struct stat b {};
+  return stat(one.c_str(), &a) == 0 && stat(other.c_str(), &b) == 0 && a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
+
+// As the user came here, links kept, if the environment tells.
 std::string NativeCurrentFolder() {
-  struct stat here {};
-  struct stat named {};
   const char* shown = std::getenv("PWD");
-  if (shown != nullptr && *shown == '/' && stat(shown, &named) == 0 && stat(".", &here) == 0 &&
-      named.st_dev == here.st_dev && named.st_ino == here.st_ino) {
-    return PlainNativePath(shown);
+  if (shown != nullptr && *shown == '/') {
+    const std::string named = PlainNativePath(shown);
+    if (SameFile(named, ".")) return named;
   }
   char* place = getcwd(nullptr, 0);
   const std::string folder = place != nullptr ? place : "/";
@@ -55,12 +61,16 @@ struct CloseFolder {
 
 class LinuxFileSystem : public FileSystem {
  public:
-  LinuxFileSystem() : drives_(Drives::FindFolder()) {
-    current_native_ = NativeCurrentFolder();
-    if (!Guarded([&] { current_ = drives_.TextOf(current_native_); })) current_ = "z:\\";
+  LinuxFileSystem() : drives_(Drives::FindFolder()), current_native_(NativeCurrentFolder()) {
+    // Where no drive leads, relative paths would mean something that can't be said.
+    if (!Guarded([&] { current_ = drives_.TextOf(current_native_); })) ResumeNext([&] { Enter("z:\\"); });
   }
 
   std::optional<unsigned> Attributes(const std::string& path) const override;
+  void SetAttributes(const std::string& path, unsigned attributes) const override {
+    // A name that begins with a dot says it already.
+    SetAttributesOf(ToNative(path), IsHiddenName(LastName(path)) ? attributes & ~kHidden : attributes);
+  }
   std::int64_t FileLength(const std::string& path) const override;
   bool IsReadOnly(const std::string& path) const override;
   std::vector<FolderEntry> ReadFolder(const std::string& folder) const override;
@@ -87,29 +97,33 @@ class LinuxFileSystem : public FileSystem {
   std::string FromNative(const std::string& native) const override;
 
  private:
-  // Follows links. Throws Failure.
-  struct stat StatusAt(const std::string& path) const {
-    struct stat status {};
-    const std::string native = ToNative(path);
-    if (stat(native.c_str(), &status) != 0) FailWithErrno("examine", native);
-    return status;
-  }
+  // Follows links.
+  std::optional<struct stat> FindStatus(const std::string& path) const;
+  struct stat StatusAt(const std::string& path) const;
+  void Enter(const std::string& text);
 
   Drives drives_;
   std::string current_;         // as it was named, drive form
   std::string current_native_;  // the same place, absolute
 };
 
+std::optional<struct stat> LinuxFileSystem::FindStatus(const std::string& path) const {
+  struct stat status {};
+  std::string native;
+  if (!Guarded([&] { native = ToNative(path); }) || stat(native.c_str(), &status) != 0) return std::nullopt;
+  return status;
+}
+
+struct stat LinuxFileSystem::StatusAt(const std::string& path) const {
+  const auto status = FindStatus(path);
+  if (!status) throw Failure("there is no file \"" + path + "\"");
+  return *status;
+}
+
 std::optional<unsigned> LinuxFileSystem::Attributes(const std::string& path) const {
-  std::optional<unsigned> attributes;
-  ResumeNext([&] {
-    const struct stat status = StatusAt(path);
-    unsigned bits = S_ISDIR(status.st_mode) ? kFolder : kArchive;
-    if ((status.st_mode & S_IWUSR) == 0) bits |= kReadOnly;
-    if (IsHiddenName(LastName(path))) bits |= kHidden;
-    attributes = bits;
-  });
-  return attributes;
+  const auto status = FindStatus(path);
+  if (!status) return std::nullopt;
+  return AttributesOf(ToNative(path), *status) | (IsHiddenName(LastName(path)) ? kHidden : 0u);
 }
 
 std::int64_t LinuxFileSystem::FileLength(const std::string& path) const {
@@ -146,12 +160,9 @@ std::vector<FolderEntry> LinuxFileSystem::ReadFolder(const std::string& folder) 
 }
 
 std::optional<FolderIdentity> LinuxFileSystem::IdentityOf(const std::string& folder) const {
-  std::optional<FolderIdentity> identity;
-  ResumeNext([&] {
-    const struct stat status = StatusAt(folder);
-    if (S_ISDIR(status.st_mode)) identity = FolderIdentity{status.st_dev, status.st_ino};
-  });
-  return identity;
+  const auto status = FindStatus(folder);
+  if (!status || !S_ISDIR(status->st_mode)) return std::nullopt;
+  return FolderIdentity{status->st_dev, status->st_ino};
 }
 
 void LinuxFileSystem::DeleteFile(const std::string& path) const {
@@ -161,9 +172,8 @@ void LinuxFileSystem::DeleteFile(const std::string& path) const {
 
 void LinuxFileSystem::CopyFile(const std::string& source, const std::string& target) const {
   const auto input = OpenInput(ToNative(source));
-  Replacement copy(ToNative(target));
+  Replacement copy(ToNative(target), Replacement::Role::kCopy, input.get());
   copy.CopyFrom(*input, 0, input->Size());
-  copy.ResembleOnCommit(input->File(), false);
   copy.Commit();
 }
 
@@ -173,19 +183,20 @@ void LinuxFileSystem::CreateFolder(const std::string& path) const {
 }
 
 void LinuxFileSystem::SetCurrentFolder(const std::string& folder) {
-  std::string native = ToNative(folder);
-  std::string text;
-  if (HasDrive(folder)) {
-    const std::string plain = PlainNativePath(NativeFromText(folder.substr(2)));
-    text = {static_cast<char>(folder[0] | 0x20), ':'};
-    text += TextFromNative(plain);
-    native = ToNative(text);
-  } else {
-    text = FromNative(native);
-    native = ToNative(text);
+  std::string absolute = folder;
+  if (!HasDrive(folder)) {
+    absolute = ToNative(folder).starts_with('/') ? current_.substr(0, 2) + folder : current_ + "\\" + folder;
   }
+  Enter(absolute);
+}
+
+// `text` has a drive.
+void LinuxFileSystem::Enter(const std::string& text) {
+  const std::string below = PlainNativePath(NativeFromText(std::string_view(text).substr(2)));
+  const std::string native = drives_.RootOf(text[0]) + below;
   if (chdir(native.c_str()) != 0) FailWithErrno("enter", native);
-  current_ = text;
+  current_ = {static_cast<char>(text[0] | 0x20), ':'};
+  current_ += TextFromNative(below);
   current_native_ = PlainNativePath(native);
 }
 

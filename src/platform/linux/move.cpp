@@ -21,18 +21,27 @@ bool Exists(int folder, const std::string& native) {
   return fstatat(folder, native.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
-// For file systems that don't know a rename that never replaces.
-void MoveByLink(int folder, const std::string& from, const std::string& to) {
-  if (linkat(folder, from.c_str(), folder, to.c_str(), 0) == 0) {
-    if (unlinkat(folder, from.c_str(), 0) == 0) return;
-    const int error = errno;
-    unlinkat(folder, to.c_str(), 0);
-    errno = error;
-    FailWithErrno("rename", from);
-  }
-  if (errno == EEXIST || errno == EXDEV || errno == ENOENT) FailWithErrno("rename", from);
-  if (Exists(folder, to)) throw Failure("there is a file of this name already: " + to);
-  if (renameat(folder, from.c_str(), folder, to.c_str()) != 0) FailWithErrno("rename", from);
+// The three ways to rename give 0 or the error.
+int MoveByLink(int folder, const std::string& from, const std::string& to) {
+  if (linkat(folder, from.c_str(), folder, to.c_str(), 0) != 0) return errno;
+  if (unlinkat(folder, from.c_str(), 0) == 0) return 0;
+  const int error = errno;
+  unlinkat(folder, to.c_str(), 0);
+  return error;
+}
+
+int MoveAfterLooking(int folder, const std::string& from, const std::string& to) {
+  if (Exists(folder, to)) return EEXIST;
+  return renameat(folder, from.c_str(), folder, to.c_str()) == 0 ? 0 : errno;
+}
+
+// Not every file system knows a rename that never replaces, nor links; folders can't be linked anywhere.
+int MoveWithoutReplacing(int folder, const std::string& from, const std::string& to) {
+  if (renameat2(folder, from.c_str(), folder, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+  if (errno != EINVAL && errno != ENOSYS) return errno;
+  const int error = MoveByLink(folder, from, to);
+  const bool no_links = error == EPERM || error == ENOTSUP || error == ENOSYS || error == EMLINK;
+  return no_links ? MoveAfterLooking(folder, from, to) : error;
 }
 
 // On a file system that ignores case the target of a change of case seems to exist: it is the file itself. Two
@@ -52,6 +61,15 @@ bool IsChangeOfCase(const std::string& from, const std::string& to) {
   return !error;
 }
 
+// The name between keeps systems from taking both names for the same and doing nothing.
+int ChangeCase(const std::string& from, const std::string& to) {
+  const std::string between = to.substr(0, to.rfind('/') + 1) + TemporaryName();
+  if (const int error = MoveWithoutReplacing(AT_FDCWD, from, between)) return error;
+  const int error = MoveWithoutReplacing(AT_FDCWD, between, to);
+  if (error != 0) rename(between.c_str(), from.c_str());
+  return error;
+}
+
 bool SameContent(InputFile& a, InputFile& b) {
   if (a.Size() != b.Size()) return false;
   constexpr std::size_t kChunk = 64 * 1024;
@@ -67,10 +85,9 @@ bool SameContent(InputFile& a, InputFile& b) {
 
 void MoveAcross(const std::string& from, const std::string& to) {
   const auto source = OpenInput(from);
-  Replacement copy(to, Replacement::Present::kNeverTouched);
+  Replacement copy(to, Replacement::Role::kMoved, source.get());
   copy.CopyFrom(*source, 0, source->Size());
   if (!SameContent(*source, *copy.OpenWritten())) throw Failure("the copy differs: " + to);
-  copy.ResembleOnCommit(source->File(), true);
   copy.Commit();
   if (unlink(from.c_str()) == 0) return;
   const int error = errno;
@@ -81,19 +98,17 @@ void MoveAcross(const std::string& from, const std::string& to) {
 
 }  // namespace
 
-void MoveWithoutReplacing(int folder, const std::string& from, const std::string& to) {
-  if (renameat2(folder, from.c_str(), folder, to.c_str(), RENAME_NOREPLACE) == 0) return;
-  if (errno != EINVAL && errno != ENOSYS) FailWithErrno("rename", from);
-  MoveByLink(folder, from, to);
+void MoveInFolder(int folder, const std::string& from, const std::string& to) {
+  errno = MoveWithoutReplacing(folder, from, to);
+  if (errno != 0) FailWithErrno("rename", from);
 }
 
 void Move(const std::string& from, const std::string& to) {
-  if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return;
-  if (errno == EXDEV) return MoveAcross(from, to);
-  if (errno == EINVAL || errno == ENOSYS) return MoveByLink(AT_FDCWD, from, to);
-  if (errno != EEXIST) FailWithErrno("rename", from);
-  if (!IsChangeOfCase(from, to)) throw Failure("there is a file of this name already: " + to);
-  if (rename(from.c_str(), to.c_str()) != 0) FailWithErrno("rename", from);
+  int error = MoveWithoutReplacing(AT_FDCWD, from, to);
+  if (error == EXDEV) return MoveAcross(from, to);
+  if (error == EEXIST && IsChangeOfCase(from, to)) error = ChangeCase(from, to);
+  errno = error;
+  if (error != 0) FailWithErrno("rename", from);
 }
 
 }  // namespace qublet

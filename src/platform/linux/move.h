@@ -8,7 +8,7 @@ namespace qublet {
 // letter case. Across file systems a file is copied, checked and deleted. Throws Failure.
 void Move(const std::string& from, const std::string& to);
 
-// The same inside one file system, for paths relative to a folder's descriptor. Throws Failure.
-void MoveWithoutReplacing(int folder, const std::string& from, const std::string& to);
+// Renames inside one folder, given by its descriptor; an existing target is a failure. Throws Failure.
+void MoveInFolder(int folder, const std::string& from, const std::string& to);
 
 }  // namespace qublet

@@ -8,8 +8,7 @@ namespace {
 
 // O_NONBLOCK, because opening a pipe or a device could wait for ever before it can be seen what it is.
 Descriptor OpenRegular(const std::string& native, int access) {
-  Descriptor file = OpenAt(AT_FDCWD, native, access | O_NONBLOCK | O_NOCTTY);
-  return file;
+  return OpenAt(AT_FDCWD, native, access | O_NONBLOCK | O_NOCTTY);
 }
 
 class DescriptorInPlace : public InPlaceFile {

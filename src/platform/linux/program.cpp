@@ -1,18 +1,15 @@
 #include "platform/program.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <system_error>
+
+#include "platform/linux/user_folders.h"
 
 namespace qublet {
 namespace {
 
-std::string UserDataFolder() {
-  const char* data = std::getenv("XDG_DATA_HOME");
-  if (data != nullptr && *data == '/') return std::string(data) + "/velmora";
-  const char* home = std::getenv("HOME");
-  if (home == nullptr || *home != '/') throw Failure("this user has no home folder");
-  return std::string(home) + "/.local/share/velmora";
+std::string FolderOf(const std::string& path) {
+  return path.substr(0, path.rfind('\\'));
 }
 
 bool FilesCanBeMadeIn(const FileSystem& files, const std::string& folder) {
@@ -33,15 +30,14 @@ std::string ExecutablePath(const FileSystem& files) {
 }
 
 std::string ProgramFolder(const FileSystem& files) {
-  const std::string executable = ExecutablePath(files);
-  const std::string beside = executable.substr(0, executable.rfind('\\'));
-  if (FilesCanBeMadeIn(files, beside)) return beside;
+  std::string beside;
+  ResumeNext([&] { beside = FolderOf(ExecutablePath(files)); });
+  if (!beside.empty() && FilesCanBeMadeIn(files, beside)) return beside;
 
-  const std::string own = UserDataFolder();
-  std::error_code error;
-  std::filesystem::create_directories(own, error);
-  if (error) throw Failure("\"" + own + "\" can't be made: " + error.message());
-  return files.FromNative(own);
+  const std::string data = DataFolder();
+  if (data.empty()) throw Failure("this user has no home folder");
+  MakeFolders(data + "/velmora");
+  return files.FromNative(data + "/velmora");
 }
 
 }  // namespace qublet

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <stdio.h>
-#include <sys/random.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -46,29 +45,15 @@ Descriptor OpenFolder(const std::string& folder) {
   return readable.IsOpen() ? std::move(readable) : OpenAt(AT_FDCWD, native, O_PATH | O_DIRECTORY);
 }
 
-std::string TemporaryName() {
-  std::uint64_t number = 0;
-  if (getrandom(&number, sizeof number, 0) != sizeof number) FailWithErrno("make", "temporary name");
-  char name[32];
-  snprintf(name, sizeof name, ".qublet-%016llx", static_cast<unsigned long long>(number));
-  return name;
-}
-
 }  // namespace
 
-Replacement::Replacement(const std::string& native, Present present) : present_rule_(present) {
-  const Place place = present == Present::kReplaced ? FollowLinks(native) : SplitPlace(native);
+Replacement::Replacement(const std::string& native, Role role, DescriptorInput* source)
+    : role_(role), source_(source) {
+  const Place place = role == Role::kMoved ? SplitPlace(native) : FollowLinks(native);
   if (place.name.empty()) throw Failure("a folder can't be replaced: " + native);
   name_ = place.name;
   folder_ = OpenFolder(place.folder);
-
-  struct stat status {};
-  if (present == Present::kReplaced && fstatat(folder_.Get(), name_.c_str(), &status, 0) == 0) {
-    if (!S_ISREG(status.st_mode)) throw Failure("only a regular file can be replaced: " + native);
-    if (RefusesWriting(folder_.Get(), name_, status)) throw Failure("read-only: " + native);
-    present_status_ = status;
-    present_ = Descriptor(openat(folder_.Get(), name_.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-  }
+  FindPresent(native);
   OpenTemporary();
 }
 
@@ -76,9 +61,19 @@ Replacement::~Replacement() {
   if (!temporary_.empty()) unlinkat(folder_.Get(), temporary_.c_str(), 0);
 }
 
+void Replacement::FindPresent(const std::string& native) {
+  struct stat status {};
+  if (fstatat(folder_.Get(), name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return;
+  if (role_ == Role::kMoved) throw Failure("there is a file of this name already: " + native);
+  if (!S_ISREG(status.st_mode)) throw Failure("only a regular file can be replaced: " + native);
+  if (RefusesWriting(folder_.Get(), name_, status)) throw Failure("read-only: " + native);
+  present_ = status;
+  present_file_ = Descriptor(openat(folder_.Get(), name_.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
+}
+
 void Replacement::OpenTemporary() {
   // What replaces a private file must never be readable to others, not even for a moment.
-  const mode_t mode = present_status_ ? 0600 : 0666;
+  const mode_t mode = present_ || source_ != nullptr ? 0600 : 0666;
   const std::string name = TemporaryName();
   file_ = OpenAt(folder_.Get(), name, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, mode);
   temporary_ = name;
@@ -140,26 +135,18 @@ std::unique_ptr<InputFile> Replacement::OpenWritten() {
   return std::make_unique<DescriptorInput>(OpenAt(folder_.Get(), temporary_, O_RDONLY | O_NOFOLLOW));
 }
 
-void Replacement::ResembleOnCommit(const Descriptor& model, bool keep_owner) {
-  model_ = &model;
-  keep_owner_ = keep_owner;
-}
-
 void Replacement::CopyAttributes() {
-  if (model_ != nullptr) {
-    const struct stat status = StatusOf(*model_);
-    mode_t mode = status.st_mode;
-    if (keep_owner_) CopyOwner(status, file_, mode);
-    if (!keep_owner_ && present_status_) CopyOwner(*present_status_, file_, mode);
-    CopyMode(mode, file_);
-    CopyExtendedAttributes(*model_, file_);
-    CopyChangeTime(status, file_);
-  } else if (present_status_) {
-    mode_t mode = present_status_->st_mode;
-    CopyOwner(*present_status_, file_, mode);
-    CopyMode(mode, file_);
-    if (present_.IsOpen()) CopyExtendedAttributes(present_, file_);
-  }
+  const bool has_source = source_ != nullptr;
+  if (!has_source && !present_) return;
+  const struct stat model = has_source ? StatusOf(source_->File()) : *present_;
+  const Descriptor& model_file = has_source ? source_->File() : present_file_;
+
+  mode_t mode = model.st_mode;
+  if (role_ == Role::kMoved) CopyOwner(model, file_, mode);
+  if (present_) CopyOwner(*present_, file_, mode);
+  CopyMode(mode, file_);
+  if (model_file.IsOpen()) CopyExtendedAttributes(model_file, file_);
+  if (has_source) CopyTimes(model, file_);
 }
 
 void Replacement::Commit() {
@@ -167,13 +154,14 @@ void Replacement::Commit() {
   FlushBuffer();
   CopyAttributes();
   FlushToDisk(file_);
-  if (present_rule_ == Present::kNeverTouched) {
-    MoveWithoutReplacing(folder_.Get(), temporary_, name_);
+  if (role_ == Role::kMoved) {
+    MoveInFolder(folder_.Get(), temporary_, name_);
   } else if (renameat(folder_.Get(), temporary_.c_str(), folder_.Get(), name_.c_str()) != 0) {
     FailWithErrno("replace", name_);
   }
   temporary_.clear();
-  // From here on the new version stands, so a folder that can't be flushed is no failure any more.
+  file_ = Descriptor();
+  // The new version stands now, so a folder that can't be flushed is no failure any more.
   fsync(folder_.Get());
 }
 

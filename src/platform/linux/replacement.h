@@ -15,11 +15,16 @@ namespace qublet {
 // is held open, so that a change of the current folder meanwhile does no harm.
 class Replacement : public FileReplacement {
  public:
-  // What becomes of a file that stands at the target: it is replaced, or the whole undertaking fails.
-  enum class Present { kReplaced, kNeverTouched };
+  // What is written and whose mode, extended attributes and times it takes.
+  enum class Role {
+    kNewVersion,  // the present file's
+    kCopy,        // the source's; the owner stays that of the present file
+    kMoved,       // the source's, the owner too; a present file is a failure
+  };
 
-  // Throws Failure (see FileSystem::BeginReplacement).
-  explicit Replacement(const std::string& native, Present present = Present::kReplaced);
+  // `source` is the file copied or moved and lives as long as this. Throws Failure (see
+  // FileSystem::BeginReplacement).
+  explicit Replacement(const std::string& native, Role role = Role::kNewVersion, DescriptorInput* source = nullptr);
   ~Replacement() override;
 
   void Write(std::span<const std::uint8_t> bytes) override;
@@ -27,26 +32,22 @@ class Replacement : public FileReplacement {
   std::unique_ptr<InputFile> OpenWritten() override;
   void Commit() override;
 
-  // Commit takes mode, extended attributes and time from this file instead of the present one, and the owner too if
-  // `keep_owner`.
-  void ResembleOnCommit(const Descriptor& model, bool keep_owner);
-
  private:
+  void FindPresent(const std::string& native);
   void OpenTemporary();
   void FlushBuffer();
   std::int64_t CopyInKernel(const Descriptor& source, std::int64_t offset, std::int64_t length);
   void CopyAttributes();
 
+  Role role_;
+  DescriptorInput* source_;
   std::string name_;       // in folder_
   std::string temporary_;  // in folder_, "" when there is none (any more)
-  Present present_rule_;
   Descriptor folder_;
-  Descriptor present_;  // open when there is a present file that can be read
-  std::optional<struct stat> present_status_;
+  std::optional<struct stat> present_;
+  Descriptor present_file_;  // open when the present file can be read
   Descriptor file_;
   std::vector<std::uint8_t> buffer_;
-  const Descriptor* model_ = nullptr;
-  bool keep_owner_ = false;
 };
 
 }  // namespace qublet

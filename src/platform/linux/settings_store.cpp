@@ -17,7 +17,7 @@ namespace qublet {
 namespace {
 
 constexpr std::int64_t kMostBytes = 4 * 1024 * 1024;
-constexpr auto kLockPatience = std::chrono::seconds(5);
+constexpr auto kLockPatience = std::chrono::seconds(3);
 
 // Held while one process reads, changes and replaces a file. It ends with the process, however that ends.
 class FileLock {

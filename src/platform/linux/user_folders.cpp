@@ -8,11 +8,23 @@
 
 namespace qublet {
 
-std::string ConfigFolder() {
-  const char* config = std::getenv("XDG_CONFIG_HOME");
-  if (config != nullptr && *config == '/') return config;
+namespace {
+
+std::string UserFolder(const char* variable, const char* in_home) {
+  const char* folder = std::getenv(variable);
+  if (folder != nullptr && *folder == '/') return folder;
   const char* home = std::getenv("HOME");
-  return home != nullptr && *home == '/' ? std::string(home) + "/.config" : "";
+  return home != nullptr && *home == '/' ? std::string(home) + in_home : "";
+}
+
+}  // namespace
+
+std::string ConfigFolder() {
+  return UserFolder("XDG_CONFIG_HOME", "/.config");
+}
+
+std::string DataFolder() {
+  return UserFolder("XDG_DATA_HOME", "/.local/share");
 }
 
 void MakeFolders(const std::string& native) {

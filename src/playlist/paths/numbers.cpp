@@ -47,13 +47,6 @@ ParsedNumber ParseNumber(std::string_view text) {
   return {negative ? -value : value, sign + length};
 }
 
-double WholeTextAsNumber(std::string_view text) {
-  const std::string trimmed = Trim(text);
-  const ParsedNumber number = ParseNumber(trimmed);
-  if (number.length == 0 || number.length != trimmed.size()) throw Failure("not a number: " + trimmed);
-  return number.value;
-}
-
 }  // namespace
 
 std::int32_t CheckedMultiply32(std::int32_t a, std::int32_t b) {
@@ -76,12 +69,19 @@ std::int32_t RoundHalfEven(double value) {
   return static_cast<std::int32_t>(rounded);
 }
 
+double TextToNumber(std::string_view text) {
+  const std::string trimmed = Trim(text);
+  const ParsedNumber number = ParseNumber(trimmed);
+  if (number.length == 0 || number.length != trimmed.size()) throw Failure("not a number: " + trimmed);
+  return number.value;
+}
+
 std::int16_t TextToInteger16(std::string_view text) {
   return ToInteger16(TextToInteger32(text));
 }
 
 std::int32_t TextToInteger32(std::string_view text) {
-  return RoundHalfEven(WholeTextAsNumber(text));
+  return RoundHalfEven(TextToNumber(text));
 }
 
 double LeadingNumber(std::string_view text) {

@@ -20,7 +20,8 @@ std::int16_t ToInteger16(std::int64_t value);
 std::int32_t RoundHalfEven(double value);
 
 // Text to number: the whole text must be a decimal number (blanks around it, a sign, a fraction and an exponent are
-// allowed) and is rounded half to even into the range. Throws Failure on anything else, "" included.
+// allowed). The integers are rounded half to even into the range. Throws Failure on anything else, "" included.
+double TextToNumber(std::string_view text);
 std::int16_t TextToInteger16(std::string_view text);
 std::int32_t TextToInteger32(std::string_view text);
 

@@ -1,0 +1,251 @@
+#include "app/Main.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QHeaderView>
+
+#include "app/appearance.h"
+#include "app/command_line.h"
+#include "app/commands.h"
+#include "platform/program.h"
+#include "playlist/list_status.h"
+#include "playlist/paths/folder_walk.h"
+#include "playlist/paths/formats.h"
+#include "playlist/selection.h"
+#include "settings/application.h"
+
+namespace qublet {
+
+Main::Main(Document& document, AppSettings& settings, Services services, Session::Places places)
+    : document_(document),
+      settings_(settings),
+      services_(services),
+      thousands_separator_(UserThousandsSeparator()),
+      rows_(std::make_unique<RowModel>(document.ListView1)) {
+  setupUi(this);
+  BuildList();
+  BuildStatusBar();
+  BuildMenus(*MainMenu, *this);
+  BuildRecentMenu();
+  MainView& view = *this;
+  Session::Window& window = *this;
+  feedback_ = std::make_unique<WindowFeedback>(*ListView1, *Panels[3], this);
+  items_ = std::make_unique<Items>(document_, services_.files, *feedback_, view, thousands_separator_);
+  playlist_files_ = std::make_unique<PlaylistFiles>(
+      document_, *items_, settings_,
+      PlaylistFiles::Services{services_.files, services_.dialogs, services_.clock, *feedback_}, view);
+  session_ = std::make_unique<Session>(document_, settings_, *items_, services_.files, services_.store,
+                                       services_.startup, std::move(places), window);
+  Connect();
+}
+
+Main::~Main() = default;
+
+void Main::BuildList() {
+  ListView1->ShowRows(rows_.get());
+  for (int column = 0; column < kColumnCount; ++column) {
+    const int width = kColumns[static_cast<std::size_t>(column)].width;
+    ListView1->setColumnHidden(column, width == 0);
+    if (width > 0) ListView1->setColumnWidth(column, width);
+  }
+}
+
+void Main::BuildStatusBar() {
+  constexpr std::array<const char*, 4> kNames{"Count", "Length", "Size", "Activity"};
+  for (std::size_t i = 0; i < Panels.size(); ++i) {
+    Panels[i] = new QLabel(StatusBar1);
+    Panels[i]->setObjectName(QStringLiteral("Panel%1").arg(i + 1));
+    Panels[i]->setAccessibleName(QString::fromUtf8(kNames[i]));
+    Panels[i]->setTextFormat(Qt::PlainText);
+    const bool last = i + 1 == Panels.size();
+    Panels[i]->setMinimumWidth(last ? 0 : 110);
+    // A long path in the last panel is cut, it never widens the window.
+    if (last) Panels[i]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    StatusBar1->addWidget(Panels[i], last ? 1 : 0);
+  }
+}
+
+void Main::BuildRecentMenu() {
+  auto* menu = MainMenu->findChild<QMenu*>(QStringLiteral("MFileRec"));
+  for (std::size_t i = 0; i < MFileRecent.size(); ++i) {
+    const int number = static_cast<int>(i) + 1;
+    MFileRecent[i] = menu->addAction(QString());
+    MFileRecent[i]->setObjectName(QStringLiteral("MFileRecent%1").arg(number));
+    connect(MFileRecent[i], &QAction::triggered, this,
+            [this, number] { playlist_files_->MFileRecent_Click(number); });
+  }
+  RefreshRecentMenu();
+}
+
+void Main::Connect() {
+  connect(ListView1, &RowList::rowsSelected, this, [this] { ListView1_Click(); });
+  connect(ListView1, &RowList::filesDropped, this, &Main::ListView1_FilesDropped);
+  connect(ListView1, &RowList::keyPressed, this, &Main::ListView1_KeyDown);
+}
+
+void Main::Load(const std::string& command_line, QWidget* splash) {
+  document_.Dropping = false;
+  ListView1_Click();
+  items_->MEditSelNone_Click();
+  ShowCaption();
+  if (session_->FirstStart()) {
+    session_->BeginFirstStart();
+  } else {
+    session_->SetFormState(false);
+  }
+  SetMenuBitmaps();
+  DetectPlayer();
+  LoadPluginMenu();
+  if (splash != nullptr) splash->hide();
+  // The tip and toolbar timers start here.
+  MFileNew_Click();
+  OpenCommandLine(command_line);
+  RegisterAccessoryTools();
+  // The update timer starts here.
+  document_.PlaylistChanged = false;
+  ListView1_Click();
+}
+
+void Main::OpenCommandLine(const std::string& command_line) {
+  if (command_line.empty()) {
+    if (settings_.RESPLAYLIST) items_->AddStuff(session_->LastPlaylist(), false);
+    return;
+  }
+  switch (GetPlatformId()) {
+    case 2:
+      OpenCommandLineSplit(*items_, command_line);
+      break;
+    case 3:
+      OpenCommandLineQuoted(*items_, command_line);
+      break;
+    default:
+      break;
+  }
+}
+
+void Main::closeEvent(QCloseEvent* event) {
+  // The window never closes by itself: leaving is the unload's affair.
+  event->ignore();
+  if (!feedback_->Busy()) Form_Unload();
+}
+
+void Main::Form_Unload() {
+  if (!playlist_files_->PromptSaveFirst()) return;
+  session_->SetFormState(true);
+  QCoreApplication::exit(0);
+}
+
+void Main::MFileNew_Click() {
+  playlist_files_->MFileNew_Click();
+}
+void Main::MFileOpen_Click() {
+  playlist_files_->MFileOpen_Click();
+}
+void Main::MFileImport_Click() {
+  playlist_files_->OpenPlaylistFile(true);
+}
+void Main::MFileSave_Click() {
+  playlist_files_->SavePlaylistFile(false, false);
+}
+void Main::MFileSaveAs_Click() {
+  playlist_files_->SavePlaylistFile(true, false);
+}
+void Main::MFileSaveRel_Click() {
+  playlist_files_->SavePlaylistFile(true, true);
+}
+void Main::MFileExit_Click() {
+  Form_Unload();
+}
+void Main::MEditSelNone_Click() {
+  items_->MEditSelNone_Click();
+}
+
+void Main::MEditAddDir_Click() {
+  const std::optional<std::string> path =
+      services_.dialogs.BrowseForFolder("Select Folder...", document_.WorkFolder, true);
+  if (path) {
+    document_.WorkFolder = *path;
+    items_->AddStuff(*path, true);
+  }
+  ListView1_Click();
+}
+
+void Main::MEditRemove_Click() {
+  RemoveSelectedRows(document_);
+  ListView1_Click();
+}
+
+void Main::MEditSelAll_Click() {
+  document_.ListView1.SelectWhere([](int, const Row&) { return true; });
+  ListView1_Click();
+}
+
+void Main::MViewRefresh_Click() {
+  items_->MViewRefresh_Click();
+}
+
+void Main::ListView1_KeyDown(int key) {
+  if (key == Qt::Key_Insert) MEditAddDir_Click();
+  if (key == Qt::Key_Delete) MEditRemove_Click();
+}
+
+void Main::ListView1_FilesDropped(const QStringList& native_paths, QPoint point) {
+  if (feedback_->Busy()) return;
+  document_.Dropping = true;
+  // Going backwards with one insertion point keeps the order of the names.
+  const int at = ListView1->GetRowAtPoint(point.y()) + 1;
+  for (auto path = native_paths.crbegin(); path != native_paths.crend(); ++path) {
+    ResumeNext([&] {
+      int InsertPoint = at;
+      items_->AddStuff(services_.files.FromNative(path->toStdString()), true, InsertPoint);
+    });
+  }
+  document_.Dropping = false;
+  ListView1_Click();
+}
+
+void Main::ListView1_Click() {
+  const ListStatus status = WorkOutStatus(document_.ListView1, services_.files, thousands_separator_);
+  for (std::size_t i = 0; i < status.panels.size(); ++i) Panels[i]->setText(QString::fromStdString(status.panels[i]));
+}
+
+void Main::ShowCaption() {
+  setWindowTitle(QString::fromStdString(CaptionText(AppTitle(), document_.CurrentPlaylist)));
+}
+
+void Main::RefreshRecentMenu() {
+  const Collection captions = RecentCaptions(document_.RecentFiles, settings_);
+  MainMenu->findChild<QMenu*>(QStringLiteral("MFileRec"))->setEnabled(!captions.empty());
+  for (std::size_t i = 0; i < MFileRecent.size(); ++i) {
+    const bool used = i < captions.size();
+    // An ampersand in a name is no mark for a key.
+    MFileRecent[i]->setText(used ? QString::fromStdString(captions[i]).replace(u'&', QStringLiteral("&&"))
+                                 : QString());
+    MFileRecent[i]->setVisible(used);
+  }
+}
+
+void Main::ApplyQUBLETSettings() {
+  ApplyListLook(settings_, *ListView1);
+  StatusBar1->setVisible(settings_.SA);
+  MainMenu->setVisible(settings_.Visible);
+  ApplyPlace(settings_, *this);
+}
+
+void Main::CopyState(AppSettings& settings) {
+  WindowState state = StateOf(*this, *ListView1, *StatusBar1, settings);
+  state.toolbar_shown = settings.TA;
+  CopyWindowState(state, settings);
+}
+
+ColumnWidths Main::DefColumnWidths() const {
+  ColumnWidths widths{};
+  for (std::size_t i = 0; i < widths.size(); ++i) widths[i] = static_cast<std::int16_t>(kColumns[i].width);
+  return widths;
+}
+
+ScreenSize Main::Screen() const {
+  return ScreenInTwips();
+}
+
+}  // namespace qublet

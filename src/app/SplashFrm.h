@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+
+#include "ui_SplashFrm.h"
+
+namespace qublet {
+
+// What the user sees while the program starts. Its timer hands over to the main window.
+class SplashFrm : public QWidget, private Ui::SplashFrm {
+  Q_OBJECT
+
+ public:
+  // `ShowMain` makes the main window, loads it to its end and shows it; it runs once, from the timer.
+  explicit SplashFrm(std::function<void(QWidget& splash)> ShowMain);
+
+ private:
+  void Timer1_Timer();
+
+  std::function<void(QWidget& splash)> show_main_;
+  QTimer Timer1;
+};
+
+}  // namespace qublet

@@ -1,0 +1,71 @@
+#include "app/appearance.h"
+
+#include <QFont>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QScreen>
+
+namespace qublet {
+
+QColor ColourFromSetting(std::int32_t colour) {
+  return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
+}
+
+void ApplyListLook(const AppSettings& settings, RowList& list) {
+  QPalette palette = list.palette();
+  const QColor back = ColourFromSetting(settings.BC);
+  const QColor text = ColourFromSetting(settings.FC);
+  palette.setColor(QPalette::Base, back);
+  palette.setColor(QPalette::AlternateBase, back);
+  palette.setColor(QPalette::Text, text);
+  list.setPalette(palette);
+
+  QFont font(QString::fromStdString(settings.Name), settings.Size);
+  font.setItalic(settings.Italic);
+  font.setBold(settings.Bold);
+  font.setStrikeOut(settings.Strikethrough);
+  font.setUnderline(settings.Underline);
+  list.setFont(font);
+  list.header()->setFont(QGuiApplication::font());
+
+  for (std::size_t i = 0; i < settings.TV.size(); ++i) {
+    const int column = static_cast<int>(i);
+    list.setColumnHidden(column, !settings.TX[i] || settings.TV[i] <= 0);
+    if (settings.TX[i] && settings.TV[i] > 0) list.setColumnWidth(column, settings.TV[i]);
+  }
+}
+
+void ApplyPlace(const AppSettings& settings, QMainWindow& window) {
+  window.resize(settings.W / kTwipsPerPixel, settings.H / kTwipsPerPixel);
+  window.move(settings.L / kTwipsPerPixel, settings.T / kTwipsPerPixel);
+}
+
+namespace {
+
+std::int32_t InTwips(int pixels, std::int16_t present) {
+  return present / kTwipsPerPixel == pixels ? present : pixels * kTwipsPerPixel;
+}
+
+}  // namespace
+
+WindowState StateOf(const QMainWindow& window, const RowList& list, const QStatusBar& status_bar,
+                    const AppSettings& settings) {
+  WindowState state;
+  state.top = InTwips(window.y(), settings.T);
+  state.left = InTwips(window.x(), settings.L);
+  state.width = InTwips(window.width(), settings.W);
+  state.height = InTwips(window.height(), settings.H);
+  for (std::size_t i = 0; i < state.column_widths.size(); ++i) {
+    state.column_widths[i] = list.columnWidth(static_cast<int>(i));
+  }
+  state.status_bar_shown = !status_bar.isHidden();
+  return state;
+}
+
+ScreenSize ScreenInTwips() {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  const QSize size = screen != nullptr ? screen->size() : QSize(1024, 768);
+  return {size.width() * kTwipsPerPixel, size.height() * kTwipsPerPixel};
+}
+
+}  // namespace qublet

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QColor>
+#include <QMainWindow>
+#include <QStatusBar>
+
+#include "playlist/ui/row_list.h"
+#include "settings/window_state.h"
+
+namespace qublet {
+
+// Between the settings record and the look of the main window. Geometry in the record is in twips (1/1440 inch, 15 a
+// pixel at 96 dpi), colours have red in the low byte.
+
+inline constexpr int kTwipsPerPixel = 15;
+
+QColor ColourFromSetting(std::int32_t colour);
+
+// Colours, font, column widths of the list.
+void ApplyListLook(const AppSettings& settings, RowList& list);
+// How the window stands now, for the record.
+// A value of the record that stands for the same pixel stays as it is.
+WindowState StateOf(const QMainWindow& window, const RowList& list, const QStatusBar& status_bar,
+                    const AppSettings& settings);
+// Place and size of the window.
+void ApplyPlace(const AppSettings& settings, QMainWindow& window);
+// The whole screen in the record's units.
+ScreenSize ScreenInTwips();
+
+}  // namespace qublet

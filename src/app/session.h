@@ -1,0 +1,64 @@
+#pragma once
+
+#include <string>
+
+#include "platform/file_system.h"
+#include "platform/settings_store.h"
+#include "platform/startup_entry.h"
+#include "playlist/items.h"
+#include "settings/app_settings.h"
+
+namespace qublet {
+
+// What is kept from one session to the next, and what a start brings back.
+class Session {
+ public:
+  // The window's part in it.
+  class Window {
+   public:
+    virtual ~Window() = default;
+    virtual void ApplyQUBLETSettings() = 0;
+    virtual void CopyState(AppSettings& settings) = 0;  // what the window looks like now, into the record
+    virtual ColumnWidths DefColumnWidths() const = 0;
+    virtual ScreenSize Screen() const = 0;
+    virtual void ShowRecentFiles() = 0;
+    virtual void Relayout() = 0;
+  };
+
+  struct Places {
+    std::string AppKey;
+    std::string program_folder;  // drive form, no trailing "\"; "" when there is none
+  };
+
+  Session(Document& document, AppSettings& settings, Items& items, FileSystem& files, SettingsStore& store,
+          StartupEntries& startup, Places places, Window& window);
+
+  // True on the first start for this user: no earlier start has left its mark in the store. Marks this one.
+  bool FirstStart() const { return first_start_; }
+
+  // Stores what is to be kept (`SetReg` True) or brings it back. A step that fails is skipped and the next one runs.
+  void SetFormState(bool SetReg);
+  // The defaults of a first start, shown and written at once.
+  void BeginFirstStart();
+
+  // "last.m3u" in the program folder: the list of the last session.
+  std::string LastPlaylist() const { return places_.program_folder + "\\last.m3u"; }
+
+ private:
+  void LoadRecord();
+  void RestoreWorkFolder();
+  void RestoreRecentFiles();
+  void StoreList();
+
+  Document& document_;
+  AppSettings& settings_;
+  Items& items_;
+  FileSystem& files_;
+  SettingsStore& store_;
+  StartupEntries& startup_;
+  Places places_;
+  Window& window_;
+  bool first_start_ = false;
+};
+
+}  // namespace qublet

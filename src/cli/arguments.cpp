@@ -1,0 +1,38 @@
+#include "cli/arguments.h"
+
+#include <algorithm>
+#include <ostream>
+
+namespace qublet {
+
+bool TakeOption(Arguments& arguments, const std::string& option) {
+  const auto end = std::find(arguments.begin(), arguments.end(), "--");
+  const auto place = std::find(arguments.begin(), end, option);
+  if (place == end) return false;
+  arguments.erase(place);
+  return true;
+}
+
+std::string UnknownOption(Arguments& arguments) {
+  const auto end = std::find(arguments.begin(), arguments.end(), "--");
+  const auto place =
+      std::find_if(arguments.begin(), end, [](const std::string& text) { return text.size() > 1 && text[0] == '-'; });
+  if (place != end) return *place;
+  if (end != arguments.end()) arguments.erase(end);
+  return "";
+}
+
+std::string PathFromArgument(const FileSystem& files, const std::string& argument) {
+  const bool letter =
+      !argument.empty() && ((argument[0] >= 'a' && argument[0] <= 'z') || (argument[0] >= 'A' && argument[0] <= 'Z'));
+  const bool drive_form =
+      letter && argument.size() > 1 && argument[1] == ':' && (argument.size() == 2 || argument[2] == '\\');
+  return drive_form ? argument : files.FromNative(argument);
+}
+
+int Complain(std::ostream& err, const std::string& text, ExitCode code) {
+  err << "qublet: " << text << "\n";
+  return code;
+}
+
+}  // namespace qublet

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+#include "platform/file_system.h"
+
+namespace qublet {
+
+// What the program ends with.
+enum ExitCode : int { kDone = 0, kCouldNot = 1, kWrongUse = 2 };
+
+using Arguments = std::vector<std::string>;
+
+// What every command works with: its arguments (without the command's own name), the system, where it prints.
+struct CommandContext {
+  Arguments arguments;
+  FileSystem& files;
+  std::ostream& out;
+  std::ostream& err;
+};
+
+// Takes the option out of the arguments; True when it was there. What follows "--" is no option.
+bool TakeOption(Arguments& arguments, const std::string& option);
+// The first argument that looks like an option and wasn't taken, "" when there is none. Drops a "--" on the way.
+std::string UnknownOption(Arguments& arguments);
+
+// A path as people type it, native or in drive form ("c:\music"), in drive form. Throws Failure when no drive leads
+// there.
+std::string PathFromArgument(const FileSystem& files, const std::string& argument);
+
+// Prints "qublet: ..." to `err` and gives the exit code back.
+int Complain(std::ostream& err, const std::string& text, ExitCode code);
+
+}  // namespace qublet

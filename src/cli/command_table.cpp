@@ -1,0 +1,61 @@
+#include "cli/command_table.h"
+
+#include <algorithm>
+#include <array>
+#include <ostream>
+
+#include "cli/list_command.h"
+#include "cli/name_command.h"
+#include "cli/save_command.h"
+#include "settings/application.h"
+
+namespace qublet {
+namespace {
+
+struct CliCommand {
+  const char* name;
+  const char* usage;
+  const char* help;
+  int (*run)(CommandContext& context);
+};
+
+// Every tool of the program has its row here.
+constexpr std::array kCliCommands{
+    CliCommand{"list", "list [--json] PATH...", "print the rows that files, folders and playlists give", ListCommand},
+    CliCommand{"save", "save [--relative] [--replace] OUT PATH...", "write them into a playlist (.m3u or .m3u8)",
+               SaveCommand},
+    CliCommand{"name", "name FORMAT PATH", "print the playlist name that a naming format gives for a path",
+               NameCommand},
+};
+
+void PrintHelp(std::ostream& out) {
+  out << "Usage: qublet COMMAND ...\n\n";
+  for (const CliCommand& command : kCliCommands) out << "  " << command.usage << "\n      " << command.help << "\n";
+  out << "  --version\n      print the version\n  help\n      print this page\n\n"
+         "Paths are native or in drive form (\"c:\\music\"). What could not be done ends with 1, wrong use with 2.\n";
+}
+
+}  // namespace
+
+int RunCommand(const Arguments& arguments, FileSystem& files, std::ostream& out, std::ostream& err) {
+  if (arguments.empty()) return Complain(err, "a command is wanted; see 'qublet help'", kWrongUse);
+  const std::string& name = arguments.front();
+  if (name == "help" || name == "--help") {
+    PrintHelp(out);
+    return kDone;
+  }
+  if (name == "--version") {
+    const ProgramVersion version;
+    out << "qublet " << version.major_number << "." << version.minor_number << "." << version.revision << "\n";
+    return kDone;
+  }
+  const auto* const command =
+      std::find_if(kCliCommands.begin(), kCliCommands.end(), [&](const CliCommand& row) { return name == row.name; });
+  if (command == kCliCommands.end()) {
+    return Complain(err, "no such command: " + name + "; see 'qublet help'", kWrongUse);
+  }
+  CommandContext context{{arguments.begin() + 1, arguments.end()}, files, out, err};
+  return command->run(context);
+}
+
+}  // namespace qublet

@@ -1,0 +1,83 @@
+#include "cli/list_command.h"
+
+#include <algorithm>
+#include <ostream>
+
+#include "cli/json_text.h"
+#include "playlist/items.h"
+#include "playlist/paths/file_details.h"
+
+namespace qublet {
+namespace {
+
+// A cell can't hold the marks that part cells and rows.
+std::string Plain(std::string cell) {
+  std::replace_if(
+      cell.begin(), cell.end(), [](char c) { return c == '\t' || c == '\n' || c == '\r'; }, ' ');
+  return cell;
+}
+
+void PrintTable(const RowStore& rows, std::ostream& out) {
+  for (int column = 0; column < kColumnCount; ++column) {
+    out << (column > 0 ? "\t" : "") << kColumns[static_cast<std::size_t>(column)].header;
+  }
+  out << "\n";
+  for (int i = 1; i <= rows.Count(); ++i) {
+    for (int column = 0; column < kColumnCount; ++column) {
+      out << (column > 0 ? "\t" : "") << Plain(rows.At(i).cells[static_cast<std::size_t>(column)]);
+    }
+    out << "\n";
+  }
+}
+
+void PrintJson(const RowStore& rows, std::ostream& out) {
+  for (int i = 1; i <= rows.Count(); ++i) {
+    const Row& row = rows.At(i);
+    out << "{";
+    for (std::size_t column = 0; column < kColumns.size(); ++column) {
+      out << JsonText(kColumns[column].header) << ": " << JsonText(row.cells[column]) << ", ";
+    }
+    out << "\"State\": " << static_cast<int>(row.icon) << "}\n";
+  }
+}
+
+}  // namespace
+
+bool AddPaths(Document& document, CommandContext& context, const Arguments& paths) {
+  Feedback feedback;
+  MainView view;
+  Items items(document, context.files, feedback, view, ",");
+  bool all_there = true;
+  // Playlists change the current folder: what the user typed counts from the folder of the start.
+  Collection absolute;
+  for (const std::string& path : paths) {
+    std::string found;
+    ResumeNext([&] { found = PathFromArgument(context.files, path); });
+    if (!FileExists(context.files, found)) {
+      Complain(context.err, "no such file or folder: " + path, kCouldNot);
+      all_there = false;
+      found.clear();
+    }
+    absolute.push_back(found);
+  }
+  for (std::size_t i = 0; i < absolute.size(); ++i) {
+    if (absolute[i].empty() || items.AddStuff(absolute[i], false)) continue;
+    Complain(context.err, "nothing to list in: " + paths[i], kCouldNot);
+    all_there = false;
+  }
+  return all_there;
+}
+
+int ListCommand(CommandContext& context) {
+  const bool json = TakeOption(context.arguments, "--json");
+  const std::string unknown = UnknownOption(context.arguments);
+  if (!unknown.empty()) return Complain(context.err, "list: unknown option " + unknown, kWrongUse);
+  if (context.arguments.empty()) return Complain(context.err, "list: a path is wanted", kWrongUse);
+
+  Document document;
+  const bool all_there = AddPaths(document, context, context.arguments);
+  json ? PrintJson(document.ListView1, context.out) : PrintTable(document.ListView1, context.out);
+  return all_there ? kDone : kCouldNot;
+}
+
+}  // namespace qublet

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "cli/arguments.h"
+#include "playlist/document.h"
+
+namespace qublet {
+
+// Adds what the arguments name to the document, as a drop on the list would. False when a path isn't there or holds
+// nothing for the list: each is told to `err`, the others are added all the same.
+bool AddPaths(Document& document, CommandContext& context, const Arguments& paths);
+
+// "list [--json] PATH...": the rows, tab-separated below a line of the column texts, or one JSON object a line.
+int ListCommand(CommandContext& context);
+
+}  // namespace qublet

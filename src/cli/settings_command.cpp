@@ -1,0 +1,79 @@
+#include "cli/settings_command.h"
+
+#include <algorithm>
+
+#include "platform/failure.h"
+#include "settings/application.h"
+#include "settings/setting_rows.h"
+
+namespace qublet {
+namespace {
+
+enum ExitCode { kDone = 0, kCouldNot = 1, kWrongUse = 2 };
+
+int List(const SettingsStore& store, std::ostream& out) {
+  for (const Setting& setting : store.AllSettings(AppKey()))
+    out << setting.section << '\t' << setting.key << '\t' << setting.value << '\n';
+  return kDone;
+}
+
+int Get(const SettingsStore& store, const std::string& section, const std::string& key, std::ostream& out) {
+  const std::vector<Setting> all = store.AllSettings(AppKey());
+  const auto found = std::ranges::find_if(
+      all, [&](const Setting& setting) { return setting.section == section && setting.key == key; });
+  if (found == all.end()) return kCouldNot;
+  out << found->value << '\n';
+  return kDone;
+}
+
+// What a value of this row may be, in a few words.
+std::string Wanted(const SettingRow& row) {
+  switch (row.code) {
+    case SettingCode::kWord:
+      return "True or False";
+    case SettingCode::kFlag:
+      return "1 or 0";
+    case SettingCode::kText:
+      return "a text of up to " + std::to_string(row.most) + " characters";
+    default:
+      return "a number from " + std::to_string(row.least) + " to " + std::to_string(row.most);
+  }
+}
+
+// Whether the program would read the value back as what it says.
+bool Fits(const SettingRow& row, const std::string& text) {
+  const std::optional<SettingValue> value = ReadSetting(row, text);
+  if (row.code == SettingCode::kText) return text.empty() || (value && std::get<std::string>(*value) == text);
+  if (!value) return false;
+  const auto* number = std::get_if<std::int32_t>(&*value);
+  return number == nullptr || (row.least <= *number && *number <= row.most);
+}
+
+int Set(SettingsStore& store, const Setting& setting, std::ostream& err) {
+  const SettingRow* row = FindSettingRow(setting.section, setting.key);
+  if (row != nullptr && !Fits(*row, setting.value)) {
+    err << "qublet: " << setting.section << ' ' << setting.key << " takes " << Wanted(*row) << '\n';
+    return kCouldNot;
+  }
+  try {
+    store.SaveSettings(AppKey(), {setting});
+    return kDone;
+  } catch (const Failure& failure) {
+    err << "qublet: " << failure.what() << '\n';
+    return kCouldNot;
+  }
+}
+
+}  // namespace
+
+int SettingsCommand(const std::vector<std::string>& arguments, SettingsStore& store, std::ostream& out,
+                    std::ostream& err) {
+  const std::string verb = arguments.empty() ? "list" : arguments[0];
+  if (verb == "list" && arguments.size() <= 1) return List(store, out);
+  if (verb == "get" && arguments.size() == 3) return Get(store, arguments[1], arguments[2], out);
+  if (verb == "set" && arguments.size() == 4) return Set(store, {arguments[1], arguments[2], arguments[3]}, err);
+  err << "usage: qublet settings [list | get SECTION KEY | set SECTION KEY VALUE]\n";
+  return kWrongUse;
+}
+
+}  // namespace qublet

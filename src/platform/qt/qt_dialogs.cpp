@@ -1,0 +1,122 @@
+#include "platform/qt/qt_dialogs.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QRegularExpression>
+
+#include "platform/qt/BrowseForm.h"
+
+namespace qublet {
+namespace {
+
+QMessageBox::StandardButtons ButtonsFor(MessageButtons buttons) {
+  switch (buttons) {
+    case MessageButtons::kYesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+    case MessageButtons::kYesNoCancel:
+      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case MessageButtons::kOk:
+      break;
+  }
+  return QMessageBox::Ok;
+}
+
+QMessageBox::Icon IconFor(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::kStop:
+      return QMessageBox::Critical;
+    case MessageIcon::kExclamation:
+      return QMessageBox::Warning;
+    case MessageIcon::kQuestion:
+      return QMessageBox::Question;
+    case MessageIcon::kInformation:
+      break;
+  }
+  return QMessageBox::Information;
+}
+
+// "Description|*.a|Other|*.b|" as Qt wants it: a description and a pattern in brackets each.
+QStringList NameFilters(const std::string& filter) {
+  static const QRegularExpression kBrackets(QStringLiteral(R"(\s*\([^)]*\)\s*$)"));
+  const QStringList parts = QString::fromStdString(filter).split(u'|', Qt::SkipEmptyParts);
+  QStringList filters;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    filters << QStringLiteral("%1 (%2)").arg(QString(parts[i]).remove(kBrackets), parts[i + 1]);
+  }
+  return filters;
+}
+
+QString ExtensionOf(const QString& name_filter) {
+  return name_filter.section(u"*."_qs, 1).chopped(1);
+}
+
+}  // namespace
+
+MessageAnswer QtDialogs::ShowMessage(const std::string& text, MessageIcon icon, MessageButtons buttons) {
+  QMessageBox box(IconFor(icon), title_, QString::fromStdString(text), ButtonsFor(buttons), owner_);
+  box.setTextFormat(Qt::PlainText);
+  switch (box.exec()) {
+    case QMessageBox::Yes:
+      return MessageAnswer::kYes;
+    case QMessageBox::No:
+      return MessageAnswer::kNo;
+    case QMessageBox::Ok:
+      return MessageAnswer::kOk;
+    default:
+      break;
+  }
+  return buttons == MessageButtons::kOk      ? MessageAnswer::kOk
+         : buttons == MessageButtons::kYesNo ? MessageAnswer::kNo
+                                             : MessageAnswer::kCancel;
+}
+
+std::optional<std::string> QtDialogs::AskForFile(const FileRequest& request, bool saving) {
+  QFileDialog dialog(owner_);
+  dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  const QStringList filters = NameFilters(request.filter);
+  dialog.setNameFilters(filters);
+  dialog.setDefaultSuffix(QString::fromStdString(request.default_extension));
+  // The type chosen in the list gives a bare name its extension.
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                   [&dialog](const QString& filter) { dialog.setDefaultSuffix(ExtensionOf(filter)); });
+
+  if (!last_folder_.isEmpty()) dialog.setDirectory(last_folder_);
+  ResumeNext([&] {
+    if (request.file_name.empty()) return;
+    const QString native = QString::fromStdString(files_.ToNative(request.file_name));
+    const QFileInfo start(native.section(u'*', 0, 0));
+    const bool pattern = native.contains(u'*');
+    dialog.setDirectory(pattern && start.isDir() ? start.absoluteFilePath() : start.absolutePath());
+    if (!pattern) dialog.selectFile(start.fileName());
+    if (filters.size() > 1 && start.suffix() == ExtensionOf(filters[1])) dialog.selectNameFilter(filters[1]);
+  });
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  last_folder_ = dialog.directory().absolutePath();
+  std::optional<std::string> chosen;
+  ResumeNext([&] { chosen = files_.FromNative(dialog.selectedFiles().constFirst().toStdString()); });
+  return chosen;
+}
+
+std::optional<std::string> QtDialogs::ShowOpen(const FileRequest& request) {
+  return AskForFile(request, false);
+}
+
+std::optional<std::string> QtDialogs::ShowSave(const FileRequest& request) {
+  return AskForFile(request, true);
+}
+
+std::optional<std::string> QtDialogs::BrowseForFolder(const std::string& title, const std::string& start_folder,
+                                                      bool files_too) {
+  BrowseForm browser(QString::fromStdString(title), files_too ? file_patterns_ : QStringList(), owner_);
+  ResumeNext([&] { browser.Preselect(QString::fromStdString(files_.ToNative(start_folder))); });
+  std::optional<std::string> chosen;
+  if (browser.exec() == QDialog::Accepted) {
+    ResumeNext([&] { chosen = files_.FromNative(browser.Chosen().toStdString()); });
+  }
+  return chosen;
+}
+
+}  // namespace qublet

@@ -1,0 +1,121 @@
+#include "playlist/items.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "playlist/batch_reader.h"
+#include "playlist/m3u_lines.h"
+#include "playlist/paths/file_details.h"
+#include "playlist/paths/folder_walk.h"
+#include "playlist/paths/path_text.h"
+#include "playlist/paths/text.h"
+#include "playlist/row_filling.h"
+
+namespace qublet {
+
+bool Items::AddFile(const std::string& filename, int Index, int OrigIndex) {
+  RowStore& list = document_.ListView1;
+  const int index = Index < 1 ? list.Count() + 1 : Index;
+  std::vector<Row> rows(1);
+  const bool filled =
+      ReadRow(files_, filename, OrigIndex != 0 ? OrigIndex : index, thousands_separator_, rows.front());
+  return Guarded([&] { list.Insert(index, std::move(rows)); }) && filled;
+}
+
+void Items::AddByKind(const FileDetails& details, int InsertPoint) {
+  if (details.IsFolder) {
+    DestroyFileArray(document_);
+    WalkFolder(files_, feedback_, details.Path, FileFilters(), document_.FileArray, true, false);
+    LoadFileArrayToList(InsertPoint);
+    return;
+  }
+  if (!details.IsFile) return;
+  for (const std::string& filter : FileFilters()) {
+    if ("*" + details.Extension == filter && !AddFile(details.Path, InsertPoint, 0)) {
+      throw Failure("the row couldn't be added");
+    }
+  }
+  if (!IsPlaylistExtension(details.Extension)) return;
+  files_.SetCurrentFolder(ReplaceAll(details.Path, "\\" + GetFileName(details.Path), ""));
+  DestroyFileArray(document_);
+  if (ReadPlaylistLines(files_, details.Path, document_.FileArray)) LoadFileArrayToList(InsertPoint);
+}
+
+bool Items::AddStuff(std::string filename, bool ReSelect, int& InsertPoint) {
+  const WaitCursor wait(feedback_);
+  RowStore& list = document_.ListView1;
+  bool added = false;
+  ResumeNext([&] {
+    const int before = list.Count();
+    if (InsertPoint < 1) InsertPoint = before + 1;
+    FileDetails details;
+    GetFileDetails(files_, filename, details);
+    AddByKind(details, InsertPoint);
+
+    const int after = list.Count();
+    if (after == before) return;
+    if (ReSelect) {
+      MEditSelNone_Click();
+      SelectRowRange(InsertPoint - 1, after - before + InsertPoint - 1);
+      list.EnsureVisible(InsertPoint);
+    }
+    document_.PlaylistChanged = true;
+    added = true;
+  });
+  return added;
+}
+
+void Items::SaveFileArrayFromList(bool Mode) {
+  const WaitCursor wait(feedback_);
+  const RowStore& list = document_.ListView1;
+  for (int i = 1; i <= list.Count(); ++i) {
+    if (Mode || list.At(i).selected) document_.FileArray.push_back(list.At(i).FullPath());
+  }
+}
+
+void Items::LoadFileArrayToList(int InsertPoint) {
+  const WaitCursor wait(feedback_);
+  RowStore& list = document_.ListView1;
+  const int base = list.Count();
+  // "Original Order" is a 16-bit number: the items beyond it are refused one by one, which leaves the first ones.
+  std::vector<std::string> paths = document_.FileArray;
+  paths.resize(std::min(paths.size(), static_cast<std::size_t>(RowStore::MaxRows - base)));
+
+  feedback_.BeginProgress("Get File Info...", static_cast<int>(document_.FileArray.size()));
+  ResumeNext([&] {
+    std::vector<Row> rows = ReadRows(files_, paths, base + 1, thousands_separator_, feedback_);
+    // Without an insertion point each row would go to the end, the last one first.
+    if (InsertPoint < 1) std::reverse(rows.begin(), rows.end());
+    list.Insert(InsertPoint < 1 ? base + 1 : InsertPoint, std::move(rows));
+  });
+  feedback_.EndProgress();
+}
+
+void Items::SelectRowRange(int first, int last) {
+  {
+    const WaitCursor wait(feedback_);
+    const RowStore::Bulk bulk(document_.ListView1);
+    for (int i = first + 1; i <= last; ++i) document_.ListView1.SetSelected(i, true);
+  }
+  if (!document_.Dropping) view_.ListView1_Click();
+}
+
+void Items::MEditSelNone_Click() {
+  {
+    const WaitCursor wait(feedback_);
+    document_.ListView1.SelectWhere([](int, const Row&) { return false; });
+  }
+  view_.ListView1_Click();
+}
+
+void Items::MViewRefresh_Click() {
+  if (document_.ListView1.Count() == 0) return;
+  DestroyFileArray(document_);
+  SaveFileArrayFromList(true);
+  document_.ListView1.Clear();
+  LoadFileArrayToList(1);
+  MEditSelNone_Click();
+}
+
+}  // namespace qublet

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "platform/feedback.h"
+#include "platform/file_system.h"
+#include "playlist/document.h"
+#include "playlist/main_view.h"
+#include "playlist/paths/file_details.h"
+
+namespace qublet {
+
+// The ways into the list: one file becomes a row, a folder or a playlist becomes a batch of rows.
+class Items {
+ public:
+  Items(Document& document, FileSystem& files, Feedback& feedback, MainView& view, std::string thousands_separator)
+      : document_(document),
+        files_(files),
+        feedback_(feedback),
+        view_(view),
+        thousands_separator_(std::move(thousands_separator)) {}
+
+  // Adds a row for `filename` before row `Index`, or at the end if that is below 1. "Original Order" becomes
+  // `OrigIndex`, or the row's own index if that is 0. False when the list is full, the index is past its end, or a
+  // step failed (the row then stays with what was written).
+  bool AddFile(const std::string& filename, int Index, int OrigIndex);
+
+  // Expands what the user named (an audio file, a folder with all below it, a playlist) into rows before row
+  // `InsertPoint`, which becomes the end of the list if it is below 1. True when at least one row was added. After a
+  // playlist its folder is the current one.
+  bool AddStuff(std::string filename, bool ReSelect, int& InsertPoint);
+  bool AddStuff(const std::string& filename, bool ReSelect) {
+    int at_the_end = 0;
+    return AddStuff(filename, ReSelect, at_the_end);
+  }
+
+  // Appends the full paths of all rows (`Mode` True) or of the selected ones to `FileArray`.
+  void SaveFileArrayFromList(bool Mode);
+  // Makes a row of each path in `FileArray`, in their order, before row `InsertPoint` (1 or more), behind the
+  // `Status` progress window. What doesn't fit the list is left out.
+  void LoadFileArrayToList(int InsertPoint);
+
+  // "Select &None".
+  void MEditSelNone_Click();
+  // "Refresh": reads every row from disk again; the current order becomes the original one, marks are lost.
+  void MViewRefresh_Click();
+
+ private:
+  void AddByKind(const FileDetails& details, int InsertPoint);
+  void SelectRowRange(int first, int last);
+
+  Document& document_;
+  FileSystem& files_;
+  Feedback& feedback_;
+  MainView& view_;
+  std::string thousands_separator_;
+};
+
+}  // namespace qublet

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/file_system.h"
+#include "playlist/paths/collections.h"
+
+namespace qublet {
+
+// Playlist files: plain lines of paths. ".m3u" is code page text with CR LF ends and paths in drive form; ".m3u8" is
+// UTF-8 with this system's own paths and line ends, so that every player here can open it.
+
+// Whether an extension (lower case, with its dot) is that of a playlist or of a bookmark file, which reads alike.
+bool IsPlaylistExtension(std::string_view extension);
+
+// Appends the lines of a playlist that name audio files: empty lines and lines that begin with "#" are skipped, and a
+// line is kept once for each extension of FileFilters that it holds anywhere, in any case. A drive letter becomes
+// lower case; a path in this system's own form becomes one in drive form. True when any was found; False too when the
+// file can't be read.
+bool ReadPlaylistLines(const FileSystem& files, const std::string& path, Collection& lines);
+
+// The same on a playlist's content already in memory. `native` says that the paths are in this system's form.
+bool ReadPlaylistText(const FileSystem& files, std::string_view bytes, bool native, Collection& lines);
+
+// Replaces `path` by a playlist of `lines`, in the form that its extension asks for; with `Relative` the playlist's
+// own folder and its "\" are cut from every line. False on any error; the old file is then as it was.
+bool WritePlaylistLines(const FileSystem& files, const std::string& path, Collection lines, bool Relative);
+
+}  // namespace qublet

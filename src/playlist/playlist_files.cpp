@@ -1,0 +1,171 @@
+#include "playlist/playlist_files.h"
+
+#include "playlist/m3u_lines.h"
+#include "playlist/paths/collections.h"
+#include "playlist/paths/file_details.h"
+#include "playlist/paths/path_text.h"
+#include "playlist/paths/playlist_name.h"
+#include "playlist/paths/text.h"
+#include "playlist/recent_files.h"
+
+namespace qublet {
+namespace {
+
+constexpr const char* kPlaylistFilter = "M3U Playlist Files (*.m3u)|*.m3u|M3U8 Playlist Files (*.m3u8)|*.m3u8|";
+constexpr const char* kDefaultName = "playlist.m3u";
+
+}  // namespace
+
+std::string CaptionText(const std::string& AppTitle, const std::string& CurrentPlaylist) {
+  if (CurrentPlaylist.empty()) return AppTitle;
+  return AppTitle + "[" + GetFileName(CurrentPlaylist) + "]";
+}
+
+bool PlaylistFiles::OpenPlaylistFile(bool Import) {
+  FileRequest request{"", kPlaylistFilter, "m3u"};
+  const std::string start = Trim(settings_.Idir);
+  if (Import && FileExists(services_.files, start)) request.file_name = start + "*.m3u";
+  const std::optional<std::string> chosen = services_.dialogs.ShowOpen(request);
+  if (!chosen) return false;
+
+  if (Import) {
+    document_.PlaylistChanged = true;
+  } else {
+    if (!PromptSaveFirst()) return false;
+    document_.ListView1.Clear();
+    document_.PlaylistChanged = false;
+  }
+  const bool added = items_.AddStuff(*chosen, Import);
+  if (added && !Import) {
+    document_.CurrentPlaylist = NormalizedPath(*chosen);
+    view_.ShowCaption();
+    AddRecent();
+  }
+  items_.MEditSelNone_Click();
+  return added;
+}
+
+void PlaylistFiles::MFileOpen_Click() {
+  if (OpenPlaylistFile(false)) document_.PlaylistChanged = false;
+}
+
+void PlaylistFiles::MFileNew_Click() {
+  if (!PromptSaveFirst()) return;
+  document_.ListView1.Clear();
+  view_.ListView1_Click();
+  document_.PlaylistChanged = false;
+  document_.CurrentPlaylist.clear();
+  view_.ShowCaption();
+}
+
+void PlaylistFiles::MFileRecent_Click(int Index) {
+  if (!PromptSaveFirst()) return;
+  const int count = static_cast<int>(document_.RecentFiles.size());
+  if (Index < 1 || Index > count) return;
+  const std::string path = document_.RecentFiles[static_cast<std::size_t>(count - Index)];
+  if (!FileExists(services_.files, path)) {
+    services_.dialogs.ShowMessage("Could not open the file, check that it hasnt been moved, renamed or deleted!",
+                                  MessageIcon::kStop, MessageButtons::kOk);
+    return;
+  }
+  document_.ListView1.Clear();
+  if (items_.AddStuff(path, true)) {
+    document_.CurrentPlaylist = path;
+    view_.ShowCaption();
+  }
+  document_.PlaylistChanged = false;
+  view_.ListView1_Click();
+}
+
+bool PlaylistFiles::PromptSaveFirst() {
+  if (!document_.PlaylistChanged || document_.ListView1.Count() == 0) return true;
+  switch (services_.dialogs.ShowMessage("Do you want to save the current playlist first?", MessageIcon::kQuestion,
+                                        MessageButtons::kYesNoCancel)) {
+    case MessageAnswer::kYes:
+      return SavePlaylistFile(false, false);
+    case MessageAnswer::kNo:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool PlaylistFiles::CheckExists(const std::string& filename) {
+  FileDetails details;
+  std::string path = filename;
+  GetFileDetails(services_.files, path, details);
+  if (!details.IsFile) return false;
+  return services_.dialogs.ShowMessage(filename + " exists, do you want to replace it?", MessageIcon::kQuestion,
+                                       MessageButtons::kYesNoCancel) != MessageAnswer::kYes;
+}
+
+std::string PlaylistFiles::NameFor(const std::string& common) {
+  std::string format = Trim(settings_.DefSName);
+  return MakePlaylistName(format, common, services_.clock);
+}
+
+std::string PlaylistFiles::ProposeRelativeName(bool& Relative) {
+  const std::string common = FindCommonFolder(document_.FileArray);
+  if (!common.empty()) return common + "\\" + NameFor(common);
+  services_.dialogs.ShowMessage(
+      "This playlist cannot be saved to a relative directory because it points to files at different Root locations "
+      "or items that are pointed to incorrectly.",
+      MessageIcon::kInformation, MessageButtons::kOk);
+  Relative = false;
+  return NormalizedPath(services_.files.CurrentFolder()) + "\\" + kDefaultName;
+}
+
+std::string PlaylistFiles::ProposeName() {
+  if (!document_.CurrentPlaylist.empty()) return document_.CurrentPlaylist;
+  const std::string common = FindCommonFolder(document_.FileArray);
+  const std::string name = common.empty() ? kDefaultName : NameFor(common);
+  return NormalizedPath(services_.files.CurrentFolder()) + "\\" + name;
+}
+
+bool PlaylistFiles::AskForTarget(bool& Relative, std::string& target) {
+  const std::string proposed = Relative ? ProposeRelativeName(Relative) : ProposeName();
+  const std::optional<std::string> chosen = services_.dialogs.ShowSave({proposed, kPlaylistFilter, "m3u"});
+  if (chosen) target = *chosen;
+  return chosen.has_value();
+}
+
+bool PlaylistFiles::SavePlaylistFile(bool AsNew, bool Relative) {
+  if (document_.ListView1.Count() == 0) return false;
+  bool saved = false;
+  ResumeNext([&] {
+    DestroyFileArray(document_);
+    items_.SaveFileArrayFromList(true);
+    std::string target = document_.CurrentPlaylist;
+    if ((AsNew || target.empty()) && !AskForTarget(Relative, target)) return;
+    FileDetails details;
+    GetFileDetails(services_.files, target, details);
+    if (CheckExists(details.Path)) return;
+    saved = WriteTo(details.Path, Relative);
+  });
+  return saved;
+}
+
+bool PlaylistFiles::WriteTo(const std::string& path, bool Relative) {
+  DestroyFileArray(document_);
+  items_.SaveFileArrayFromList(true);
+  const WaitCursor wait(services_.feedback);
+  services_.feedback.ShowActivity("Saving file: " + path);
+  const bool written = WritePlaylistLines(services_.files, path, document_.FileArray, Relative);
+  if (written) {
+    document_.CurrentPlaylist = path;
+    view_.ShowCaption();
+    AddRecent();
+    document_.PlaylistChanged = false;
+  } else {
+    services_.dialogs.ShowMessage("Unable to write to the specified file.", MessageIcon::kStop, MessageButtons::kOk);
+  }
+  services_.feedback.ShowActivity("");
+  return written;
+}
+
+void PlaylistFiles::AddRecent() {
+  AddRecentFile(document_.RecentFiles, document_.CurrentPlaylist, settings_);
+  view_.RefreshRecentMenu();
+}
+
+}  // namespace qublet

@@ -1,0 +1,116 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/failure.h"
+#include "playlist/columns.h"
+
+namespace qublet {
+
+// The small icon of a row is its state. "Marked" means blue or above.
+enum class RowIcon : std::uint8_t { kNormal = 1, kMissing = 2, kBlue = 3, kGreen = 4, kRed = 5 };
+
+struct Row {
+  std::array<std::string, kColumnCount> cells;  // by Column; the numbers are kept as text
+  std::string key;
+  std::string tag;
+  RowIcon icon = RowIcon::kNormal;
+  bool ghosted = false;
+  bool selected = false;
+
+  // The one way to get a path from a row.
+  std::string FullPath() const { return cells[kPath] + cells[kFileName]; }
+};
+
+// Who shows the rows hears of each change here. A Before call is always followed by its After call.
+class RowListener {
+ public:
+  virtual ~RowListener() = default;
+  virtual void BeforeInsert(int first, int count) = 0;
+  virtual void AfterInsert() = 0;
+  virtual void BeforeRemove(int first, int count) = 0;
+  virtual void AfterRemove() = 0;
+  virtual void BeforeReset() = 0;
+  virtual void AfterReset() = 0;
+  virtual void RowsChanged(int first, int last) = 0;  // cells, icons or selection of these rows
+  virtual void FocusMoved() = 0;
+  virtual void ShowRow(int index) = 0;  // scroll so that the row can be seen
+};
+
+// The rows of the playlist: the document itself. Rows are numbered from 1; every index out of range is a Failure.
+// A change tells the listener at once, except inside a Bulk, at whose end the listener hears of all of it in one go.
+class RowStore {
+ public:
+  static constexpr int MaxRows = 32767;
+
+  RowStore() = default;
+  RowStore(const RowStore&) = delete;
+  RowStore& operator=(const RowStore&) = delete;
+
+  void SetListener(RowListener* listener) { listener_ = listener; }
+
+  int Count() const { return static_cast<int>(rows_.size()); }
+  const Row& At(int index) const { return *rows_[Place(index)]; }
+
+  // Inserts before row `index` (1 to Count() + 1), keeping the order of `rows`. Throws Failure when they don't all
+  // fit; nothing is inserted then.
+  void Insert(int index, std::vector<Row> rows);
+  void Remove(int index);
+  // Removes every row that `doomed` names (it may be asked twice); gives how many went. Linear in the rows.
+  int RemoveIf(const std::function<bool(const Row&)>& doomed);
+  void Clear();
+
+  void SetCell(int index, int column, std::string text);
+  void SetIcon(int index, RowIcon icon);
+  void SetGhosted(int index, bool ghosted);
+  void SetSelected(int index, bool selected);
+  // Each row's selected state becomes what `wanted` answers for its index; one notice for all.
+  void SelectWhere(const std::function<bool(int index, const Row& row)>& wanted);
+  int SelectedCount() const;
+
+  // Exchanges all that two rows hold but their selected states. Row b ends selected, focused and shown.
+  void SwapRows(int a, int b);
+
+  // The focused row, 0 when there is none. It stays with its row when others come and go.
+  int FocusedRow() const { return focused_; }
+  void SetFocusedRow(int index);
+  // Makes a row the focused one and scrolls to it.
+  void EnsureVisible(int index);
+
+  // While one lives the listener is not told of single changes.
+  class Bulk {
+   public:
+    explicit Bulk(RowStore& rows) : rows_(rows) { ++rows_.bulk_; }
+    ~Bulk() { rows_.EndBulk(); }
+    Bulk(const Bulk&) = delete;
+    Bulk& operator=(const Bulk&) = delete;
+
+   private:
+    RowStore& rows_;
+  };
+
+ private:
+  std::size_t Place(int index) const;
+  void TellChanged(int first, int last);
+  bool BeginStructureChange();  // true when the listener is to hear of this change by itself
+  void MoveFocus(int index);
+  void EndBulk();
+
+  std::vector<std::unique_ptr<Row>> rows_;
+  RowListener* listener_ = nullptr;
+  int focused_ = 0;
+  int bulk_ = 0;
+  bool bulk_reset_ = false;
+  bool bulk_focus_ = false;
+  int bulk_show_ = 0;
+  int bulk_first_ = 0;  // 0: nothing changed yet
+  int bulk_last_ = 0;
+};
+
+}  // namespace qublet

@@ -1,0 +1,65 @@
+#include "playlist/ui/row_selection.h"
+
+#include <QSignalBlocker>
+
+namespace qublet {
+namespace {
+
+std::vector<char> FlagsOf(const RowStore& rows) {
+  std::vector<char> flags(static_cast<std::size_t>(rows.Count()));
+  for (int i = 1; i <= rows.Count(); ++i) flags[static_cast<std::size_t>(i - 1)] = rows.At(i).selected;
+  return flags;
+}
+
+}  // namespace
+
+RowSelection::RowSelection(RowModel* model, QObject* parent) : QItemSelectionModel(model, parent), model_(*model) {}
+
+void RowSelection::select(const QModelIndex& index, SelectionFlags command) {
+  select(QItemSelection(index, index), command);
+}
+
+void RowSelection::MarkRanges(const QItemSelection& selection, std::vector<char>& touched) const {
+  for (const QItemSelectionRange& range : selection) {
+    for (int row = std::max(range.top(), 0); row <= range.bottom(); ++row) {
+      if (static_cast<std::size_t>(row) < touched.size()) touched[static_cast<std::size_t>(row)] = 1;
+    }
+  }
+}
+
+void RowSelection::select(const QItemSelection& selection, SelectionFlags command) {
+  if (command == NoUpdate) return;
+  RowStore& rows = model_.Rows();
+  const auto count = static_cast<std::size_t>(rows.Count());
+  // A range being drawn starts again from the flags that stood before it.
+  if (!(command & Current) || base_.size() != count) base_ = FlagsOf(rows);
+  if (command & Clear) base_.assign(count, 0);
+  std::vector<char> touched(count, 0);
+  MarkRanges(selection, touched);
+  rows.SelectWhere([&](int index, const Row&) {
+    const auto i = static_cast<std::size_t>(index - 1);
+    if (!touched[i]) return base_[i] != 0;
+    return command & Toggle ? base_[i] == 0 : command & Select ? true : command & Deselect ? false : base_[i] != 0;
+  });
+  if (!(command & Current)) base_.clear();
+  emit rowsSelected();
+}
+
+void RowSelection::clear() {
+  select(QItemSelection(), Clear);
+  clearCurrentIndex();
+}
+
+void RowSelection::reset() {
+  // The model was laid anew: the flags are the rows' own, only Qt's notion of a current index is void.
+  const QSignalBlocker blocker(this);
+  base_.clear();
+  clearCurrentIndex();
+}
+
+void RowSelection::setCurrentIndex(const QModelIndex& index, SelectionFlags command) {
+  QItemSelectionModel::setCurrentIndex(index, command);
+  if (index.isValid()) model_.Rows().SetFocusedRow(index.row() + 1);
+}
+
+}  // namespace qublet

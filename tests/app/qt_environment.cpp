@@ -1,0 +1,27 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <memory>
+
+namespace {
+
+// One QApplication for all tests of the program, on the offscreen platform unless the caller names another.
+class QtEnvironment : public testing::Environment {
+ public:
+  void SetUp() override {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    application_ = std::make_unique<QApplication>(argument_count_, arguments_);
+    QApplication::setQuitOnLastWindowClosed(false);
+  }
+  void TearDown() override { application_.reset(); }
+
+ private:
+  int argument_count_ = 1;
+  char name_[9] = "QUBLET20";
+  char* arguments_[2] = {name_, nullptr};
+  std::unique_ptr<QApplication> application_;
+};
+
+[[maybe_unused]] const auto* const kEnvironment = testing::AddGlobalTestEnvironment(new QtEnvironment);
+
+}  // namespace

@@ -1,0 +1,134 @@
+#include <gtest/gtest.h>
+
+#include <QCloseEvent>
+
+#include "support/main_window.h"
+
+namespace qublet {
+namespace {
+
+class StartAndExit : public testing::Test {
+ protected:
+  StartAndExit() {
+    window.drives.Write("a.mp3", kNoise);
+    window.drives.Write("b c.mp3", kNoise);
+  }
+
+  std::string Stored(const char* section, const char* key) {
+    return window.store.GetSetting("QUBLET2021", section, key);
+  }
+
+  MainWindow window;
+};
+
+TEST_F(StartAndExit, AFirstStartWritesTheDefaultsAtOnceAndNoList) {
+  window.Start();
+  EXPECT_EQ(Stored("Startup", "insl"), "c:\\program\\QUBLET20.exe");
+  EXPECT_EQ(Stored("SSE", "V"), "1");
+  EXPECT_EQ(Stored("PS", "T"), "1900");
+  EXPECT_EQ(Stored("PS", "W"), "7920");
+  EXPECT_FALSE(std::filesystem::exists(window.drives.C() / "program/last.m3u"));
+  EXPECT_EQ(window.Caption(), "[Velmora] M3U Playlist Editor v2.1b");
+}
+
+TEST_F(StartAndExit, BringsTheListOfTheLastSessionBack) {
+  window.Start();
+  window.Add("c:\\a.mp3");
+  window.dialogs.answers = {MessageAnswer::kNo};
+  window.main->close();
+  EXPECT_EQ(window.drives.Read("program/last.m3u"), "c:\\a.mp3\r\n");
+  window.Restart();
+  EXPECT_EQ(window.Names(), "a.mp3");
+  EXPECT_FALSE(window.document->PlaylistChanged);
+  EXPECT_EQ(window.document->CurrentPlaylist, "");
+  EXPECT_TRUE(window.document->RecentFiles.empty());
+  EXPECT_EQ(window.Panel(1), "Total: 1");
+}
+
+TEST_F(StartAndExit, AnEmptyListLeavesTheEarlierOneForTheNextStart) {
+  window.drives.Write("program/last.m3u", "c:\\a.mp3\r\n");
+  window.Start();
+  window.Run("MFileNew");
+  window.main->close();
+  window.Restart();
+  EXPECT_EQ(window.Names(), "a.mp3");
+}
+
+TEST_F(StartAndExit, TheCommandLineWinsOverTheLastList) {
+  window.drives.Write("program/last.m3u", "c:\\a.mp3\r\n");
+  window.Start("\"c:\\b c.mp3\"");
+  EXPECT_EQ(window.Names(), "b c.mp3");
+  EXPECT_FALSE(window.document->PlaylistChanged);
+}
+
+TEST_F(StartAndExit, CancelKeepsTheProgramRunningWithNothingWritten) {
+  window.Start();
+  window.Add("c:\\a.mp3");
+  const int saves = window.store.saves;
+  window.dialogs.answers = {MessageAnswer::kCancel};
+  window.main->close();
+  EXPECT_TRUE(window.main->isVisible());
+  EXPECT_EQ(window.store.saves, saves);
+  EXPECT_FALSE(std::filesystem::exists(window.drives.C() / "program/last.m3u"));
+}
+
+TEST_F(StartAndExit, WithoutSavingSettingsOnlyTheRecentListIsKept) {
+  window.Start();
+  window.main->close();
+  window.store.SaveSetting("QUBLET2021", "SSE", "V", "0");
+  window.Restart();
+  window.drives.Write("list.m3u", "c:\\a.mp3\r\n");
+  window.dialogs.open_names.push_back("c:\\list.m3u");
+  window.Run("MFileOpen");
+  window.settings->RCount = 3;
+  window.main->close();
+  EXPECT_EQ(Stored("RF", "20"), "c:\\list.m3u");
+  EXPECT_EQ(Stored("SSE", "RCount"), "10");
+  EXPECT_FALSE(std::filesystem::exists(window.drives.C() / "program/last.m3u"));
+}
+
+TEST_F(StartAndExit, ReadsAsManyRecentFilesAsAreWanted) {
+  window.Start();
+  window.store.SaveSettings("QUBLET2021",
+                            {{"RF", "18", "c:\\1.m3u"}, {"RF", "19", "c:\\2.m3u"}, {"RF", "20", "c:\\3.m3u"}});
+  window.store.SaveSetting("QUBLET2021", "SSE", "RCount", "2");
+  window.Restart();
+  EXPECT_EQ(window.document->RecentFiles, (Collection{"c:\\2.m3u", "c:\\3.m3u"}));
+  EXPECT_EQ(window.Action("MFileRecent1")->text().toStdString(), "1: 3.m3u");
+}
+
+TEST_F(StartAndExit, PurgesRecentFilesThatAreGone) {
+  window.drives.Write("2.m3u", "");
+  window.Start();
+  window.store.SaveSettings("QUBLET2021",
+                            {{"RF", "19", "c:\\2.m3u"}, {"RF", "20", "c:\\3.m3u"}, {"SSE", "RPurge", "True"}});
+  window.Restart();
+  EXPECT_EQ(window.document->RecentFiles, (Collection{"c:\\2.m3u"}));
+}
+
+TEST_F(StartAndExit, RestoresTheWorkFolderAndMakesItCurrent) {
+  std::filesystem::create_directory(window.drives.C() / "music");
+  window.Start();
+  window.store.SaveSetting("QUBLET2021", "RF", "Wkdir", "c:\\music");
+  window.Restart();
+  EXPECT_EQ(window.document->WorkFolder, "c:\\music");
+  EXPECT_EQ(window.files->CurrentFolder(), "c:\\music");
+}
+
+TEST_F(StartAndExit, DeletesTemporaryFilesAtExit) {
+  window.drives.Write("preview.htm", "x");
+  window.Start();
+  window.document->TempFiles = {"c:\\preview.htm", "c:\\gone.htm"};
+  window.main->close();
+  EXPECT_FALSE(std::filesystem::exists(window.drives.C() / "preview.htm"));
+}
+
+TEST_F(StartAndExit, AStoreThatCannotBeWrittenIsNobodysBusiness) {
+  window.store.refuses_to_save = true;
+  window.Start();
+  window.main->close();
+  EXPECT_TRUE(window.dialogs.messages.empty());
+}
+
+}  // namespace
+}  // namespace qublet

@@ -1,0 +1,78 @@
+#include "cli/settings_command.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "support/fake_settings_store.h"
+
+namespace qublet {
+namespace {
+
+class SettingsCommandTest : public testing::Test {
+ protected:
+  int Run(const std::vector<std::string>& arguments) {
+    out_.str("");
+    err_.str("");
+    return SettingsCommand(arguments, store_, out_, err_);
+  }
+  std::string Stored(const std::string& section, const std::string& key) const {
+    return store_.GetSetting("QUBLET2021", section, key);
+  }
+
+  FakeSettingsStore store_;
+  std::ostringstream out_;
+  std::ostringstream err_;
+};
+
+TEST_F(SettingsCommandTest, SetsGetsAndLists) {
+  EXPECT_EQ(Run({"set", "SSE", "RCount", "12"}), 0);
+  EXPECT_EQ(Run({"set", "RF", "W", "c:\\winamp.bm"}), 0);
+  EXPECT_EQ(Stored("SSE", "RCount"), "12");
+  EXPECT_EQ(Run({"get", "SSE", "RCount"}), 0);
+  EXPECT_EQ(out_.str(), "12\n");
+  EXPECT_EQ(Run({"list"}), 0);
+  EXPECT_EQ(out_.str(), "SSE\tRCount\t12\nRF\tW\tc:\\winamp.bm\n");
+  EXPECT_EQ(Run({}), 0);
+  EXPECT_EQ(out_.str(), "SSE\tRCount\t12\nRF\tW\tc:\\winamp.bm\n");
+  EXPECT_EQ(err_.str(), "");
+}
+
+TEST_F(SettingsCommandTest, TellsAnAbsentValueFromAnEmptyOne) {
+  EXPECT_EQ(Run({"get", "SSE", "Idir"}), 1);
+  EXPECT_EQ(out_.str(), "");
+  EXPECT_EQ(Run({"set", "SSE", "Idir", ""}), 0);
+  EXPECT_EQ(Run({"get", "SSE", "Idir"}), 0);
+  EXPECT_EQ(out_.str(), "\n");
+}
+
+TEST_F(SettingsCommandTest, RefusesWhatTheProgramCouldNotReadBack) {
+  EXPECT_EQ(Run({"set", "SSE", "RCount", "many"}), 1);
+  EXPECT_EQ(err_.str(), "qublet: SSE RCount takes a number from 1 to 20\n");
+  EXPECT_EQ(Run({"set", "SSE", "RCount", "21"}), 1);
+  EXPECT_EQ(Run({"set", "Menu", "Visible", "Yes"}), 1);
+  EXPECT_EQ(err_.str(), "qublet: Menu Visible takes True or False\n");
+  EXPECT_EQ(Run({"set", "VE", "TA", "True"}), 1);
+  EXPECT_EQ(err_.str(), "qublet: VE TA takes 1 or 0\n");
+  EXPECT_EQ(Run({"set", "TableFont", "Name", std::string(101, 'x')}), 1);
+  EXPECT_EQ(err_.str(), "qublet: TableFont Name takes a text of up to 100 characters\n");
+  EXPECT_EQ(store_.saves, 0);
+}
+
+TEST_F(SettingsCommandTest, SaysWhenAValueCanNotBeKept) {
+  store_.refuses_to_save = true;
+  EXPECT_EQ(Run({"set", "SSE", "V", "0"}), 1);
+  EXPECT_EQ(err_.str(), "qublet: the store is read-only\n");
+}
+
+TEST_F(SettingsCommandTest, ShowsItsUseForAnythingElse) {
+  for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
+           {"get"}, {"get", "SSE"}, {"set", "SSE", "V"}, {"set", "SSE", "V", "1", "2"}, {"list", "SSE"}, {"drop"}}) {
+    EXPECT_EQ(Run(arguments), 2);
+    EXPECT_TRUE(err_.str().starts_with("usage: qublet settings"));
+  }
+  EXPECT_EQ(store_.saves, 0);
+}
+
+}  // namespace
+}  // namespace qublet

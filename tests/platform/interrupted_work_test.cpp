@@ -1,0 +1,161 @@
+#include <gtest/gtest.h>
+
+#include "support/faults.h"
+#include "support/file_system_test_base.h"
+
+namespace qublet {
+namespace {
+
+namespace fs = std::filesystem;
+
+class InterruptedWorkTest : public FileSystemTestBase {
+ protected:
+  FaultyProgram Driver(std::vector<std::string> arguments) const {
+    return {TestProgram("file_driver"), std::move(arguments), drives_.Root()};
+  }
+  void Clear() const {
+    for (const fs::path& drive : {drives_.C(), drives_.D()}) {
+      for (const auto& entry : fs::directory_iterator(drive)) fs::remove_all(entry.path());
+    }
+  }
+  static void ExpectOneOf(const Names& allowed, const std::string& content) {
+    EXPECT_TRUE(std::find(allowed.begin(), allowed.end(), content) != allowed.end()) << content.size() << " bytes";
+  }
+  Names AllNames() const {
+    Names names = NamesIn("c:\\");
+    for (const std::string& name : NamesIn("d:\\")) names.push_back("d:" + name);
+    return names;
+  }
+};
+
+TEST_F(InterruptedWorkTest, LeavesTheOldOrTheNewFileOfAReplacement) {
+  const std::string long_content = LongContent(100000);
+  const int faults = ForEveryFault(
+      Driver({"replace", "c:\\list.m3u", long_content}),
+      [&] {
+        Clear();
+        drives_.Write("list.m3u", "old");
+      },
+      [&](const FaultRun& run) {
+        ExpectOneOf({"old", long_content}, drives_.Read("list.m3u"));
+        EXPECT_TRUE(run.killed || (drives_.Read("list.m3u") == long_content) == run.ended_well);
+        EXPECT_TRUE(run.killed || AllNames() == Names{"list.m3u"});
+      });
+  EXPECT_GE(faults, 5 * 5) << "open, two writes, flush and rename can go wrong at least";
+}
+
+TEST_F(InterruptedWorkTest, FindsAReplacementFlushedBeforeItsRenameAndTheFolderAfterIt) {
+  Names calls;
+  ForEvery(
+      Fault::kKillBefore, Driver({"replace", "c:\\list.m3u", "new"}), [&] { drives_.Write("list.m3u", "old"); },
+      [&](const FaultRun& run) { calls.push_back(run.name); });
+  EXPECT_EQ(calls, (Names{"open", "write", "fchmod", "fsync", "rename", "fsync"}));
+}
+
+TEST_F(InterruptedWorkTest, LeavesNoFileOrAWholeOneWhereThereWasNone) {
+  const int faults = ForEveryFault(
+      Driver({"replace", "c:\\list.m3u", "new text"}), [&] { Clear(); },
+      [&](const FaultRun& run) {
+        EXPECT_EQ(drives_.Read("list.m3u"), fs::exists(drives_.C() / "list.m3u") ? "new text" : "");
+        EXPECT_TRUE(run.killed || AllNames() == (run.ended_well ? Names{"list.m3u"} : Names{}));
+      });
+  EXPECT_GE(faults, 4 * 5);
+}
+
+TEST_F(InterruptedWorkTest, LeavesTheOldOrTheNewFileOfANewVersionOfALongOne) {
+  const std::string old = LongContent(400000);
+  const std::string more = LongContent(80000);
+  const int faults = ForEveryFault(
+      Driver({"append", "c:\\a.mp3", "c:\\b.mp3"}),
+      [&] {
+        Clear();
+        drives_.Write("a.mp3", old);
+        drives_.Write("b.mp3", more);
+      },
+      [&](const FaultRun& run) {
+        ExpectOneOf({old, old + more}, drives_.Read("a.mp3"));
+        EXPECT_TRUE(run.killed || (drives_.Read("a.mp3") == old + more) == run.ended_well);
+        EXPECT_TRUE(run.killed || AllNames() == (Names{"a.mp3", "b.mp3"}));
+      });
+  EXPECT_GE(faults, 5 * 5);
+}
+
+TEST_F(InterruptedWorkTest, LeavesTheOldOrTheNewTargetOfACopy) {
+  const std::string content = LongContent(200000);
+  ForEveryFault(
+      Driver({"copy", "c:\\a.mp3", "d:\\b.mp3"}),
+      [&] {
+        Clear();
+        drives_.Write("a.mp3", content);
+        drives_.WriteAt(drives_.D() / "b.mp3", "old");
+      },
+      [&](const FaultRun& run) {
+        ExpectOneOf({"old", content}, drives_.ReadAt(drives_.D() / "b.mp3"));
+        EXPECT_EQ(drives_.Read("a.mp3"), content);
+        EXPECT_TRUE(run.killed || AllNames() == (Names{"a.mp3", "d:b.mp3"}));
+      });
+}
+
+TEST_F(InterruptedWorkTest, LeavesARenamedFileUnderOneOfItsNames) {
+  for (const bool old_file_system : {false, true}) {
+    FaultyProgram program = Driver({"rename", "c:\\a.mp3", "d:\\b.mp3"});
+    program.old_file_system = old_file_system;
+    const int faults = ForEveryFault(
+        program,
+        [&] {
+          Clear();
+          drives_.Write("a.mp3", "a");
+        },
+        [&](const FaultRun& run) {
+          const Names names = AllNames();
+          // A file system without a rename that never replaces has both names for a moment.
+          const bool both = names == (Names{"a.mp3", "d:b.mp3"});
+          EXPECT_TRUE(names == Names{"a.mp3"} || names == Names{"d:b.mp3"} ||
+                      (both && old_file_system && run.killed));
+          EXPECT_TRUE(run.killed || (names == Names{"d:b.mp3"}) == run.ended_well);
+        });
+    EXPECT_GE(faults, 5);
+  }
+}
+
+TEST_F(InterruptedWorkTest, NeverReplacesATargetOnAnOldFileSystemEither) {
+  drives_.Write("a.mp3", "a");
+  drives_.Write("b.mp3", "b");
+  drives_.Write("one/c.mp3", "c");
+  files_->CreateFolder("c:\\two");
+  const auto rename = [&](const std::string& from, const std::string& to) {
+    FaultyProgram program = Driver({"rename", from, to});
+    program.old_file_system = true;
+    return EndsWell(program);
+  };
+  EXPECT_FALSE(rename("c:\\a.mp3", "c:\\b.mp3"));
+  EXPECT_FALSE(rename("c:\\one", "c:\\two"));
+  EXPECT_FALSE(rename("c:\\one", "c:\\a.mp3"));
+  EXPECT_FALSE(rename("c:\\one", "c:\\one\\three"));
+  EXPECT_EQ(NamesIn("c:\\"), (Names{"a.mp3", "b.mp3", "one\\", "two\\"}));
+  EXPECT_EQ(drives_.Read("b.mp3"), "b");
+
+  EXPECT_TRUE(rename("c:\\one", "c:\\two\\three"));
+  EXPECT_TRUE(rename("c:\\a.mp3", "c:\\A.mp3"));
+  EXPECT_EQ(NamesIn("c:\\"), (Names{"A.mp3", "b.mp3", "two\\"}));
+  EXPECT_EQ(drives_.Read("two/three/c.mp3"), "c");
+}
+
+TEST_F(InterruptedWorkTest, IsSeenInAFileThatIsTruncatedAndWritten) {
+  const std::string content = LongContent(1000);
+  int torn = 0;
+  ForEveryFault(
+      Driver({"truncate", "c:\\list.m3u", content}),
+      [&] {
+        Clear();
+        drives_.Write("list.m3u", "old");
+      },
+      [&](const FaultRun&) {
+        const std::string left = drives_.Read("list.m3u");
+        torn += left != "old" && left != content ? 1 : 0;
+      });
+  EXPECT_GE(torn, 5) << "each kind of fault tears such a file";
+}
+
+}  // namespace
+}  // namespace qublet

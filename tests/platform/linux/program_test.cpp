@@ -1,0 +1,71 @@
+#include "platform/program.h"
+
+#include <gtest/gtest.h>
+
+#include "support/file_system_test_base.h"
+#include "support/ordinary_user.h"
+
+namespace qublet {
+namespace {
+
+namespace fs = std::filesystem;
+
+class ProgramTest : public FileSystemTestBase {
+ protected:
+  static fs::path Executable() { return fs::canonical("/proc/self/exe"); }
+
+  // No drive leads to the executable any more, so nothing can be made beside it.
+  void HideExecutable() {
+    fs::create_directory_symlink(drives_.D(), drives_.Root() / "dosdevices/z:");
+    files_ = OpenFileSystem();
+  }
+};
+
+TEST_F(ProgramTest, IsOnTheServerLine) {
+  EXPECT_EQ(GetPlatformId(), 3);
+}
+
+TEST_F(ProgramTest, KnowsItsOwnExecutable) {
+  EXPECT_EQ(ExecutablePath(*files_), files_->FromNative(Executable().string()));
+  EXPECT_EQ(files_->FileLength(ExecutablePath(*files_)), fs::file_size(Executable()));
+}
+
+TEST_F(ProgramTest, KeepsItsFilesBesideTheExecutableWhereItMay) {
+  EXPECT_EQ(ProgramFolder(*files_), files_->FromNative(Executable().parent_path().string()));
+  Names left;
+  for (const auto& entry : fs::directory_iterator(Executable().parent_path())) {
+    if (entry.path().filename().string().starts_with(".qublet")) left.push_back(entry.path());
+  }
+  EXPECT_EQ(left, Names{});
+}
+
+TEST_F(ProgramTest, KeepsItsFilesInTheUsersDataFolderWhereTheExecutableStandsInASystemFolder) {
+  const OrdinaryUser user(drives_.Root());
+  if (!user.Changed()) GTEST_SKIP() << "only the superuser can try it: who built the program may write beside it";
+  EXPECT_EQ(ProgramFolder(*files_), files_->FromNative((drives_.Root() / "data/velmora").string()));
+  EXPECT_TRUE(fs::is_directory(drives_.Root() / "data/velmora"));
+}
+
+TEST_F(ProgramTest, KeepsItsFilesInTheUsersDataFolderWhereNoDriveLeadsToTheExecutable) {
+  setenv("XDG_DATA_HOME", (drives_.C() / "data").c_str(), 1);
+  HideExecutable();
+  EXPECT_EQ(ProgramFolder(*files_), "c:\\data\\velmora");
+  EXPECT_TRUE(fs::is_directory(drives_.C() / "data/velmora"));
+}
+
+TEST_F(ProgramTest, FindsTheUsersDataFolderInTheHomeFolderUnlessTold) {
+  unsetenv("XDG_DATA_HOME");
+  setenv("HOME", (drives_.C() / "home").c_str(), 1);
+  HideExecutable();
+  EXPECT_EQ(ProgramFolder(*files_), "c:\\home\\.local\\share\\velmora");
+}
+
+TEST_F(ProgramTest, FailsWhereNoFolderCanBeMade) {
+  drives_.Write("file", "x");
+  setenv("XDG_DATA_HOME", (drives_.C() / "file").c_str(), 1);
+  HideExecutable();
+  EXPECT_THROW(ProgramFolder(*files_), Failure);
+}
+
+}  // namespace
+}  // namespace qublet
