@@ -118,6 +118,34 @@ TEST_F(InterruptedWorkTest, LeavesARenamedFileUnderOneOfItsNames) {
   }
 }
 
+TEST_F(InterruptedWorkTest, NeverLosesAFileThatMovesToAnotherFileSystem) {
+  const fs::path other = "/dev/shm/qublet-test-" + drives_.Root().filename().string();
+  fs::create_directories(other);
+  fs::create_directory_symlink(other, drives_.Root() / "dosdevices/e:");
+  const std::string content = LongContent(100000);
+  FaultyProgram program = Driver({"rename", "c:\\a.mp3", "e:\\b.mp3"});
+  int faults = 0;
+  for (const fs::path& below : {drives_.C(), other}) {
+    program.below = below;
+    faults += ForEveryFault(
+        program,
+        [&] {
+          fs::remove(other / "b.mp3");
+          drives_.Write("a.mp3", content);
+        },
+        [&](const FaultRun& run) {
+          const bool source = fs::exists(drives_.C() / "a.mp3");
+          const bool target = fs::exists(other / "b.mp3");
+          EXPECT_TRUE(source || target);
+          EXPECT_EQ(drives_.Read("a.mp3"), source ? content : "");
+          EXPECT_EQ(drives_.ReadAt(other / "b.mp3"), target ? content : "");
+          EXPECT_TRUE(run.killed || (source != target && target == run.ended_well));
+        });
+  }
+  fs::remove_all(other);
+  EXPECT_GE(faults, 5) << "the deletion of the source at least can go wrong";
+}
+
 TEST_F(InterruptedWorkTest, NeverReplacesATargetOnAnOldFileSystemEither) {
   drives_.Write("a.mp3", "a");
   drives_.Write("b.mp3", "b");
