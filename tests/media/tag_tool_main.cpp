@@ -86,6 +86,9 @@ void PutBack(TagObject& tag) {
 void Change(TagObject& tag, const std::string& field, const std::string& text) {
   if (field == "V1Title") {
     tag.SetV1Title(text);
+  } else if (field == "V1AndV2Title") {
+    tag.SetV1Title(text);
+    tag.SetFrame("TIT2", text);
   } else if (field == "Mood") {
     tag.SetMood(text);
   } else if (field == "Comment") {
