@@ -117,13 +117,16 @@ const char* ReadFields(InputFile& file, VorbisComments& comments) {
 
 bool ReadVorbisComments(const FileSystem& files, const std::string& path, VorbisComments& comments) {
   comments = {};
-  const char* error = kNotOpened;
-  ResumeNext([&] {
-    const auto file = files.OpenForReading(path);
-    error = kNotProcessed;
-    error = ReadFields(*file, comments);
-  });
-  comments.ErrorText = error;
+  comments.ErrorText = kNotOpened;
+  std::unique_ptr<InputFile> file;
+  ResumeNext([&] { file = files.OpenForReading(path); });
+  return file && ReadVorbisComments(*file, comments);
+}
+
+bool ReadVorbisComments(InputFile& file, VorbisComments& comments) {
+  comments = {};
+  comments.ErrorText = kNotProcessed;
+  ResumeNext([&] { comments.ErrorText = ReadFields(file, comments); });
   return comments.ErrorText.empty();
 }
 

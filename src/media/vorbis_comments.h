@@ -27,5 +27,6 @@ struct VorbisComments {
 //
 // True when a field was found. After a failure the fields found before it stay. Never throws.
 bool ReadVorbisComments(const FileSystem& files, const std::string& path, VorbisComments& comments);
+bool ReadVorbisComments(InputFile& file, VorbisComments& comments);
 
 }  // namespace qublet

@@ -125,15 +125,13 @@ void Id3v2Tag::SetFrame(std::string_view id, const std::string& text) {
   const auto kind = KindOf(id);
   if (!kind || id == "COMM") throw Failure("no text frame: " + std::string(id));
   const auto place = FindFrame(id);
-  if (place && TextOf(place) == text) return;
-  if (id == "TYER") return SetYear(text);
-  if (place) {
-    if (*kind == FrameKind::kUrl && text.empty()) return Erase(*place);
-    return SetText(*place, text);
-  }
-
   const bool can_be_empty = *kind == FrameKind::kText || *kind == FrameKind::kUserText;
-  if (text.empty() && !(is_new_ && can_be_empty)) return;
+  const bool wants_empty = is_new_ && !place && can_be_empty;
+  if (TextOf(place) == text && !wants_empty) return;
+  if (id == "TYER") return SetYear(text);
+  if (place && *kind == FrameKind::kUrl && text.empty()) return Erase(*place);
+  if (place) return SetText(*place, text);
+
   // A frame that can't be shown and that there is but one of gives way to its new text.
   const auto hidden = FindHidden(id);
   if (hidden && (*kind == FrameKind::kText || *kind == FrameKind::kUrl)) return SetText(*hidden, text);
@@ -148,10 +146,7 @@ void Id3v2Tag::SetYear(const std::string& text) {
   auto place = Find(own, Any);
   if (!place) place = Find(foreign, Any);
   if (!place) place = FindHidden(own);
-  if (!place) {
-    if (!text.empty() || is_new_) AddText(own, {EncodingForNew(text, "", raw_.version), "", "", text});
-    return;
-  }
+  if (!place) return AddText(own, {EncodingForNew(text, "", raw_.version), "", "", text});
   raw_.frames[*place].id = own;
   SetText(*place, text);
   EraseAll(foreign, Any);

@@ -174,6 +174,14 @@ TEST(Id3v2TagSetFrame, KeepsAHiddenFrameUntilItGetsAText) {
   EXPECT_EQ(tag.Raw().frames, std::vector{TextFrame("TIT2", "new")});
 }
 
+TEST(Id3v2TagSetFrame, KeepsAHiddenYearUntilItGetsAText) {
+  Id3v2Tag tag = TagOf({Frame("TDRC", "\x09odd")}, 4);
+  tag.SetFrame("TYER", "");
+  EXPECT_EQ(tag.Raw().frames, std::vector{Frame("TDRC", "\x09odd")});
+  tag.SetFrame("TYER", "1999");
+  EXPECT_EQ(tag.Raw().frames, std::vector{TextFrame("TDRC", "1999")});
+}
+
 TEST(Id3v2TagSetFrame, FailsForFramesWithoutAText) {
   Id3v2Tag tag;
   EXPECT_THROW(tag.SetFrame("APIC", "x"), Failure);
