@@ -1,7 +1,6 @@
 #include "app/Main.h"
 
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QHeaderView>
 
 #include "app/appearance.h"
@@ -27,6 +26,7 @@ Main::Main(Document& document, AppSettings& settings, Services services, Session
   BuildStatusBar();
   BuildMenus(*MainMenu, *this);
   BuildRecentMenu();
+  Toolbar1 = new Toolbar(*this);
   MainView& view = *this;
   Session::Window& window = *this;
   feedback_ = std::make_unique<WindowFeedback>(*ListView1, *Panels[3], this);
@@ -132,7 +132,7 @@ void Main::closeEvent(QCloseEvent* event) {
 void Main::Form_Unload() {
   if (!playlist_files_->PromptSaveFirst()) return;
   session_->SetFormState(true);
-  QCoreApplication::exit(0);
+  emit ended();
 }
 
 void Main::MFileNew_Click() {
@@ -178,6 +178,20 @@ void Main::MEditRemove_Click() {
 void Main::MEditSelAll_Click() {
   document_.ListView1.SelectWhere([](int, const Row&) { return true; });
   ListView1_Click();
+}
+
+void Main::MViewToolbar_Click() {
+  settings_.TA = !settings_.TA;
+  ShowBars();
+}
+
+void Main::MViewStatusBar_Click() {
+  settings_.SA = !settings_.SA;
+  ShowBars();
+}
+
+void Main::ToolbarSave_Click() {
+  settings_.SActi ? MFileSaveRel_Click() : MFileSave_Click();
 }
 
 void Main::MViewRefresh_Click() {
@@ -226,16 +240,23 @@ void Main::RefreshRecentMenu() {
 }
 
 void Main::ApplyQUBLETSettings() {
+  Toolbar1->SetLook(settings_.Flat, settings_.ThreeD);
+  for (QAction* menu : MainMenu->actions()) menu->setVisible(settings_.Visible);
+  ShowBars();
+  addToolBar(settings_.Align == 1 ? Qt::TopToolBarArea : Qt::BottomToolBarArea, Toolbar1);
   ApplyListLook(settings_, *ListView1);
-  StatusBar1->setVisible(settings_.SA);
-  MainMenu->setVisible(settings_.Visible);
   ApplyPlace(settings_, *this);
 }
 
+void Main::ShowBars() {
+  Toolbar1->setVisible(settings_.TA);
+  StatusBar1->setVisible(settings_.SA);
+  findChild<QAction*>(QStringLiteral("MViewToolbar"))->setChecked(settings_.TA);
+  findChild<QAction*>(QStringLiteral("MViewStatusBar"))->setChecked(settings_.SA);
+}
+
 void Main::CopyState(AppSettings& settings) {
-  WindowState state = StateOf(*this, *ListView1, *StatusBar1, settings);
-  state.toolbar_shown = settings.TA;
-  CopyWindowState(state, settings);
+  CopyWindowState(StateOf(*this, *ListView1, *Toolbar1, *StatusBar1, settings), settings);
 }
 
 ColumnWidths Main::DefColumnWidths() const {

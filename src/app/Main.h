@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "app/Toolbar.h"
 #include "app/session.h"
 #include "app/window_feedback.h"
 #include "platform/clock.h"
@@ -53,7 +54,15 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   void MEditRemove_Click();
   void MEditSelAll_Click();
   void MEditSelNone_Click();
+  void MViewToolbar_Click();
+  void MViewStatusBar_Click();
   void MViewRefresh_Click();
+  // Saves relative or absolute, as the user has chosen for this button.
+  void ToolbarSave_Click();
+
+ signals:
+  // Everything is stored: the process ends now, other windows aren't asked.
+  void ended();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -62,6 +71,7 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   void BuildList();
   void BuildStatusBar();
   void BuildRecentMenu();
+  void ShowBars();
   void Connect();
 
   void DetectPlayer() {}
@@ -89,6 +99,7 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   AppSettings& settings_;
   Services services_;
   std::string thousands_separator_;
+  Toolbar* Toolbar1 = nullptr;
   std::array<QLabel*, 4> Panels{};
   std::array<QAction*, kRecentMenuRoom> MFileRecent{};
   std::unique_ptr<RowModel> rows_;

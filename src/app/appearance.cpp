@@ -7,6 +7,16 @@
 
 namespace qublet {
 
+namespace {
+
+// The font with each of its traits said, so that a widget takes none from its parent.
+QFont OwnFont(QFont font) {
+  font.setResolveMask(QFont::AllPropertiesResolved);
+  return font;
+}
+
+}  // namespace
+
 QColor ColourFromSetting(std::int32_t colour) {
   return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
 }
@@ -26,7 +36,10 @@ void ApplyListLook(const AppSettings& settings, RowList& list) {
   font.setStrikeOut(settings.Strikethrough);
   font.setUnderline(settings.Underline);
   list.setFont(font);
-  list.header()->setFont(QGuiApplication::font());
+  list.header()->setFont(OwnFont(QGuiApplication::font()));
+
+  list.SetGridLines(settings.GRID);
+  list.SetHotTracking(settings.HOTTRACK);
 
   for (std::size_t i = 0; i < settings.TV.size(); ++i) {
     const int column = static_cast<int>(i);
@@ -48,8 +61,8 @@ std::int32_t InTwips(int pixels, std::int16_t present) {
 
 }  // namespace
 
-WindowState StateOf(const QMainWindow& window, const RowList& list, const QStatusBar& status_bar,
-                    const AppSettings& settings) {
+WindowState StateOf(const QMainWindow& window, const RowList& list, const QToolBar& toolbar,
+                    const QStatusBar& status_bar, const AppSettings& settings) {
   WindowState state;
   state.top = InTwips(window.y(), settings.T);
   state.left = InTwips(window.x(), settings.L);
@@ -58,6 +71,7 @@ WindowState StateOf(const QMainWindow& window, const RowList& list, const QStatu
   for (std::size_t i = 0; i < state.column_widths.size(); ++i) {
     state.column_widths[i] = list.columnWidth(static_cast<int>(i));
   }
+  state.toolbar_shown = !toolbar.isHidden();
   state.status_bar_shown = !status_bar.isHidden();
   return state;
 }

@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QMainWindow>
 #include <QStatusBar>
+#include <QToolBar>
 
 #include "playlist/ui/row_list.h"
 #include "settings/window_state.h"
@@ -20,8 +21,8 @@ QColor ColourFromSetting(std::int32_t colour);
 void ApplyListLook(const AppSettings& settings, RowList& list);
 // How the window stands now, for the record.
 // A value of the record that stands for the same pixel stays as it is.
-WindowState StateOf(const QMainWindow& window, const RowList& list, const QStatusBar& status_bar,
-                    const AppSettings& settings);
+WindowState StateOf(const QMainWindow& window, const RowList& list, const QToolBar& toolbar,
+                    const QStatusBar& status_bar, const AppSettings& settings);
 // Place and size of the window.
 void ApplyPlace(const AppSettings& settings, QMainWindow& window);
 // The whole screen in the record's units.

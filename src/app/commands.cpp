@@ -27,6 +27,9 @@ const std::vector<Command> kCommands{
     {1, "MEditSelAll", "Select &All", "Ctrl+A", "Select every item", &Main::MEditSelAll_Click},
     {1, "MEditSelNone", "Select &None", "Ctrl+Shift+A", "Select no item", &Main::MEditSelNone_Click},
     {0, "MView", "&View"},
+    {1, "MViewToolbar", "&Toolbar", "", "Show or hide the toolbar", &Main::MViewToolbar_Click, true},
+    {1, "MViewStatusBar", "&StatusBar", "", "Show or hide the status bar", &Main::MViewStatusBar_Click, true},
+    {1},
     {1, "MViewRefresh", "Refresh", "F5", "Read every file from disk again", &Main::MViewRefresh_Click},
 };
 
@@ -41,6 +44,7 @@ QAction* MakeAction(const Command& command, Main& main) {
   action->setObjectName(QString::fromUtf8(command.name));
   action->setShortcut(QKeySequence(QString::fromUtf8(command.shortcut), QKeySequence::PortableText));
   action->setStatusTip(QString::fromUtf8(command.tip));
+  action->setCheckable(command.checkable);
   QObject::connect(action, &QAction::triggered, &main, [&main, handler = command.handler] { (main.*handler)(); });
   return action;
 }

@@ -19,6 +19,7 @@ struct Command {
   const char* shortcut = "";          // portable text of a key sequence
   const char* tip = "";               // shown in the status bar
   void (Main::*handler)() = nullptr;  // nothing for a submenu
+  bool checkable = false;
 };
 
 extern const std::vector<Command> kCommands;

@@ -48,6 +48,7 @@ void MakeMain(House& house) {
                              Main::Services{*house.files, *house.store, *house.startup, *house.dialogs, house.clock},
                              FindPlaces(*house.files));
   house.dialogs->SetOwner(house.main.get());
+  QObject::connect(house.main.get(), &Main::ended, qApp, [] { QCoreApplication::exit(0); });
 }
 
 // No entry is made or removed: for a run that must leave nothing behind.

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/file_system.h"
+#include "platform/settings_store.h"
 
 namespace qublet {
 
@@ -17,6 +18,7 @@ using Arguments = std::vector<std::string>;
 struct CommandContext {
   Arguments arguments;
   FileSystem& files;
+  SettingsStore& store;
   std::ostream& out;
   std::ostream& err;
 };

@@ -7,6 +7,7 @@
 #include "cli/list_command.h"
 #include "cli/name_command.h"
 #include "cli/save_command.h"
+#include "cli/settings_command.h"
 #include "settings/application.h"
 
 namespace qublet {
@@ -26,6 +27,8 @@ constexpr std::array kCliCommands{
                SaveCommand},
     CliCommand{"name", "name FORMAT PATH", "print the playlist name that a naming format gives for a path",
                NameCommand},
+    CliCommand{"settings", "settings [list | get SECTION KEY | set SECTION KEY VALUE]",
+               "print or change the stored settings", SettingsCommand},
 };
 
 void PrintHelp(std::ostream& out) {
@@ -37,7 +40,8 @@ void PrintHelp(std::ostream& out) {
 
 }  // namespace
 
-int RunCommand(const Arguments& arguments, FileSystem& files, std::ostream& out, std::ostream& err) {
+int RunCommand(const Arguments& arguments, FileSystem& files, SettingsStore& store, std::ostream& out,
+               std::ostream& err) {
   if (arguments.empty()) return Complain(err, "a command is wanted; see 'qublet help'", kWrongUse);
   const std::string& name = arguments.front();
   if (name == "help" || name == "--help") {
@@ -54,7 +58,7 @@ int RunCommand(const Arguments& arguments, FileSystem& files, std::ostream& out,
   if (command == kCliCommands.end()) {
     return Complain(err, "no such command: " + name + "; see 'qublet help'", kWrongUse);
   }
-  CommandContext context{{arguments.begin() + 1, arguments.end()}, files, out, err};
+  CommandContext context{{arguments.begin() + 1, arguments.end()}, files, store, out, err};
   return command->run(context);
 }
 

@@ -7,6 +7,7 @@
 namespace qublet {
 
 // Runs what the arguments of the program ask for (its own name left out) and gives the exit code.
-int RunCommand(const Arguments& arguments, FileSystem& files, std::ostream& out, std::ostream& err);
+int RunCommand(const Arguments& arguments, FileSystem& files, SettingsStore& store, std::ostream& out,
+               std::ostream& err);
 
 }  // namespace qublet

@@ -5,7 +5,8 @@
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
   const std::unique_ptr<qublet::FileSystem> files = qublet::OpenFileSystem();
-  int code = qublet::RunCommand({argv + 1, argv + argc}, *files, std::cout, std::cerr);
+  const std::unique_ptr<qublet::SettingsStore> store = qublet::OpenSettingsStore();
+  int code = qublet::RunCommand({argv + 1, argv + argc}, *files, *store, std::cout, std::cerr);
   // A reader that went away or a full disk isn't "done".
   if (!std::cout.flush() && code == qublet::kDone) code = qublet::kCouldNot;
   return code;

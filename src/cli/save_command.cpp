@@ -41,7 +41,7 @@ int SaveCommand(CommandContext& context) {
   if (!AddPaths(document, context, {arguments.begin() + 1, arguments.end()})) return kCouldNot;
   Collection lines;
   for (int i = 1; i <= document.ListView1.Count(); ++i) lines.push_back(document.ListView1.At(i).FullPath());
-  if (!WritePlaylistLines(context.files, details.Path, std::move(lines), relative)) {
+  if (!WritePlaylistLines(context.files, details.Path, lines, relative)) {
     return Complain(context.err, "Unable to write to the specified file.", kCouldNot);
   }
   return kDone;

@@ -1,6 +1,7 @@
 #include "cli/settings_command.h"
 
 #include <algorithm>
+#include <ostream>
 
 #include "platform/failure.h"
 #include "settings/application.h"
@@ -8,8 +9,6 @@
 
 namespace qublet {
 namespace {
-
-enum ExitCode { kDone = 0, kCouldNot = 1, kWrongUse = 2 };
 
 int List(const SettingsStore& store, std::ostream& out) {
   for (const Setting& setting : store.AllSettings(AppKey()))
@@ -52,28 +51,25 @@ bool Fits(const SettingRow& row, const std::string& text) {
 int Set(SettingsStore& store, const Setting& setting, std::ostream& err) {
   const SettingRow* row = FindSettingRow(setting.section, setting.key);
   if (row != nullptr && !Fits(*row, setting.value)) {
-    err << "qublet: " << setting.section << ' ' << setting.key << " takes " << Wanted(*row) << '\n';
-    return kCouldNot;
+    return Complain(err, setting.section + " " + setting.key + " takes " + Wanted(*row), kCouldNot);
   }
   try {
     store.SaveSettings(AppKey(), {setting});
     return kDone;
   } catch (const Failure& failure) {
-    err << "qublet: " << failure.what() << '\n';
-    return kCouldNot;
+    return Complain(err, failure.what(), kCouldNot);
   }
 }
 
 }  // namespace
 
-int SettingsCommand(const std::vector<std::string>& arguments, SettingsStore& store, std::ostream& out,
-                    std::ostream& err) {
+int SettingsCommand(CommandContext& context) {
+  const auto& [arguments, files, store, out, err] = context;
   const std::string verb = arguments.empty() ? "list" : arguments[0];
   if (verb == "list" && arguments.size() <= 1) return List(store, out);
   if (verb == "get" && arguments.size() == 3) return Get(store, arguments[1], arguments[2], out);
   if (verb == "set" && arguments.size() == 4) return Set(store, {arguments[1], arguments[2], arguments[3]}, err);
-  err << "usage: qublet settings [list | get SECTION KEY | set SECTION KEY VALUE]\n";
-  return kWrongUse;
+  return Complain(err, "settings: list, get SECTION KEY or set SECTION KEY VALUE is wanted", kWrongUse);
 }
 
 }  // namespace qublet

@@ -1,10 +1,6 @@
 #pragma once
 
-#include <ostream>
-#include <string>
-#include <vector>
-
-#include "platform/settings_store.h"
+#include "cli/arguments.h"
 
 namespace qublet {
 
@@ -16,7 +12,6 @@ namespace qublet {
 //   set SECTION KEY VALUE   keeps the value; one that the program couldn't read back is refused
 //
 // The result is the exit code: 0, 1 (no such value, or it can't be kept), 2 (wrong use).
-int SettingsCommand(const std::vector<std::string>& arguments, SettingsStore& store, std::ostream& out,
-                    std::ostream& err);
+int SettingsCommand(CommandContext& context);
 
 }  // namespace qublet

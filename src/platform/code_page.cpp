@@ -26,9 +26,13 @@ bool IsValidUtf8(std::string_view bytes) {
   return true;
 }
 
+std::string_view WithoutMark(std::string_view bytes) {
+  return bytes.substr(bytes.starts_with(kMark) ? kMark.size() : 0);
+}
+
 std::string DecodeText(std::string_view bytes) {
-  if (bytes.starts_with(kMark)) bytes.remove_prefix(kMark.size());
-  return IsValidUtf8(bytes) ? std::string(bytes) : FromCodePage(bytes);
+  const std::string_view text = WithoutMark(bytes);
+  return IsValidUtf8(text) ? std::string(text) : FromCodePage(text);
 }
 
 std::string EncodeText(std::string_view utf8) {

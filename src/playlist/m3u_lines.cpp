@@ -15,17 +15,27 @@ bool IsNativeForm(std::string_view path) {
   return LowerCase(GetExtension(GetFileName(path))) == kUtf8Playlist;
 }
 
-bool HasDrive(std::string_view line) {
-  return line.size() > 1 && line[1] == ':';
+bool HasDrive(std::string_view path) {
+  return path.size() > 1 && path[1] == ':' &&
+         ((path[0] >= 'a' && path[0] <= 'z') || (path[0] >= 'A' && path[0] <= 'Z'));
 }
 
-// A line of a playlist in this system's own form. A backslash may belong to a name here, or separate folders in a
-// playlist that came from elsewhere: what is there decides.
-std::string FromNativeLine(const FileSystem& files, const std::string& line) {
-  if (HasDrive(line)) return line;
-  const std::string own = files.FromNative(line);
-  if (!Contains(line, "\\") || files.Attributes(own)) return own;
-  return files.Attributes(line) ? line : own;
+// "http://..." and its like.
+bool IsAddress(std::string_view path) {
+  const std::size_t scheme_end = path.find("://");
+  return scheme_end != path.npos && scheme_end > 1 && path.find_first_of("/\\:") == scheme_end;
+}
+
+// A line of a playlist in this system's own form, as bytes and as text. A backslash or a colon may belong to a name
+// here or to a path that came from elsewhere, and bytes that are no UTF-8 may be a name of just these bytes or code
+// page text: what is there decides.
+std::string FromNativeLine(const FileSystem& files, const std::string& bytes, const std::string& text) {
+  if (IsAddress(text)) return text;
+  const std::string own = files.FromNative(bytes);
+  const bool certain = bytes == text && !HasDrive(text) && !Contains(text, "\\");
+  if (certain || files.Attributes(own)) return own;
+  if (HasDrive(text) || files.Attributes(text)) return text;
+  return files.FromNative(text);
 }
 
 // A line of a plain playlist: in drive form, but for those that other programs of this system write.
@@ -35,10 +45,34 @@ std::string FromPlainLine(const FileSystem& files, const std::string& line) {
 }
 
 std::string TakeIn(const FileSystem& files, const std::string& line, bool native) {
-  std::string path = line;
-  ResumeNext([&] { path = native ? FromNativeLine(files, line) : FromPlainLine(files, line); });
-  if (HasDrive(path)) path[0] = LowerCase(path.substr(0, 1))[0];
+  std::string path = IsValidUtf8(line) ? line : FromCodePage(line);
+  ResumeNext([&] { path = native ? FromNativeLine(files, line, path) : FromPlainLine(files, line); });
+  const std::string first = FirstCharacters(path, 1);
+  if (path.substr(first.size()).starts_with(':')) path.replace(0, first.size(), LowerCase(first));
   return path;
+}
+
+// What is written for each path by a playlist in `folder`: relative, but for an item that would read as a comment or
+// lose its beginning as a byte-order mark.
+Collection RelativeLines(const Collection& paths, const std::string& folder) {
+  Collection lines = paths;
+  MakeLinesRelative(lines, folder);
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    if (lines[i].starts_with('#') || WithoutMark(lines[i]) != lines[i]) lines[i] = paths[i];
+  }
+  return lines;
+}
+
+// The line of a path in this system's own form; a path that this form can't say keeps its drive form.
+std::string NativeLine(const FileSystem& files, const std::string& path, const std::string& line) {
+  const std::string name = GetFileName(line);
+  if (IsAddress(name)) return name;
+  std::string native = line;
+  ResumeNext([&] { native = files.ToNative(line); });
+  if (native.find_first_of("\r\n") != native.npos) return path;
+  // A relative line that begins like a drive.
+  if (native != line && HasDrive(native)) ResumeNext([&] { native = files.ToNative(path); });
+  return native;
 }
 
 }  // namespace
@@ -49,8 +83,10 @@ bool IsPlaylistExtension(std::string_view extension) {
 
 bool ReadPlaylistText(const FileSystem& files, std::string_view bytes, bool native, Collection& lines) {
   bool found = false;
-  const std::string text = DecodeText(bytes);
-  for (const std::string& line : SplitLines(text)) {
+  const std::string decoded = native ? "" : DecodeText(bytes);
+  std::string_view rest = native ? WithoutMark(bytes) : decoded;
+  while (!rest.empty()) {
+    const std::string line(TakeLine(rest));
     if (line.empty() || line.front() == '#') continue;
     const std::string lowered = LowerCase(line);
     for (const std::string& filter : FileFilters()) {
@@ -67,14 +103,13 @@ bool ReadPlaylistLines(const FileSystem& files, const std::string& path, Collect
   return bytes && ReadPlaylistText(files, *bytes, IsNativeForm(path), lines);
 }
 
-bool WritePlaylistLines(const FileSystem& files, const std::string& path, Collection lines, bool Relative) {
-  if (Relative) MakeLinesRelative(lines, ReplaceAll(path, "\\" + GetFileName(path), ""));
+bool WritePlaylistLines(const FileSystem& files, const std::string& path, const Collection& paths, bool Relative) {
+  const std::string folder = ReplaceAll(path, "\\" + GetFileName(path), "");
+  const Collection lines = Relative ? RelativeLines(paths, folder) : paths;
   if (!IsNativeForm(path)) return WriteLinesToFile(files, path, lines);
   std::string text;
-  return Guarded([&] {
-           for (const std::string& line : lines) text += files.ToNative(line) + "\n";
-         }) &&
-         WriteTextFile(files, path, text);
+  for (std::size_t i = 0; i < lines.size(); ++i) text += NativeLine(files, paths[i], lines[i]) + "\n";
+  return WriteTextFile(files, path, text);
 }
 
 }  // namespace qublet

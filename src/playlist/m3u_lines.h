@@ -16,15 +16,17 @@ bool IsPlaylistExtension(std::string_view extension);
 
 // Appends the lines of a playlist that name audio files: empty lines and lines that begin with "#" are skipped, and a
 // line is kept once for each extension of FileFilters that it holds anywhere, in any case. A drive letter becomes
-// lower case; a path in this system's own form becomes one in drive form. True when any was found; False too when the
-// file can't be read.
+// lower case; a path in this system's own form becomes one in drive form, and an address ("http://...") stays what it
+// is. True when any was found; False too when the file can't be read.
 bool ReadPlaylistLines(const FileSystem& files, const std::string& path, Collection& lines);
 
 // The same on a playlist's content already in memory. `native` says that the paths are in this system's form.
 bool ReadPlaylistText(const FileSystem& files, std::string_view bytes, bool native, Collection& lines);
 
-// Replaces `path` by a playlist of `lines`, in the form that its extension asks for; with `Relative` the playlist's
-// own folder and its "\" are cut from every line. False on any error; the old file is then as it was.
-bool WritePlaylistLines(const FileSystem& files, const std::string& path, Collection lines, bool Relative);
+// Replaces `path` by a playlist of `paths`, in the form that its extension asks for; with `Relative` the playlist's
+// own folder and its "\" are cut from every line. What would be misread as a relative line keeps its full path, and
+// what this system can't say in its own form (a drive it doesn't have, an end of line in a name) its drive form.
+// False on any error; the old file is then as it was.
+bool WritePlaylistLines(const FileSystem& files, const std::string& path, const Collection& paths, bool Relative);
 
 }  // namespace qublet

@@ -44,9 +44,9 @@ void RowStore::EndBulk() {
 }
 
 void RowStore::Insert(int index, std::vector<Row> rows) {
+  if (index < 1 || index > Count() + 1) throw Failure("no such row");
   if (rows.empty()) return;
   const int count = static_cast<int>(rows.size());
-  if (index < 1 || index > Count() + 1) throw Failure("no such row");
   if (rows.size() > static_cast<std::size_t>(MaxRows - Count())) throw Failure("the list is full");
 
   std::vector<std::unique_ptr<Row>> fresh;
@@ -67,7 +67,8 @@ void RowStore::Remove(int index) {
   if (tell) listener_->BeforeRemove(index, 1);
   rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(place));
   if (tell) listener_->AfterRemove();
-  if (focused_ > index || focused_ > Count()) MoveFocus(focused_ - 1);
+  // The focus of the row itself falls to the next one.
+  if (focused_ >= index) MoveFocus(std::min(focused_ > index ? focused_ - 1 : index, Count()));
 }
 
 int RowStore::RemoveIf(const std::function<bool(const Row&)>& doomed) {

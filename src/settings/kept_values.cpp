@@ -25,6 +25,7 @@ bool IsFirstStart(const SettingsStore& store, const std::string& application) {
 
 std::vector<Setting> StoredRecentFiles(const std::vector<std::string>& recent_files) {
   std::vector<Setting> stored;
+  stored.reserve(recent_files.size());
   int key = kNewestKey - static_cast<int>(recent_files.size());
   for (const std::string& path : recent_files) stored.push_back({kRecentSection, std::to_string(++key), path});
   return stored;

@@ -14,12 +14,14 @@ class SettingsCommandTest : public testing::Test {
   int Run(const std::vector<std::string>& arguments) {
     out_.str("");
     err_.str("");
-    return SettingsCommand(arguments, store_, out_, err_);
+    CommandContext context{arguments, *files_, store_, out_, err_};
+    return SettingsCommand(context);
   }
   std::string Stored(const std::string& section, const std::string& key) const {
     return store_.GetSetting("QUBLET2021", section, key);
   }
 
+  std::unique_ptr<FileSystem> files_ = OpenFileSystem();
   FakeSettingsStore store_;
   std::ostringstream out_;
   std::ostringstream err_;
@@ -69,7 +71,7 @@ TEST_F(SettingsCommandTest, ShowsItsUseForAnythingElse) {
   for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
            {"get"}, {"get", "SSE"}, {"set", "SSE", "V"}, {"set", "SSE", "V", "1", "2"}, {"list", "SSE"}, {"drop"}}) {
     EXPECT_EQ(Run(arguments), 2);
-    EXPECT_TRUE(err_.str().starts_with("usage: qublet settings"));
+    EXPECT_TRUE(err_.str().starts_with("qublet: settings: list, get"));
   }
   EXPECT_EQ(store_.saves, 0);
 }

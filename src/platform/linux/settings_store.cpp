@@ -11,12 +11,13 @@
 #include "platform/failure.h"
 #include "platform/linux/open_files.h"
 #include "platform/linux/settings_text.h"
+#include "platform/linux/small_files.h"
 #include "platform/linux/user_folders.h"
 
 namespace qublet {
 namespace {
 
-constexpr std::int64_t kMostBytes = 4 * 1024 * 1024;
+constexpr std::int64_t kMostBytes = 4'000'000;
 constexpr auto kLockPatience = std::chrono::seconds(3);
 
 // Held while one process reads, changes and replaces a file. It ends with the process, however that ends.
@@ -68,15 +69,13 @@ Snapshot ReadSnapshot(const std::string& native) {
 
   const std::unique_ptr<DescriptorInput> input = OpenInput(native);
   const Stamp stamp = StampOf(StatusOf(input->File()));
-  if (input->Size() > kMostBytes) throw Failure("too large for settings: " + native);
-  std::string text(static_cast<std::size_t>(input->Size()), '\0');
-  text.resize(input->ReadAt(0, {reinterpret_cast<std::uint8_t*>(text.data()), text.size()}));
+  SettingsText text(ContentOf(*input, kMostBytes));
 
   // A second change right after this one could leave the same times, as coarse as some file systems keep them.
   using namespace std::chrono;
   const auto now = duration_cast<nanoseconds>(system_clock::now().time_since_epoch());
   const bool settled = now - nanoseconds(std::max(stamp.written, stamp.changed)) > seconds(2);
-  return {stamp, settled, SettingsText(std::move(text))};
+  return {stamp, settled, std::move(text)};
 }
 
 // "QUBLET2021" as "QUBLET2021.conf"; what can't stand in a file name is written as "%" and two digits.

@@ -128,6 +128,7 @@ std::vector<Setting> SettingsText::All() const {
   std::ranges::sort(found, {}, &std::pair<std::size_t, Setting>::first);
 
   std::vector<Setting> settings;
+  settings.reserve(found.size());
   for (auto& [begin, setting] : found) settings.push_back(std::move(setting));
   return settings;
 }

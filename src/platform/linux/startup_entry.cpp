@@ -3,13 +3,14 @@
 #include <unistd.h>
 
 #include "platform/linux/open_files.h"
+#include "platform/linux/small_files.h"
 #include "platform/linux/user_folders.h"
 
 namespace qublet {
 namespace {
 
 constexpr std::string_view kMark = "X-Velmora-Startup=true\n";
-constexpr std::int64_t kMostBytes = 64 * 1024;
+constexpr std::int64_t kMostBytes = 64'000;
 
 // Ahead of every character of `special` comes a backslash.
 std::string Escaped(std::string_view text, std::string_view special) {
@@ -81,11 +82,7 @@ class AutostartFolder : public StartupEntries {
   // "" when there is none.
   static std::string Present(const std::string& native) {
     if (access(native.c_str(), F_OK) != 0) return "";
-    const std::unique_ptr<DescriptorInput> input = OpenInput(native);
-    if (input->Size() > kMostBytes) throw Failure("no startup entry: " + native);
-    std::string content(static_cast<std::size_t>(input->Size()), '\0');
-    content.resize(input->ReadAt(0, {reinterpret_cast<std::uint8_t*>(content.data()), content.size()}));
-    return content;
+    return ContentOf(*OpenInput(native), kMostBytes);
   }
 
   std::string PathOf(const std::string& name) const {

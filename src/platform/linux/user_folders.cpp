@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/linux/replacement.h"
+#include "platform/failure.h"
 
 namespace qublet {
 
@@ -31,12 +31,6 @@ void MakeFolders(const std::string& native) {
   std::error_code error;
   std::filesystem::create_directories(native, error);
   if (error) throw Failure("\"" + native + "\" can't be made: " + error.message());
-}
-
-void WriteWholeFile(const std::string& native, const std::string& content) {
-  Replacement replacement(native);
-  replacement.Write({reinterpret_cast<const std::uint8_t*>(content.data()), content.size()});
-  replacement.Commit();
 }
 
 }  // namespace qublet

@@ -15,7 +15,4 @@ std::string DataFolder();
 // Makes a native folder and those above it where they are missing. Throws Failure.
 void MakeFolders(const std::string& native);
 
-// Makes `content` the whole content of a file, by way of a replacement. Throws Failure.
-void WriteWholeFile(const std::string& native, const std::string& content);
-
 }  // namespace qublet

@@ -34,14 +34,16 @@ bool WriteTextFile(const FileSystem& files, const std::string& path, std::string
   });
 }
 
+std::string_view TakeLine(std::string_view& text) {
+  const std::string_view line = text.substr(0, text.find_first_of("\r\n"));
+  text.remove_prefix(line.size());
+  text.remove_prefix(text.starts_with("\r\n") ? 2 : text.empty() ? 0 : 1);
+  return line;
+}
+
 Collection SplitLines(std::string_view text) {
   Collection lines;
-  while (!text.empty()) {
-    const std::size_t end = text.find_first_of("\r\n");
-    lines.emplace_back(text.substr(0, end));
-    if (end == text.npos) break;
-    text.remove_prefix(end + (text.substr(end).starts_with("\r\n") ? 2 : 1));
-  }
+  while (!text.empty()) lines.emplace_back(TakeLine(text));
   return lines;
 }
 

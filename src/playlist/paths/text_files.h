@@ -19,6 +19,8 @@ bool WriteTextFile(const FileSystem& files, const std::string& path, std::string
 // The lines of a text. CR LF, LF and CR end a line; a last line without an end counts, nothing behind the last end
 // doesn't.
 Collection SplitLines(std::string_view text);
+// Cuts the first line with its end off a text that isn't empty, and gives it without its end.
+std::string_view TakeLine(std::string_view& text);
 
 // Appends every line of a file to `lines`, empty ones included. The bytes are UTF-8 or code page (see DecodeText).
 bool ReadLinesFromFile(const FileSystem& files, Collection& lines, const std::string& path);

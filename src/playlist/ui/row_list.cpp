@@ -5,8 +5,9 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QStyledItemDelegate>
 #include <QUrl>
+
+#include "playlist/ui/row_delegate.h"
 
 namespace qublet {
 namespace {
@@ -17,29 +18,6 @@ const Flags kOnly = QItemSelectionModel::ClearAndSelect | QItemSelectionModel::R
 const Flags kAlso = QItemSelectionModel::Select | QItemSelectionModel::Rows;
 const Flags kNot = QItemSelectionModel::Deselect | QItemSelectionModel::Rows;
 const Flags kRange = QItemSelectionModel::Clear | QItemSelectionModel::SelectCurrent | QItemSelectionModel::Rows;
-
-// Paints from the rows' flags: selected and ghosted are asked of the row.
-class RowDelegate : public QStyledItemDelegate {
- public:
-  RowDelegate(const RowStore& rows, QObject* parent) : QStyledItemDelegate(parent), rows_(rows) {}
-
- protected:
-  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-    QStyledItemDelegate::initStyleOption(option, index);
-    const Row& row = rows_.At(index.row() + 1);
-    option->state.setFlag(QStyle::State_Selected, row.selected);
-    if (row.ghosted) {
-      for (const auto role : {QPalette::Text, QPalette::HighlightedText}) {
-        QColor pale = option->palette.color(role);
-        pale.setAlphaF(0.55F);
-        option->palette.setColor(role, pale);
-      }
-    }
-  }
-
- private:
-  const RowStore& rows_;
-};
 
 QStringList LocalFiles(const QMimeData* data) {
   QStringList paths;
@@ -74,13 +52,24 @@ void RowList::ShowRows(RowModel* model) {
   setModel(model);
   selection_ = new RowSelection(model, this);
   setSelectionModel(selection_);
-  setItemDelegate(new RowDelegate(model->Rows(), this));
+  delegate_ = new RowDelegate(model->Rows(), this);
+  setItemDelegate(delegate_);
   connect(selection_, &RowSelection::rowsSelected, this, &RowList::rowsSelected);
   connect(model, &RowModel::focusMoved, this, [this](int row) {
     const QModelIndex index = model_->IndexOf(row);
     if (index != currentIndex()) selection_->setCurrentIndex(index, kNoUpdate);
   });
   connect(model, &RowModel::showRow, this, [this](int row) { scrollTo(model_->IndexOf(row)); });
+}
+
+void RowList::SetGridLines(bool shown) {
+  delegate_->SetGridLines(shown);
+  viewport()->update();
+}
+
+void RowList::SetHotTracking(bool on) {
+  delegate_->SetHotTracking(on);
+  viewport()->update();
 }
 
 int RowList::GetRowAtPoint(int y) const {

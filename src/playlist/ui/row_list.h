@@ -8,6 +8,8 @@
 
 namespace qublet {
 
+class RowDelegate;
+
 // The list of the main window: twelve columns over the row store, selected by the rows' own flags.
 class RowList : public QTreeView {
   Q_OBJECT
@@ -17,6 +19,10 @@ class RowList : public QTreeView {
 
   // Shows the rows; before this the list is empty. `model` outlives the list.
   void ShowRows(RowModel* model);
+
+  // Thin lines between rows and columns; the row under the pointer underlined.
+  void SetGridLines(bool shown);
+  void SetHotTracking(bool on);
 
   // Row under a point of the viewport, from 0; only y counts. The row count when there is none.
   int GetRowAtPoint(int y) const;
@@ -42,6 +48,7 @@ class RowList : public QTreeView {
 
   RowModel* model_ = nullptr;
   RowSelection* selection_ = nullptr;
+  RowDelegate* delegate_ = nullptr;
   bool pressed_on_selected_ = false;
 };
 

@@ -1,0 +1,150 @@
+#include <gtest/gtest.h>
+
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QToolButton>
+
+#include "app/appearance.h"
+#include "support/main_window.h"
+
+namespace qublet {
+namespace {
+
+class Appearance : public testing::Test {
+ protected:
+  // Starts the program with these values in the store, as if an earlier session had left them.
+  void StartWith(const std::vector<Setting>& values) {
+    window.drives.Write("a.mp3", kNoise);
+    window.drives.Write("b.mp3", kNoise);
+    window.store.SaveSetting("QUBLET2021", "Startup", "insl", "c:\\program\\QUBLET20.exe");
+    window.store.SaveSettings("QUBLET2021", values);
+    window.Restart("\"c:\\a.mp3\" \"c:\\b.mp3\"");
+  }
+
+  std::string Stored(const char* section, const char* key) {
+    return window.store.GetSetting("QUBLET2021", section, key);
+  }
+
+  // Colours in the picture of the list's first rows, the frame left out.
+  bool Shows(const QColor& colour) {
+    const QImage picture = window.List().viewport()->grab().toImage();
+    for (int y = 0; y < picture.height(); ++y) {
+      for (int x = 0; x < picture.width(); ++x) {
+        if (picture.pixelColor(x, y) == colour) return true;
+      }
+    }
+    return false;
+  }
+
+  MainWindow window;
+};
+
+TEST_F(Appearance, ReadsColoursWithRedInTheLowByte) {
+  EXPECT_EQ(ColourFromSetting(21306), QColor(0x3A, 0x53, 0x00));
+  EXPECT_EQ(ColourFromSetting(0xFF8001), QColor(0x01, 0x80, 0xFF));
+}
+
+TEST_F(Appearance, PaintsTheListInItsColours) {
+  StartWith({{"TableB", "BC", "255"}, {"TableB", "FC", "65280"}});
+  EXPECT_TRUE(Shows(QColor(255, 0, 0)));
+  EXPECT_EQ(window.List().palette().color(QPalette::Text), QColor(0, 255, 0));
+}
+
+TEST_F(Appearance, SetsTheListsFontAndLeavesTheHeadersAlone) {
+  StartWith({{"TableFont", "Name", "Liberation Serif"},
+             {"TableFont", "Size", "14"},
+             {"TableFont", "Italic", "True"},
+             {"TableFont", "Bold", "True"},
+             {"TableFont", "Strikethrough", "True"},
+             {"TableFont", "Underline", "True"}});
+  const QFont font = window.List().font();
+  EXPECT_EQ(font.family(), QStringLiteral("Liberation Serif"));
+  EXPECT_EQ(font.pointSize(), 14);
+  EXPECT_TRUE(font.italic() && font.bold() && font.strikeOut() && font.underline());
+  EXPECT_FALSE(window.List().header()->font().strikeOut());
+}
+
+TEST_F(Appearance, DrawsGridLinesOnlyWhenTheyAreWanted) {
+  StartWith({{"TableB", "BC", "0"}, {"TableB", "FC", "16777215"}});
+  const QImage without = window.List().viewport()->grab().toImage();
+  window.List().SetGridLines(true);
+  const QImage with = window.List().viewport()->grab().toImage();
+  const int right = window.List().columnWidth(kFileName) - 1;
+  const int middle = window.List().visualRect(window.List().model()->index(1, 0)).center().y();
+  EXPECT_EQ(without.pixelColor(right, middle), QColor(0, 0, 0));
+  EXPECT_GT(with.pixelColor(right, middle).lightness(), 40);
+}
+
+TEST_F(Appearance, GivesEachColumnItsWidthAndHidesTheUnticked) {
+  StartWith({{"TableB", "TX4", "False"}, {"TableB", "TV4", "123"}, {"TableB", "TV1", "99"}});
+  QHeaderView* header = window.List().header();
+  EXPECT_EQ(header->sectionSize(kFileName), 99);
+  EXPECT_TRUE(header->isSectionHidden(kPath));
+  window.main->close();
+  EXPECT_EQ(Stored("TableB", "TV4"), "123") << "a hidden column keeps its width in the record";
+}
+
+TEST_F(Appearance, KeepsPlaceSizeAndColumnsForTheNextStart) {
+  StartWith({});
+  window.main->resize(700, 450);
+  window.main->move(90, 60);
+  window.List().setColumnWidth(kTime, 77);
+  window.main->close();
+  EXPECT_EQ(Stored("PS", "W"), "10500");
+  EXPECT_EQ(Stored("PS", "H"), "6750");
+  EXPECT_EQ(Stored("PS", "L"), "1350");
+  EXPECT_EQ(Stored("PS", "T"), "900");
+  EXPECT_EQ(Stored("TableB", "TV2"), "77");
+  window.Restart();
+  EXPECT_EQ(window.main->size(), QSize(700, 450));
+  EXPECT_EQ(window.main->pos(), QPoint(90, 60));
+  EXPECT_EQ(window.List().columnWidth(kTime), 77);
+}
+
+TEST_F(Appearance, TogglesTheBarsWithTheirTicksAndTheRecord) {
+  StartWith({});
+  auto* toolbar = window.main->findChild<Toolbar*>("Toolbar1");
+  auto* status_bar = window.main->findChild<QStatusBar*>("StatusBar1");
+  EXPECT_TRUE(toolbar->isVisible());
+  EXPECT_TRUE(window.Action("MViewToolbar")->isChecked());
+  window.Run("MViewToolbar");
+  window.Run("MViewStatusBar");
+  EXPECT_FALSE(toolbar->isVisible());
+  EXPECT_FALSE(status_bar->isVisible());
+  EXPECT_FALSE(window.Action("MViewToolbar")->isChecked());
+  EXPECT_FALSE(window.settings->TA);
+  EXPECT_FALSE(window.settings->SA);
+  window.main->close();
+  window.Restart();
+  EXPECT_FALSE(window.main->findChild<Toolbar*>("Toolbar1")->isVisible());
+  EXPECT_FALSE(window.Action("MViewStatusBar")->isChecked());
+}
+
+TEST_F(Appearance, StandsTheToolbarAtTheWantedEdge) {
+  StartWith({{"ToolB", "Align", "1"}});
+  EXPECT_EQ(window.main->toolBarArea(window.main->findChild<Toolbar*>("Toolbar1")), Qt::TopToolBarArea);
+  window.main->close();
+  window.store.SaveSetting("QUBLET2021", "ToolB", "Align", "2");
+  window.Restart();
+  EXPECT_EQ(window.main->toolBarArea(window.main->findChild<Toolbar*>("Toolbar1")), Qt::BottomToolBarArea);
+}
+
+TEST_F(Appearance, RaisesTheButtonsWhenTheyAreNotFlat) {
+  StartWith({{"ToolB", "Flat", "False"}});
+  EXPECT_FALSE(window.main->findChild<Toolbar*>("Toolbar1")->findChild<QToolButton*>()->autoRaise());
+  window.main->findChild<Toolbar*>("Toolbar1")->SetLook(true, false);
+  EXPECT_TRUE(window.main->findChild<Toolbar*>("Toolbar1")->findChild<QToolButton*>()->autoRaise());
+}
+
+TEST_F(Appearance, HidesTheTopMenusButNeverTheToolbarWithThem) {
+  StartWith({{"Menu", "Visible", "False"}, {"VE", "TA", "0"}});
+  EXPECT_TRUE(window.main->findChild<QMenu*>("MFile")->menuAction()->isVisible());
+  window.main->close();
+  window.store.SaveSettings("QUBLET2021", {{"Menu", "Visible", "False"}, {"VE", "TA", "1"}});
+  window.Restart();
+  EXPECT_FALSE(window.main->findChild<QMenu*>("MFile")->menuAction()->isVisible());
+  EXPECT_TRUE(window.main->findChild<Toolbar*>("Toolbar1")->isVisible());
+}
+
+}  // namespace
+}  // namespace qublet

@@ -1,0 +1,468 @@
+#include "playlist/row_store.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "support/row_texts.h"
+
+namespace qublet {
+namespace {
+
+// Notes what it hears, a word or two each.
+class RecordingListener : public RowListener {
+ public:
+  explicit RecordingListener(RowStore& rows) : rows_(rows) { rows.SetListener(this); }
+  ~RecordingListener() override { rows_.SetListener(nullptr); }
+
+  void BeforeInsert(int first, int count) override { Note("insert " + Two(first, count)); }
+  void AfterInsert() override { Note("inserted"); }
+  void BeforeRemove(int first, int count) override { Note("remove " + Two(first, count)); }
+  void AfterRemove() override { Note("removed"); }
+  void BeforeReset() override { Note("reset"); }
+  void AfterReset() override { Note("done"); }
+  void RowsChanged(int first, int last) override { Note("changed " + Two(first, last)); }
+  void FocusMoved() override { Note("focus " + std::to_string(rows_.FocusedRow())); }
+  void ShowRow(int index) override { Note("show " + std::to_string(index)); }
+
+  // What was heard since the last question, with ", " between.
+  std::string Heard() { return std::exchange(heard_, ""); }
+
+ private:
+  static std::string Two(int one, int other) { return std::to_string(one) + " " + std::to_string(other); }
+  void Note(const std::string& event) { heard_ += (heard_.empty() ? "" : ", ") + event; }
+
+  RowStore& rows_;
+  std::string heard_;
+};
+
+class RowStoreTest : public testing::Test {
+ protected:
+  RowStoreTest() {
+    rows_.Insert(1, NamedRows({"a", "b", "c", "d"}));
+    listener_.Heard();
+  }
+  std::string Names() const { return NamesOf(rows_); }
+  std::string Heard() { return listener_.Heard(); }
+
+  RowStore rows_;
+  RecordingListener listener_{rows_};
+};
+
+TEST_F(RowStoreTest, InsertsBeforeARowAndTellsItOnce) {
+  rows_.Insert(1, NamedRows({"1", "2"}));
+  EXPECT_EQ(Names(), "1 2 a b c d");
+  EXPECT_EQ(Heard(), "insert 1 2, inserted");
+  rows_.Insert(4, NamedRows({"3"}));
+  EXPECT_EQ(Names(), "1 2 a 3 b c d");
+  rows_.Insert(8, NamedRows({"4", "5"}));
+  EXPECT_EQ(Names(), "1 2 a 3 b c d 4 5");
+  EXPECT_EQ(Heard(), "insert 4 1, inserted, insert 8 2, inserted");
+}
+
+TEST_F(RowStoreTest, InsertsNothingInSilence) {
+  rows_.Insert(5, {});
+  EXPECT_EQ(Heard(), "");
+}
+
+TEST_F(RowStoreTest, RemovesARowAndTellsIt) {
+  rows_.Remove(2);
+  EXPECT_EQ(Names(), "a c d");
+  rows_.Remove(3);
+  EXPECT_EQ(Names(), "a c");
+  EXPECT_EQ(Heard(), "remove 2 1, removed, remove 3 1, removed");
+}
+
+TEST_F(RowStoreTest, RemovesRowsByAQuestionAndKeepsTheOrderOfTheOthers) {
+  rows_.SetSelected(1, true);
+  rows_.SetSelected(3, true);
+  Heard();
+  EXPECT_EQ(rows_.RemoveIf([](const Row& row) { return row.selected; }), 2);
+  EXPECT_EQ(Names(), "b d");
+  EXPECT_EQ(Heard(), "reset, done, focus 0");
+  EXPECT_EQ(rows_.RemoveIf([](const Row&) { return true; }), 2);
+  EXPECT_EQ(rows_.Count(), 0);
+}
+
+TEST_F(RowStoreTest, RemovesNoRowInSilence) {
+  EXPECT_EQ(rows_.RemoveIf([](const Row&) { return false; }), 0);
+  EXPECT_EQ(Names(), "a b c d");
+  EXPECT_EQ(Heard(), "");
+}
+
+TEST_F(RowStoreTest, ClearsOnceAndThenInSilence) {
+  rows_.SetFocusedRow(2);
+  Heard();
+  rows_.Clear();
+  EXPECT_EQ(rows_.Count(), 0);
+  EXPECT_EQ(rows_.FocusedRow(), 0);
+  EXPECT_EQ(Heard(), "reset, done, focus 0");
+  rows_.Clear();
+  EXPECT_EQ(Heard(), "");
+}
+
+TEST_F(RowStoreTest, TellsAChangedCellIconGhostAndSelection) {
+  rows_.SetCell(1, kOriginalOrder, "7");
+  rows_.SetIcon(2, RowIcon::kRed);
+  rows_.SetGhosted(3, true);
+  rows_.SetSelected(4, true);
+  EXPECT_EQ(rows_.At(1).cells[kOriginalOrder], "7");
+  EXPECT_EQ(rows_.At(2).icon, RowIcon::kRed);
+  EXPECT_TRUE(rows_.At(3).ghosted);
+  EXPECT_TRUE(rows_.At(4).selected);
+  EXPECT_EQ(Heard(), "changed 1 1, changed 2 2, changed 3 3, changed 4 4");
+}
+
+TEST_F(RowStoreTest, SelectsByAQuestionAndTellsItOnce) {
+  rows_.SelectWhere([](int index, const Row& row) { return index >= 2 && row.cells[kFileName] != "d"; });
+  EXPECT_EQ(SelectionOf(rows_), "-xx-");
+  EXPECT_EQ(rows_.SelectedCount(), 2);
+  EXPECT_EQ(Heard(), "changed 2 3");
+  rows_.SelectWhere([](int index, const Row&) { return index == 2 || index == 3; });
+  EXPECT_EQ(Heard(), "");
+}
+
+TEST_F(RowStoreTest, TellsTheChangesOfABulkAtItsEndInOneGo) {
+  {
+    const RowStore::Bulk bulk(rows_);
+    rows_.SetCell(3, kTime, "1:00");
+    rows_.SetIcon(2, RowIcon::kBlue);
+    rows_.SetFocusedRow(3);
+    rows_.EnsureVisible(4);
+    EXPECT_EQ(Heard(), "");
+  }
+  EXPECT_EQ(Heard(), "changed 2 3, focus 4, show 4");
+}
+
+TEST_F(RowStoreTest, TellsABulkThatInsertsAndRemovesAsOneReset) {
+  {
+    const RowStore::Bulk bulk(rows_);
+    rows_.SetSelected(4, true);
+    rows_.Insert(1, NamedRows({"1"}));
+    rows_.Remove(2);
+    rows_.Insert(5, NamedRows({"2"}));
+    rows_.Clear();
+    rows_.Insert(1, NamedRows({"3", "4"}));
+    EXPECT_EQ(Heard(), "reset") << "the listener hears of it before the first change";
+  }
+  EXPECT_EQ(Heard(), "done, focus 0");
+  EXPECT_EQ(Names(), "3 4");
+}
+
+TEST_F(RowStoreTest, WaitsForTheOutermostOfNestedBulks) {
+  {
+    const RowStore::Bulk outer(rows_);
+    {
+      const RowStore::Bulk inner(rows_);
+      rows_.SetSelected(1, true);
+    }
+    rows_.SelectWhere([](int index, const Row&) { return index == 4; });
+    EXPECT_EQ(Heard(), "");
+  }
+  EXPECT_EQ(Heard(), "changed 1 4");
+}
+
+TEST_F(RowStoreTest, ForgetsARowToShowThatIsGoneAtTheEndOfABulk) {
+  {
+    const RowStore::Bulk bulk(rows_);
+    rows_.EnsureVisible(4);
+    rows_.Remove(1);
+  }
+  EXPECT_EQ(Heard(), "reset, done, focus 3");
+}
+
+TEST_F(RowStoreTest, StartsAfreshAfterABulk) {
+  { const RowStore::Bulk empty(rows_); }
+  EXPECT_EQ(Heard(), "");
+  rows_.SelectWhere([](int index, const Row&) { return index == 1; });
+  Heard();
+  rows_.SelectWhere([](int index, const Row&) { return index == 1 || index == 4; });
+  EXPECT_EQ(Heard(), "changed 4 4");
+}
+
+TEST_F(RowStoreTest, MovesTheFocusAndTellsItOnce) {
+  EXPECT_EQ(rows_.FocusedRow(), 0);
+  rows_.SetFocusedRow(3);
+  rows_.SetFocusedRow(3);
+  EXPECT_EQ(Heard(), "focus 3");
+  rows_.SetFocusedRow(0);
+  EXPECT_EQ(Heard(), "focus 0");
+}
+
+TEST_F(RowStoreTest, ShowsARowAndMakesItTheFocusedOne) {
+  rows_.EnsureVisible(3);
+  EXPECT_EQ(rows_.FocusedRow(), 3);
+  EXPECT_EQ(Heard(), "focus 3, show 3");
+  rows_.EnsureVisible(3);
+  EXPECT_EQ(Heard(), "show 3");
+}
+
+TEST_F(RowStoreTest, KeepsTheFocusOnItsRowWhenOthersComeAndGo) {
+  rows_.SetFocusedRow(2);
+  rows_.Insert(3, NamedRows({"1"}));
+  EXPECT_EQ(rows_.FocusedRow(), 2);
+  rows_.Insert(2, NamedRows({"2", "3"}));
+  EXPECT_EQ(rows_.FocusedRow(), 4);
+  rows_.Insert(1, NamedRows({"4"}));
+  EXPECT_EQ(rows_.FocusedRow(), 5);
+  rows_.Remove(6);
+  EXPECT_EQ(rows_.FocusedRow(), 5);
+  rows_.Remove(1);
+  EXPECT_EQ(rows_.FocusedRow(), 4);
+  rows_.RemoveIf([](const Row& row) { return row.cells[kFileName] != "b" && row.cells[kFileName] != "d"; });
+  EXPECT_EQ(rows_.At(rows_.FocusedRow()).cells[kFileName], "b");
+}
+
+TEST_F(RowStoreTest, GivesTheFocusOfARemovedRowToTheNextOneElseToTheLast) {
+  rows_.SetFocusedRow(3);
+  Heard();
+  rows_.Remove(3);
+  EXPECT_EQ(rows_.FocusedRow(), 3);
+  EXPECT_EQ(Heard(), "remove 3 1, removed, focus 3") << "another row has the focus now";
+  rows_.Remove(3);
+  EXPECT_EQ(rows_.FocusedRow(), 2);
+  EXPECT_EQ(Heard(), "remove 3 1, removed, focus 2");
+  rows_.Remove(1);
+  rows_.Remove(1);
+  EXPECT_EQ(rows_.FocusedRow(), 0);
+}
+
+TEST_F(RowStoreTest, GivesTheFocusToTheNextRowThatStaysWhenManyGo) {
+  rows_.SetFocusedRow(2);
+  rows_.RemoveIf([](const Row& row) { return row.cells[kFileName] == "b" || row.cells[kFileName] == "c"; });
+  EXPECT_EQ(rows_.At(rows_.FocusedRow()).cells[kFileName], "d");
+  rows_.RemoveIf([](const Row& row) { return row.cells[kFileName] == "d"; });
+  EXPECT_EQ(rows_.At(rows_.FocusedRow()).cells[kFileName], "a");
+}
+
+Row MissingRow() {
+  Row row;
+  for (std::size_t i = 0; i < row.cells.size(); ++i) row.cells[i] = "gone" + std::to_string(i);
+  row.icon = RowIcon::kMissing;
+  row.ghosted = true;
+  row.key = "key";
+  row.tag = "tag";
+  return row;
+}
+
+TEST_F(RowStoreTest, SwapsAllThatTwoRowsHoldButTheirSelection) {
+  rows_.Insert(1, {MissingRow()});
+  rows_.SetCell(4, kPath, "c:\\");
+  rows_.SetSelected(1, true);
+  Heard();
+  rows_.SwapRows(1, 4);
+  const Row& swapped = rows_.At(4);
+  EXPECT_EQ(swapped.cells, MissingRow().cells);
+  EXPECT_EQ(swapped.icon, RowIcon::kMissing);
+  EXPECT_TRUE(swapped.ghosted);
+  EXPECT_EQ(swapped.key, "key");
+  EXPECT_EQ(swapped.tag, "tag");
+  const Row& other = rows_.At(1);
+  EXPECT_EQ(other.FullPath(), "c:\\c");
+  EXPECT_EQ(other.icon, RowIcon::kNormal);
+  EXPECT_FALSE(other.ghosted);
+  EXPECT_EQ(other.key + other.tag, "");
+  EXPECT_EQ(SelectionOf(rows_), "x--x-") << "the caller deals with the first row's selection";
+  EXPECT_EQ(rows_.FocusedRow(), 4);
+  EXPECT_EQ(Heard(), "changed 1 4, focus 4, show 4");
+}
+
+TEST_F(RowStoreTest, SwapsUpwardsAndWithItself) {
+  rows_.SwapRows(3, 2);
+  EXPECT_EQ(Names(), "a c b d");
+  EXPECT_EQ(SelectionOf(rows_), "-x--");
+  rows_.SwapRows(4, 4);
+  EXPECT_EQ(Names(), "a c b d");
+  EXPECT_EQ(SelectionOf(rows_), "-x-x");
+}
+
+TEST_F(RowStoreTest, RefusesEveryIndexOutOfRangeAndChangesNothing) {
+  rows_.SetFocusedRow(1);
+  Heard();
+  for (const int index : {-1, 0, 5, 32768}) {
+    EXPECT_THROW(rows_.At(index), Failure) << index;
+    EXPECT_THROW(rows_.Remove(index), Failure) << index;
+    EXPECT_THROW(rows_.SetCell(index, kTime, "x"), Failure) << index;
+    EXPECT_THROW(rows_.SetIcon(index, RowIcon::kBlue), Failure) << index;
+    EXPECT_THROW(rows_.SetGhosted(index, true), Failure) << index;
+    EXPECT_THROW(rows_.SetSelected(index, true), Failure) << index;
+    EXPECT_THROW(rows_.EnsureVisible(index), Failure) << index;
+    EXPECT_THROW(rows_.SwapRows(index, 1), Failure) << index;
+    EXPECT_THROW(rows_.SwapRows(1, index), Failure) << index;
+  }
+  for (const int index : {-1, 0, 6}) {
+    EXPECT_THROW(rows_.Insert(index, NamedRows({"x"})), Failure) << index;
+    EXPECT_THROW(rows_.Insert(index, {}), Failure) << index;
+  }
+  EXPECT_THROW(rows_.SetFocusedRow(5), Failure);
+  EXPECT_THROW(rows_.SetFocusedRow(-1), Failure);
+  EXPECT_THROW(rows_.SetCell(1, -1, "x"), Failure);
+  EXPECT_THROW(rows_.SetCell(1, kColumnCount, "x"), Failure);
+  EXPECT_EQ(Names(), "a b c d");
+  EXPECT_EQ(rows_.FocusedRow(), 1);
+  EXPECT_EQ(Heard(), "");
+}
+
+TEST_F(RowStoreTest, EndsAtRow32767) {
+  rows_.Insert(5, std::vector<Row>(RowStore::MaxRows - 4));
+  EXPECT_EQ(rows_.Count(), 32767);
+  EXPECT_EQ(Heard(), "insert 5 32763, inserted");
+  EXPECT_THROW(rows_.Insert(1, NamedRows({"x"})), Failure);
+  rows_.Remove(32767);
+  EXPECT_THROW(rows_.Insert(1, NamedRows({"x", "y"})), Failure) << "all or none";
+  EXPECT_EQ(rows_.Count(), 32766);
+  EXPECT_EQ(rows_.At(1).cells[kFileName], "a");
+  rows_.Insert(1, NamedRows({"x"}));
+  EXPECT_EQ(rows_.Count(), 32767);
+}
+
+TEST(RowStore, WorksWithNobodyListening) {
+  RowStore rows;
+  rows.Insert(1, NamedRows({"a", "b"}));
+  {
+    const RowStore::Bulk bulk(rows);
+    rows.SwapRows(1, 2);
+    rows.Remove(2);
+  }
+  rows.EnsureVisible(1);
+  rows.Clear();
+  EXPECT_EQ(rows.Count(), 0);
+}
+
+TEST(Row, GivesItsPathAsFolderAndNameWithNothingBetween) {
+  Row row = NamedRow("a.mp3");
+  row.cells[kPath] = "c:\\m\\";
+  EXPECT_EQ(row.FullPath(), "c:\\m\\a.mp3");
+}
+
+// Follows the rows by what it hears alone, as a view does.
+class MirrorListener : public RowListener {
+ public:
+  explicit MirrorListener(RowStore& rows) : rows_(rows) { rows.SetListener(this); }
+  ~MirrorListener() override { rows_.SetListener(nullptr); }
+
+  void BeforeInsert(int first, int count) override { Begin("insert", first, count); }
+  void AfterInsert() override {
+    mirror_.insert(mirror_.begin() + (first_ - 1), static_cast<std::size_t>(count_), Row());
+    for (int i = first_; i < first_ + count_; ++i) Copy(i);
+    if (focus_ >= first_) focus_ += count_;
+    End("insert");
+  }
+  void BeforeRemove(int first, int count) override { Begin("remove", first, count); }
+  void AfterRemove() override {
+    mirror_.erase(mirror_.begin() + (first_ - 1), mirror_.begin() + (first_ - 1 + count_));
+    if (focus_ >= first_ + count_) focus_ -= count_;
+    End("remove");
+  }
+  void BeforeReset() override { Begin("reset", 0, 0); }
+  void AfterReset() override {
+    mirror_.resize(static_cast<std::size_t>(rows_.Count()));
+    for (int i = 1; i <= rows_.Count(); ++i) Copy(i);
+    End("reset");
+  }
+  void RowsChanged(int first, int last) override {
+    EXPECT_EQ(open_, "");
+    for (int i = first; i <= last; ++i) Copy(i);
+  }
+  void FocusMoved() override {
+    EXPECT_EQ(open_, "");
+    focus_ = rows_.FocusedRow();
+  }
+  void ShowRow(int index) override { EXPECT_LE(index, rows_.Count()); }
+
+  void ExpectTrue() const {
+    ASSERT_EQ(static_cast<int>(mirror_.size()), rows_.Count());
+    EXPECT_EQ(open_, "");
+    EXPECT_EQ(focus_, rows_.FocusedRow());
+    for (int i = 1; i <= rows_.Count(); ++i) {
+      const Row& seen = mirror_[static_cast<std::size_t>(i - 1)];
+      EXPECT_EQ(seen.cells, rows_.At(i).cells);
+      EXPECT_EQ(seen.selected, rows_.At(i).selected);
+      EXPECT_EQ(seen.icon, rows_.At(i).icon);
+    }
+  }
+
+ private:
+  void Begin(const char* what, int first, int count) {
+    EXPECT_EQ(open_, "");
+    EXPECT_EQ(mirror_.size(), static_cast<std::size_t>(rows_.Count())) << "nothing has changed yet";
+    open_ = what;
+    first_ = first;
+    count_ = count;
+  }
+  void End(const char* what) {
+    EXPECT_EQ(open_, what);
+    open_.clear();
+  }
+  void Copy(int index) { mirror_.at(static_cast<std::size_t>(index - 1)) = rows_.At(index); }
+
+  RowStore& rows_;
+  std::vector<Row> mirror_;
+  std::string open_;  // which Before waits for its After
+  int focus_ = 0;
+  int first_ = 0;
+  int count_ = 0;
+};
+
+class RandomChanges {
+ public:
+  explicit RandomChanges(RowStore& rows) : rows_(rows) {}
+
+  void One() {
+    switch (Below(10)) {
+      case 0:
+      case 1:
+        return rows_.Insert(Below(rows_.Count() + 1) + 1, std::vector<Row>(1 + Below(4), NamedRow(NextName())));
+      case 2:
+        return void(rows_.RemoveIf([&](const Row&) { return rows_.Count() > 40; }));
+      case 3:
+        return rows_.SelectWhere([&](int, const Row&) { return Below(2) == 0; });
+      case 4:
+        return void(rows_.RemoveIf([](const Row& row) { return row.selected && row.icon == RowIcon::kRed; }));
+      default:
+        if (rows_.Count() > 0) ToOneRow(Below(rows_.Count()) + 1);
+    }
+  }
+
+  int Below(int end) { return static_cast<int>(random_() % static_cast<unsigned>(end)); }
+
+ private:
+  void ToOneRow(int row) {
+    switch (Below(6)) {
+      case 0:
+        return rows_.Remove(row);
+      case 1:
+        return rows_.SetCell(row, kTime, NextName());
+      case 2:
+        return rows_.SetIcon(row, RowIcon::kRed);
+      case 3:
+        return rows_.SwapRows(row, Below(rows_.Count()) + 1);
+      case 4:
+        return rows_.SetFocusedRow(row);
+      default:
+        return rows_.EnsureVisible(row);
+    }
+  }
+  std::string NextName() { return std::to_string(++names_); }
+
+  RowStore& rows_;
+  std::mt19937 random_{20};
+  int names_ = 0;
+};
+
+TEST(RowStore, CanBeFollowedByWhatItsListenerHears) {
+  RowStore rows;
+  const MirrorListener mirror(rows);
+  RandomChanges changes(rows);
+  for (int i = 0; i < 3000 && !testing::Test::HasFailure(); ++i) {
+    {
+      const RowStore::Bulk bulk(rows);
+      for (int j = changes.Below(4); j > 0; --j) changes.One();
+    }
+    changes.One();
+    mirror.ExpectTrue();
+  }
+}
+
+}  // namespace
+}  // namespace qublet
