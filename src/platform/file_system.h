@@ -48,7 +48,9 @@ class InputFile {
 };
 
 // The next version of a file, being written under a temporary name in the same folder. Nothing of the present file
-// is touched before Commit; a replacement that is dropped without Commit takes its temporary file with it.
+// is touched before Commit; a replacement that is dropped without Commit takes its temporary file with it. One that is
+// killed leaves it behind, until the next replacement of the same file deletes it (on Linux: of a file on a disk of this
+// machine).
 class FileReplacement {
  public:
   virtual ~FileReplacement() = default;
@@ -91,7 +93,8 @@ class FileSystem {
   // resolved), or no write access; it holds for the superuser too. Throws Failure when the file can't be reached.
   virtual bool IsReadOnly(const std::string& path) const = 0;
 
-  // All names of a folder, in no particular order. Throws Failure when it can't be read.
+  // All names of a folder, in no particular order; none where the system shows its own state as files (/proc, /sys).
+  // Throws Failure when it can't be read.
   virtual std::vector<FolderEntry> ReadFolder(const std::string& folder) const = 0;
   // Nothing when the folder can't be reached. Never throws.
   virtual std::optional<FolderIdentity> IdentityOf(const std::string& folder) const = 0;

@@ -1,22 +1,15 @@
-// stream_facts FILE...: what we read of each file, a line of tab-separated name=value pairs a file.
+// stream_facts FILE...: the stream facts of each MPEG file that the list doesn't show, a line of tab-separated
+// name=value pairs a file; an empty line where there is no stream.
 
 #include <iostream>
 
-#include "media/media_info.h"
 #include "media/mpeg_stream.h"
 
 namespace qublet {
 namespace {
 
-void PrintInfo(const MediaInfo& info) {
-  std::cout << "Valid=" << info.Valid << "\tFileName=" << info.FileName << "\tLength=" << info.Length
-            << "\tSize=" << info.Size << "\tID=" << info.ID << "\tLayer=" << info.Layer
-            << "\tBitrate=" << info.Bitrate << "\tSamplerate=" << info.Samplerate << "\tMode=" << info.Mode;
-  if (IsVbr(info.Bitrate)) std::cout << "\tVbrLength=" << VbrLength(info.Size, info.Bitrate);
-}
-
 void PrintFacts(const StreamFacts& facts) {
-  std::cout << "\tStreamLength=" << facts.StreamLength << "\tStreamCrc=" << facts.StreamCrc
+  std::cout << "StreamLength=" << facts.StreamLength << "\tStreamCrc=" << facts.StreamCrc
             << "\tStreamCopyrighted=" << facts.StreamCopyrighted << "\tStreamOriginal=" << facts.StreamOriginal
             << "\tStreamEmphasis=" << facts.StreamEmphasis;
 }
@@ -28,11 +21,7 @@ int main(int count, char** arguments) {
   using namespace qublet;
   const auto files = OpenFileSystem();
   for (int i = 1; i < count; ++i) {
-    const std::string path = files->FromNative(arguments[i]);
-    MediaInfo info;
-    GetMediaInfo(*files, path, info);
-    PrintInfo(info);
-    ResumeNext([&] { PrintFacts(ReadStreamInfo(*files->OpenForReading(path))); });
+    ResumeNext([&] { PrintFacts(ReadStreamInfo(*files->OpenForReading(files->FromNative(arguments[i])))); });
     std::cout << "\n";
   }
 }

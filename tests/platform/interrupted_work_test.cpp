@@ -1,5 +1,8 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 
+#include "platform/linux/descriptor.h"
+#include "platform/linux/file_system_kind.h"
 #include "support/faults.h"
 #include "support/file_system_test_base.h"
 
@@ -44,10 +47,47 @@ TEST_F(InterruptedWorkTest, LeavesTheOldOrTheNewFileOfAReplacement) {
   EXPECT_GE(faults, 5 * 5) << "open, two writes, flush and rename can go wrong at least";
 }
 
+TEST_F(InterruptedWorkTest, LeavesNothingBehindOnceTheFileIsReplacedAgain) {
+  if (!LocksHoldForAll(OpenAt(AT_FDCWD, drives_.C(), O_RDONLY | O_DIRECTORY).Get())) GTEST_SKIP();
+  for (const std::string& name : {std::string("list.m3u"), std::string(255, 'x')}) {
+    int left = 0;
+    for (const Fault fault : {Fault::kKillBefore, Fault::kKillAfter}) {
+      ForEvery(
+          fault, Driver({"replace", "c:\\" + name, LongContent(100000)}),
+          [&] {
+            Clear();
+            drives_.Write(name, "old");
+          },
+          [&](const FaultRun&) {
+            left += AllNames() == Names{name} ? 0 : 1;
+            Replace("c:\\" + name, "next");
+            EXPECT_EQ(AllNames(), Names{name});
+            EXPECT_EQ(drives_.Read(name), "next");
+          });
+    }
+    EXPECT_GE(left, 8)
+        << "opened, twice written, with a mode, flushed: each stays once before and once after its kill";
+  }
+}
+
+TEST_F(InterruptedWorkTest, LeavesNothingBehindWhenEveryTryIsKilledButTheLast) {
+  if (!LocksHoldForAll(OpenAt(AT_FDCWD, drives_.C(), O_RDONLY | O_DIRECTORY).Get())) GTEST_SKIP();
+  drives_.Write("list.m3u", "old");
+  ForEvery(
+      Fault::kKillBefore, Driver({"replace", "c:\\list.m3u", "new"}), [] {},
+      [&](const FaultRun&) { EXPECT_LE(AllNames().size(), 2u); });
+  EXPECT_EQ(AllNames(), Names{"list.m3u"});
+  EXPECT_EQ(drives_.Read("list.m3u"), "new");
+}
+
 TEST_F(InterruptedWorkTest, FindsAReplacementFlushedBeforeItsRenameAndTheFolderAfterIt) {
   Names calls;
   ForEvery(
-      Fault::kKillBefore, Driver({"replace", "c:\\list.m3u", "new"}), [&] { drives_.Write("list.m3u", "old"); },
+      Fault::kKillBefore, Driver({"replace", "c:\\list.m3u", "new"}),
+      [&] {
+        Clear();
+        drives_.Write("list.m3u", "old");
+      },
       [&](const FaultRun& run) { calls.push_back(run.name); });
   EXPECT_EQ(calls, (Names{"open", "write", "fchmod", "fsync", "rename", "fsync"}));
 }

@@ -81,6 +81,7 @@ MPEG = {
     "vbr_old.mp3": lame("--vbr-old", "-V", 4),
     "vbr_crc.mp3": lame("-V", 2, "-p", crc=True),
     "vbr_without_count.mp3": lame("-t", "-V", 2),
+    "vbr_66_seconds.mp3": ffmpeg("-af", f"aloop=21:{16000 * SECONDS}", "-c:a", "libmp3lame", "-q:a", "7", rate=16000),
     "abr_140.mp3": lame("--abr", 140),
     "mpeg2_cbr.mp3": lame("-b", 64, rate=22050, bitrate="64"),
     "mpeg2_mono.mp3": lame("-b", 48, "-m", "m", rate=24000, bitrate="48", mode="Mono"),

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QTest>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -20,10 +21,13 @@ namespace qublet {
 // names.
 class MainWindow {
  public:
-  MainWindow() { Make(); }
+  explicit MainWindow(const std::function<std::unique_ptr<FileSystem>()>& open_files = OpenFileSystem)
+      : files(open_files()) {
+    Make();
+  }
 
   TemporaryDrives drives;
-  std::unique_ptr<FileSystem> files = OpenFileSystem();
+  std::unique_ptr<FileSystem> files;
   FakeSettingsStore store;
   FakeStartupEntries startup;
   ScriptedDialogs dialogs;

@@ -10,6 +10,7 @@
 #include "platform/linux/attributes.h"
 #include "platform/linux/descriptor.h"
 #include "platform/linux/drives.h"
+#include "platform/linux/file_system_kind.h"
 #include "platform/linux/move.h"
 #include "platform/linux/native_text.h"
 #include "platform/linux/open_files.h"
@@ -140,6 +141,7 @@ std::vector<FolderEntry> LinuxFileSystem::ReadFolder(const std::string& folder) 
   const std::string native = ToNative(folder);
   const std::unique_ptr<DIR, CloseFolder> open(opendir(native.c_str()));
   if (!open) FailWithErrno("list", native);
+  if (ShowsTheKernel(dirfd(open.get()))) return {};
 
   std::vector<FolderEntry> entries;
   errno = 0;

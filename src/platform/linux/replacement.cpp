@@ -8,6 +8,7 @@
 
 #include "platform/linux/file_metadata.h"
 #include "platform/linux/move.h"
+#include "platform/linux/temporary_file.h"
 
 namespace qublet {
 namespace {
@@ -74,9 +75,9 @@ void Replacement::FindPresent(const std::string& native) {
 void Replacement::OpenTemporary() {
   // What replaces a private file must never be readable to others, not even for a moment.
   const mode_t mode = present_ || source_ != nullptr ? 0600 : 0666;
-  const std::string name = TemporaryName();
-  file_ = OpenAt(folder_.Get(), name, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, mode);
-  temporary_ = name;
+  TemporaryFile made = MakeTemporaryFile(folder_, name_, mode);
+  file_ = std::move(made.file);
+  temporary_ = std::move(made.name);
   buffer_.reserve(kBufferSize);
 }
 

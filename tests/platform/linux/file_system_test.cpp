@@ -394,6 +394,21 @@ TEST_F(LinuxFileSystemTest, GivesACopyModeAttributesAndTimeOfTheSource) {
   EXPECT_EQ(StatusOf("b.mp3").st_mtim.tv_nsec, 123456789);
 }
 
+// --- the kernel's own files ---
+
+TEST_F(LinuxFileSystemTest, ListsNothingWhereTheKernelShowsItself) {
+  Link("/proc", "processes");
+  for (const std::string folder : {"z:\\proc", "z:\\proc\\self", "z:\\proc\\self\\fd", "z:\\sys", "c:\\processes"}) {
+    EXPECT_EQ(NamesIn(folder), Names{}) << folder;
+  }
+  EXPECT_EQ(NamesIn("c:\\"), Names{"processes\\"});
+}
+
+TEST_F(LinuxFileSystemTest, ListsAFolderThatALinkOfTheKernelLeadsTo) {
+  drives_.Write("a.mp3", "a");
+  EXPECT_EQ(NamesIn("z:\\proc\\self\\cwd"), Names{"a.mp3"});
+}
+
 // --- full disks ---
 
 TEST_F(LinuxFileSystemTest, LeavesTheOldFileWhereThereIsNoRoomForTheNew) {
