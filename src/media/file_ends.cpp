@@ -7,6 +7,8 @@ namespace qublet {
 namespace {
 
 constexpr std::size_t kChunk = 256 * 1024;
+// A file has one tag in front, or two by mistake; more than this is a heap of forged ones.
+constexpr int kMostTags = 100;
 constexpr auto kId3v1Size = static_cast<std::int64_t>(Id3v1Tag::kSize);
 
 Bytes ReadBytes(InputFile& file, std::int64_t offset, std::int64_t length) {
@@ -138,7 +140,7 @@ FileEnds FindEnds(InputFile& file) {
   ends.head = ReadHeader(file, 0);
   if (ends.head) ends.head_end = ends.head->Extent();
   ends.heads_end = ends.head_end;
-  while (ends.heads_end > 0) {
+  for (int tags = 1; ends.head && tags < kMostTags; ++tags) {
     const auto next = ReadHeader(file, ends.heads_end);
     if (!next || ends.heads_end + next->Extent() > ends.size) break;
     ends.heads_end += next->Extent();

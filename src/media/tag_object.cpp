@@ -1,6 +1,5 @@
 #include "media/tag_object.h"
 
-#include "media/file_ends.h"
 #include "media/id3/genre_names.h"
 
 namespace qublet {
@@ -41,23 +40,27 @@ void TagImages::Add(const std::string& file, const std::string& description) {
 void TagObject::PrepareFile(const std::string& /*path*/) {}
 
 void TagObject::ReadTags(const std::string& path, bool with_stream) {
-  has_v1_ = has_v2_ = false;
+  ForgetV1();
+  ForgetV2();
   const auto file = files_.OpenForReading(path);
-  LoadV1(*file);
-  LoadV2(*file);
+  const FileEnds ends = FindEnds(*file);
+  LoadV1(*file, ends);
+  LoadV2(*file, ends);
   if (!with_stream) return;
   stream_ = {};
   stream_ = qublet::ReadStreamInfo(*file);
 }
 
 void TagObject::ReadID3v1(const std::string& path) {
-  has_v1_ = false;
-  LoadV1(*files_.OpenForReading(path));
+  ForgetV1();
+  const auto file = files_.OpenForReading(path);
+  LoadV1(*file, FindEnds(*file));
 }
 
 void TagObject::ReadID3v2(const std::string& path) {
-  has_v2_ = false;
-  LoadV2(*files_.OpenForReading(path));
+  ForgetV2();
+  const auto file = files_.OpenForReading(path);
+  LoadV2(*file, FindEnds(*file));
 }
 
 void TagObject::ReadStreamInfo(const std::string& path) {
@@ -65,18 +68,25 @@ void TagObject::ReadStreamInfo(const std::string& path) {
   stream_ = qublet::ReadStreamInfo(*files_.OpenForReading(path));
 }
 
-void TagObject::LoadV1(InputFile& file) {
+void TagObject::ForgetV1() {
+  has_v1_ = false;
   v1_ = {};
-  const auto tag = ReadId3v1(file, FindEnds(file));
+}
+
+void TagObject::ForgetV2() {
+  has_v2_ = false;
+  v2_ = {};
+  comments_.Clear();
+  images_.Clear();
+}
+
+void TagObject::LoadV1(InputFile& file, const FileEnds& ends) {
+  const auto tag = ReadId3v1(file, ends);
   has_v1_ = tag.has_value();
   if (tag) v1_ = *tag;
 }
 
-void TagObject::LoadV2(InputFile& file) {
-  v2_ = {};
-  comments_.Clear();
-  images_.Clear();
-  const FileEnds ends = FindEnds(file);
+void TagObject::LoadV2(InputFile& file, const FileEnds& ends) {
   has_v2_ = ends.head.has_value();
   auto raw = ReadHead(file, ends);
   if (!raw) return;

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "media/file_ends.h"
 #include "media/id3/id3v1.h"
 #include "media/id3/id3v2_tag.h"
 #include "media/mpeg_stream.h"
@@ -114,8 +115,10 @@ class TagObject {
   static std::string GenreList();
 
  private:
-  void LoadV1(InputFile& file);
-  void LoadV2(InputFile& file);
+  void ForgetV1();
+  void ForgetV2();
+  void LoadV1(InputFile& file, const FileEnds& ends);
+  void LoadV2(InputFile& file, const FileEnds& ends);
   // The tag with comments and pictures put in.
   Id3v2Tag Composed() const;
 

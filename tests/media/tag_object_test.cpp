@@ -85,6 +85,14 @@ TEST_F(TagObjectTest, ForgetsTheFileBeforeWhenItLoadsAnother) {
   EXPECT_EQ(tag.Comments().Count(), 0u);
 }
 
+TEST_F(TagObjectTest, ForgetsTheFileBeforeAlsoWhenItCannotLoadAnother) {
+  Write(kTag3 + AudioBytes() + Id3v1Bytes("Old"));
+  TagObject tag = Loaded();
+  EXPECT_THROW(tag.ReadTags("c:\\missing.mp3", false), Failure);
+  EXPECT_FALSE(tag.HasID3v1() || tag.HasID3v2());
+  EXPECT_EQ(tag.V1Title() + tag.Frame("TIT2"), "");
+}
+
 TEST_F(TagObjectTest, FailsForWhatIsNoFile) {
   TagObject tag(*files_);
   EXPECT_THROW(tag.ReadTags("c:\\missing.mp3", false), Failure);

@@ -117,7 +117,7 @@ void WriteSize(Bytes& tag) {
 }  // namespace
 
 std::int64_t TagHeader::Extent() const {
-  const bool footer = version == 4 && (flags & kTagFooter) != 0;
+  const bool footer = version >= 4 && (flags & kTagFooter) != 0;
   return static_cast<std::int64_t>(body_size) + static_cast<std::int64_t>(footer ? 2 * kSize : kSize);
 }
 
