@@ -10,7 +10,6 @@
 #include "playlist/list_status.h"
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/formats.h"
-#include "playlist/selection.h"
 #include "settings/application.h"
 
 namespace qublet {
@@ -34,6 +33,11 @@ Main::Main(Document& document, AppSettings& settings, Services services, Session
   playlist_files_ = std::make_unique<PlaylistFiles>(
       document_, *items_, settings_,
       PlaylistFiles::Services{services_.files, services_.dialogs, services_.clock, *feedback_}, view);
+  list_commands_ =
+      std::make_unique<ListCommands>(document_, *items_, settings_,
+                                     ListCommands::Services{services_.files, services_.dialogs, services_.shell,
+                                                            services_.random, services_.collation, *feedback_},
+                                     view);
   session_ = std::make_unique<Session>(document_, settings_, *items_, services_.files, services_.store,
                                        services_.startup, std::move(places), window);
   Connect();
@@ -81,6 +85,8 @@ void Main::Connect() {
   connect(ListView1, &RowList::rowsSelected, this, [this] { ListView1_Click(); });
   connect(ListView1, &RowList::filesDropped, this, &Main::ListView1_FilesDropped);
   connect(ListView1, &RowList::keyPressed, this, &Main::ListView1_KeyDown);
+  connect(ListView1->header(), &QHeaderView::sectionClicked, this,
+          [this](int section) { list_commands_->ListView1_ColumnClick(section + 1); });
 }
 
 void Main::Load(const std::string& command_line, QWidget* splash) {
@@ -156,10 +162,6 @@ void Main::MFileSaveRel_Click() {
 void Main::MFileExit_Click() {
   Form_Unload();
 }
-void Main::MEditSelNone_Click() {
-  items_->MEditSelNone_Click();
-}
-
 void Main::MEditAddDir_Click() {
   const std::optional<std::string> path =
       services_.dialogs.BrowseForFolder("Select Folder...", document_.WorkFolder, true);
@@ -167,16 +169,6 @@ void Main::MEditAddDir_Click() {
     document_.WorkFolder = *path;
     items_->AddStuff(*path, true);
   }
-  ListView1_Click();
-}
-
-void Main::MEditRemove_Click() {
-  RemoveSelectedRows(document_);
-  ListView1_Click();
-}
-
-void Main::MEditSelAll_Click() {
-  document_.ListView1.SelectWhere([](int, const Row&) { return true; });
   ListView1_Click();
 }
 
@@ -219,7 +211,7 @@ void Main::ListView1_FilesDropped(const QStringList& native_paths, QPoint point)
 }
 
 void Main::ListView1_Click() {
-  const ListStatus status = WorkOutStatus(document_.ListView1, services_.files, thousands_separator_);
+  const ListStatus status = WorkOutStatus(document_.ListView1, services_.files, settings_, thousands_separator_);
   for (std::size_t i = 0; i < status.panels.size(); ++i) Panels[i]->setText(QString::fromStdString(status.panels[i]));
 }
 

@@ -11,11 +11,15 @@
 #include "app/session.h"
 #include "app/window_feedback.h"
 #include "platform/clock.h"
+#include "platform/collation.h"
 #include "platform/dialogs.h"
 #include "platform/file_system.h"
+#include "platform/random.h"
 #include "platform/settings_store.h"
+#include "platform/shell.h"
 #include "playlist/document.h"
 #include "playlist/items.h"
+#include "playlist/list_commands.h"
 #include "playlist/main_view.h"
 #include "playlist/playlist_files.h"
 #include "playlist/recent_files.h"
@@ -34,6 +38,9 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
     StartupEntries& startup;
     Dialogs& dialogs;
     const Clock& clock;
+    Shell& shell;
+    Random& random;
+    const Collation& collation;
   };
 
   Main(Document& document, AppSettings& settings, Services services, Session::Places places);
@@ -51,9 +58,31 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   void MFileSaveRel_Click();
   void MFileExit_Click();
   void MEditAddDir_Click();
-  void MEditRemove_Click();
-  void MEditSelAll_Click();
-  void MEditSelNone_Click();
+  void MEditRemove_Click() { list_commands_->MEditRemove_Click(); }
+  void MEditMoveUp_Click() { list_commands_->MEditMoveUp_Click(); }
+  void MEditMoveDown_Click() { list_commands_->MEditMoveDown_Click(); }
+  void MEditSelAll_Click() { list_commands_->MEditSelAll_Click(); }
+  void MEditSelNone_Click() { items_->MEditSelNone_Click(); }
+  void MEditSelFol_Click() { list_commands_->MEditSelFol_Click(); }
+  void MEditSelTop_Click() { list_commands_->MEditSelTop_Click(); }
+  void MEditSelBottom_Click() { list_commands_->MEditSelBottom_Click(); }
+  void MEditSelInv_Click() { list_commands_->MEditSelInv_Click(); }
+  void MEditSelAlt_Click() { list_commands_->MEditSelAlt_Click(); }
+  void MEditSelRnd_Click() { list_commands_->MEditSelRnd_Click(); }
+  void MEditSelShuffle_Click() { list_commands_->MEditSelShuffle_Click(); }
+  void MEditSelLoc_Click() { list_commands_->MEditSelLoc_Click(); }
+  void MEditSelImpFol_Click() { list_commands_->MEditSelImpFol_Click(); }
+  void MEditSeMarkBlue_Click() { list_commands_->MEditSeMarkBlue_Click(); }
+  void MEditSeMarkGreen_Click() { list_commands_->MEditSeMarkGreen_Click(); }
+  void MEditSeMarkRed_Click() { list_commands_->MEditSeMarkRed_Click(); }
+  void MEditSeUnMark_Click() { list_commands_->MEditSeUnMark_Click(); }
+  void MEditSelectMark_Click() { list_commands_->MEditSelectMark_Click(); }
+  void Mreloc_Click() { list_commands_->Mreloc_Click(); }
+  // As a click on the header of the column, counted from 1.
+  template <int column>
+  void MViewSort_Click() {
+    list_commands_->ListView1_ColumnClick(column);
+  }
   void MViewToolbar_Click();
   void MViewStatusBar_Click();
   void MViewRefresh_Click();
@@ -106,6 +135,7 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   std::unique_ptr<WindowFeedback> feedback_;
   std::unique_ptr<Items> items_;
   std::unique_ptr<PlaylistFiles> playlist_files_;
+  std::unique_ptr<ListCommands> list_commands_;
   std::unique_ptr<Session> session_;
 };
 

@@ -14,7 +14,7 @@ class Main;
 // menus, shortcuts and context menus alike.
 struct Command {
   int depth = 0;                      // 0 for the top-level menus
-  const char* name = "";              // object name; "" for a separator
+  const char* name = "";              // object name; few separators have one
   const char* caption = "";           // "" for a separator
   const char* shortcut = "";          // portable text of a key sequence
   const char* tip = "";               // shown in the status bar

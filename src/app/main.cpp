@@ -10,6 +10,7 @@
 #include "platform/memory_settings_store.h"
 #include "platform/program.h"
 #include "platform/qt/qt_dialogs.h"
+#include "platform/qt/qt_shell.h"
 #include "playlist/paths/folder_walk.h"
 #include "settings/application.h"
 
@@ -22,6 +23,9 @@ struct House {
   std::unique_ptr<SettingsStore> store;
   std::unique_ptr<StartupEntries> startup;
   SystemClock clock;
+  SystemRandom random;
+  std::unique_ptr<Collation> collation = OpenCollation();
+  QtShell shell{*files};
   Document document;
   AppSettings settings;
   std::unique_ptr<QtDialogs> dialogs;
@@ -43,10 +47,9 @@ QStringList AudioPatterns() {
 void MakeMain(House& house) {
   house.dialogs =
       std::make_unique<QtDialogs>(nullptr, *house.files, QString::fromStdString(AppTitle()), AudioPatterns());
-  house.main =
-      std::make_unique<Main>(house.document, house.settings,
-                             Main::Services{*house.files, *house.store, *house.startup, *house.dialogs, house.clock},
-                             FindPlaces(*house.files));
+  const Main::Services services{*house.files, *house.store, *house.startup, *house.dialogs,
+                                house.clock,  house.shell,  house.random,   *house.collation};
+  house.main = std::make_unique<Main>(house.document, house.settings, services, FindPlaces(*house.files));
   house.dialogs->SetOwner(house.main.get());
   QObject::connect(house.main.get(), &Main::ended, qApp, [] { QCoreApplication::exit(0); });
 }

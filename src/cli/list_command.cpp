@@ -41,15 +41,27 @@ void PrintJson(const RowStore& rows, std::ostream& out) {
   }
 }
 
+// Adds what one path holds; gives what there is to complain of, "" for nothing.
+std::string AddPath(Document& document, FileSystem& files, const std::string& path, const std::string& typed) {
+  Feedback feedback;
+  MainView view;
+  Items items(document, files, feedback, view, ",");
+  const RowStore& rows = document.ListView1;
+  const int before = rows.Count();
+  DestroyFileArray(document);
+  const bool added = items.AddStuff(path, false);
+  const bool all_of_it = document.FileArray.size() <= static_cast<std::size_t>(rows.Count() - before);
+  if (added && all_of_it) return "";
+  if (rows.Count() < RowStore::MaxRows) return "nothing to list in: " + typed;
+  return "the list ends at row " + std::to_string(rows.Count()) + ", left out: the rest of " + typed;
+}
+
 }  // namespace
 
 bool AddPaths(Document& document, CommandContext& context, const Arguments& paths) {
-  Feedback feedback;
-  MainView view;
-  Items items(document, context.files, feedback, view, ",");
-  bool all_there = true;
   // Playlists change the current folder: what the user typed counts from the folder of the start.
   Collection absolute;
+  bool all_there = true;
   for (const std::string& path : paths) {
     std::string found;
     ResumeNext([&] { found = PathFromArgument(context.files, path); });
@@ -61,8 +73,10 @@ bool AddPaths(Document& document, CommandContext& context, const Arguments& path
     absolute.push_back(found);
   }
   for (std::size_t i = 0; i < absolute.size(); ++i) {
-    if (absolute[i].empty() || items.AddStuff(absolute[i], false)) continue;
-    Complain(context.err, "nothing to list in: " + paths[i], kCouldNot);
+    if (absolute[i].empty()) continue;
+    const std::string complaint = AddPath(document, context.files, absolute[i], paths[i]);
+    if (complaint.empty()) continue;
+    Complain(context.err, complaint, kCouldNot);
     all_there = false;
   }
   return all_there;

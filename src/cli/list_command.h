@@ -5,8 +5,8 @@
 
 namespace qublet {
 
-// Adds what the arguments name to the document, as a drop on the list would. False when a path isn't there or holds
-// nothing for the list: each is told to `err`, the others are added all the same.
+// Adds what the arguments name to the document, as a drop on the list would. False when a path isn't there, holds
+// nothing for the list or more than it has room for: each is told to `err`, the others are added all the same.
 bool AddPaths(Document& document, CommandContext& context, const Arguments& paths);
 
 // "list [--json] PATH...": the rows, tab-separated below a line of the column texts, or one JSON object a line.

@@ -48,9 +48,9 @@ class InputFile {
 };
 
 // The next version of a file, being written under a temporary name in the same folder. Nothing of the present file
-// is touched before Commit; a replacement that is dropped without Commit takes its temporary file with it. One that is
-// killed leaves it behind, until the next replacement of the same file deletes it (on Linux: of a file on a disk of this
-// machine).
+// is touched before Commit; a replacement that is dropped without Commit takes its temporary file with it. One that
+// is killed leaves it behind, until the next replacement of the same file deletes it (on Linux: of a file on a disk
+// of this machine).
 class FileReplacement {
  public:
   virtual ~FileReplacement() = default;

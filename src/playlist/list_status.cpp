@@ -4,9 +4,12 @@
 
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/formats.h"
+#include "playlist/paths/numbers.h"
 
 namespace qublet {
 namespace {
+
+constexpr std::int32_t kBytesPerMegabyte = 1048576;
 
 std::int64_t WholePart(const std::string& cell) {
   std::int64_t value = 0;
@@ -15,52 +18,120 @@ std::int64_t WholePart(const std::string& cell) {
 }
 
 struct Sums {
-  std::int64_t length = 0, size = 0;
-  std::int64_t selected_length = 0, selected_size = 0;
-  std::int64_t up_to_focus = 0;  // lengths of all rows up to the focused one
-  int selected = 0;
+  int count = 0;
+  std::int64_t length = 0;
+  std::int64_t size = 0;
 };
 
-Sums AddUp(const RowStore& rows) {
-  Sums sums;
-  for (int i = 1; i <= rows.Count(); ++i) {
+struct Survey {
+  Sums all;
+  Sums selected;
+  std::int64_t up_to_focus = 0;  // lengths of all rows up to the focused one
+  bool first_selected = false;
+  bool last_selected = false;
+
+  bool AllSelected() const { return selected.count == all.count; }
+};
+
+void Add(Sums& sums, std::int64_t length, std::int64_t size) {
+  ++sums.count;
+  sums.length += length;
+  sums.size += size;
+}
+
+Survey Look(const RowStore& rows) {
+  Survey survey;
+  const int count = rows.Count();
+  for (int i = 1; i <= count; ++i) {
     const Row& row = rows.At(i);
     const std::int64_t length = WholePart(row.cells[kHiddenLen]);
     const std::int64_t size = WholePart(row.cells[kHiddenSize]);
-    sums.length += length;
-    sums.size += size;
-    if (i <= rows.FocusedRow()) sums.up_to_focus = sums.length;
-    if (!row.selected) continue;
-    ++sums.selected;
-    sums.selected_length += length;
-    sums.selected_size += size;
+    Add(survey.all, length, size);
+    if (i <= rows.FocusedRow()) survey.up_to_focus = survey.all.length;
+    if (row.selected) Add(survey.selected, length, size);
   }
-  return sums;
+  survey.first_selected = count > 0 && rows.At(1).selected;
+  survey.last_selected = count > 0 && rows.At(count).selected;
+  return survey;
 }
 
-std::array<std::string, 3> OneSelected(const RowStore& rows, const Sums& sums, const FileSystem& files,
-                                       const std::string& separator) {
+void Enable(ListStatus& status, std::initializer_list<const char*> names, bool enabled) {
+  for (const char* name : names) status.commands.push_back({name, enabled});
+}
+
+// Commands that any selection at all can be given to.
+void EnableForSelection(ListStatus& status, bool any) {
+  Enable(status,
+         {"MEditRemove", "MEditPlaySel", "MEditPlayFol", "MEditPlayLoc", "MEditSelAlt", "MEditSelNone", "MEditSelLoc",
+          "MEditSeMark", "MEditSeUnMark", "MEditSelFol", "MToolsBookmarkAdd", "MEditSelShuffle"},
+         any);
+}
+
+void ShowNone(const Survey& survey, const std::string& separator, ListStatus& status) {
+  status.panels = {"Total: " + std::to_string(survey.all.count), FormatTime(survey.all.length),
+                   FormatSize(survey.all.size, separator)};
+  Enable(status, {"MEditSelTop", "MEditSelBottom", "MEditId3", "MEditFileInfo", "MEditMoveUp", "MEditMoveDown"},
+         false);
+  Enable(status, {"MEditSelAll"}, true);
+}
+
+void ShowSeveral(const Survey& survey, const std::string& separator, ListStatus& status) {
+  status.panels = {std::to_string(survey.selected.count) + " Items", FormatTime(survey.selected.length),
+                   FormatSize(survey.selected.size, separator)};
+  Enable(status, {"MEditSelAll", "MEditSelTop", "MEditSelBottom"}, !survey.AllSelected());
+  Enable(status, {"MEditId3"}, true);
+  Enable(status, {"MEditFileInfo"}, false);
+}
+
+void ShowOne(const Survey& survey, const RowStore& rows, const FileSystem& files, const std::string& separator,
+             ListStatus& status) {
   const int index = rows.FocusedRow();
-  const std::string track = "Track: " + std::to_string(index) + "/" + std::to_string(rows.Count());
-  if (index == 0 || !FileExists(files, rows.At(index).FullPath())) return {track, "-", "-"};
-  const std::string start = FormatTime(sums.up_to_focus - sums.selected_length);
-  return {track, FormatTime(sums.selected_length) + "[" + start + "]", FormatSize(sums.selected_size, separator)};
+  const bool present = index > 0 && FileExists(files, rows.At(index).FullPath());
+  status.panels[0] = "Track: " + std::to_string(index) + "/" + std::to_string(survey.all.count);
+  status.panels[1] = "-";
+  status.panels[2] = "-";
+  if (present) {
+    status.panels[1] =
+        FormatTime(survey.selected.length) + "[" + FormatTime(survey.up_to_focus - survey.selected.length) + "]";
+    status.panels[2] = FormatSize(survey.selected.size, separator);
+  }
+  Enable(status, {"MEditSelAll"}, true);
+  Enable(status, {"MEditSelTop"}, !survey.first_selected);
+  Enable(status, {"MEditSelBottom"}, !survey.last_selected);
+  Enable(status, {"MEditId3", "MEditFileInfo", "MEditPlaySel"}, present);
+  Enable(status, {"Mreloc", "Mrelocs"}, !present);
 }
 
 }  // namespace
 
-ListStatus WorkOutStatus(const RowStore& rows, const FileSystem& files, const std::string& separator) {
-  const Sums sums = AddUp(rows);
-  ListStatus status{{}, sums.selected, sums.length, sums.size};
-  if (sums.selected == 0) {
-    status.panels = {"Total: " + std::to_string(rows.Count()), FormatTime(sums.length),
-                     FormatSize(sums.size, separator)};
-  } else if (sums.selected == 1) {
-    status.panels = OneSelected(rows, sums, files, separator);
-  } else {
-    status.panels = {std::to_string(sums.selected) + " Items", FormatTime(sums.selected_length),
-                     FormatSize(sums.selected_size, separator)};
+std::array<std::optional<bool>, 3> UpdateLimitWarnings(std::int64_t count, std::int64_t size, std::int64_t length,
+                                                       const AppSettings& settings) {
+  std::array<std::optional<bool>, 3> warnings;
+  warnings[0] = settings.PLTCC && count >= settings.PLTCP;
+  warnings[1] = settings.PLTTC && length >= settings.PLTTP;
+  ResumeNext([&] { warnings[2] = settings.PLTSC && size >= CheckedMultiply32(settings.PLTSP, kBytesPerMegabyte); });
+  return warnings;
+}
+
+ListStatus WorkOutStatus(const RowStore& rows, const FileSystem& files, const AppSettings& settings,
+                         const std::string& thousands_separator) {
+  const Survey survey = Look(rows);
+  ListStatus status;
+  const bool any = survey.selected.count > 0;
+  Enable(status, {"Mreloc", "Mrelocs"}, false);
+  EnableForSelection(status, any);
+  if (any) {
+    Enable(status, {"MEditMoveUp"}, !survey.first_selected);
+    Enable(status, {"MEditMoveDown"}, !survey.last_selected);
   }
+  if (!any) {
+    ShowNone(survey, thousands_separator, status);
+  } else if (survey.selected.count == 1) {
+    ShowOne(survey, rows, files, thousands_separator, status);
+  } else {
+    ShowSeveral(survey, thousands_separator, status);
+  }
+  status.warnings = UpdateLimitWarnings(survey.all.count, survey.all.size, survey.all.length, settings);
   return status;
 }
 

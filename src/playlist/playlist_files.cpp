@@ -93,6 +93,7 @@ bool PlaylistFiles::PromptSaveFirst() {
 bool PlaylistFiles::CheckExists(const std::string& filename) {
   FileDetails details;
   std::string path = filename;
+  if (!Guarded([&] { services_.files.ToNative(path); })) return true;
   GetFileDetails(services_.files, path, details);
   if (!details.IsFile) return false;
   return services_.dialogs.ShowMessage(filename + " exists, do you want to replace it?", MessageIcon::kQuestion,

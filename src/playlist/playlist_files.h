@@ -29,7 +29,7 @@ class PlaylistFiles {
   bool SavePlaylistFile(bool AsNew, bool Relative);
   // Offers to save a changed list that has rows. True tells the caller to proceed.
   bool PromptSaveFirst();
-  // True when the file is there and the user refused to replace it.
+  // True when the file is there and the user refused to replace it, or when no drive leads there.
   bool CheckExists(const std::string& filename);
 
   void MFileNew_Click();

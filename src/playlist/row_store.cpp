@@ -96,6 +96,34 @@ void RowStore::Clear() {
   focused_ = 0;
 }
 
+void RowStore::Reorder(const std::vector<int>& order) {
+  std::vector<bool> taken(rows_.size());
+  if (order.size() != rows_.size()) throw Failure("no order of these rows");
+  for (const int from : order) {
+    if (taken[Place(from)]) throw Failure("a row is named twice");
+    taken[Place(from)] = true;
+  }
+
+  std::vector<std::unique_ptr<Row>> moved;
+  moved.reserve(rows_.size());
+  int first = 0;
+  int last = 0;
+  int focus = 0;
+  for (const int from : order) {
+    const int to = static_cast<int>(moved.size()) + 1;
+    moved.push_back(std::move(rows_[static_cast<std::size_t>(from - 1)]));
+    if (from == focused_) focus = to;
+    if (from == to) continue;
+    if (first == 0) first = to;
+    last = to;
+  }
+  rows_ = std::move(moved);
+  if (first == 0) return;
+  Bulk bulk(*this);
+  TellChanged(first, last);
+  if (focus != focused_) MoveFocus(focus);
+}
+
 void RowStore::SetCell(int index, int column, std::string text) {
   if (column < 0 || column >= kColumnCount) throw Failure("no such column");
   rows_[Place(index)]->cells[static_cast<std::size_t>(column)] = std::move(text);
@@ -121,7 +149,13 @@ void RowStore::SetSelected(int index, bool selected) {
 
 void RowStore::SelectWhere(const std::function<bool(int index, const Row& row)>& wanted) {
   Bulk bulk(*this);
-  for (int i = 1; i <= Count(); ++i) SetSelected(i, wanted(i, At(i)));
+  int index = 0;
+  for (const std::unique_ptr<Row>& row : rows_) {
+    const bool selected = wanted(++index, *row);
+    if (selected == row->selected) continue;
+    row->selected = selected;
+    TellChanged(index, index);
+  }
 }
 
 int RowStore::SelectedCount() const {

@@ -65,6 +65,9 @@ class RowStore {
   // Removes every row that `doomed` names (it may be asked twice); gives how many went. Linear in the rows.
   int RemoveIf(const std::function<bool(const Row&)>& doomed);
   void Clear();
+  // Row k becomes what row `order[k - 1]` was. Rows take their selected states along, the focus stays with its row;
+  // one notice for all. Throws Failure unless `order` names each row once; nothing is moved then.
+  void Reorder(const std::vector<int>& order);
 
   void SetCell(int index, int column, std::string text);
   void SetIcon(int index, RowIcon icon);

@@ -1,10 +1,94 @@
 #include "playlist/selection.h"
 
+#include <unordered_set>
+
+#include "playlist/paths/path_text.h"
+
 namespace qublet {
+namespace {
+
+// Folders of the selected rows, by way of `FileArray`.
+Collection FoldersOfSelection(Document& document, Items& items) {
+  DestroyFileArray(document);
+  items.SaveFileArrayFromList(false);
+  Collection folders;
+  CollectFolders(document.FileArray, folders);
+  return folders;
+}
+
+}  // namespace
+
+void SelectAll(RowStore& rows) {
+  rows.SelectWhere([](int, const Row&) { return true; });
+}
+
+void InvertSelection(RowStore& rows) {
+  rows.SelectWhere([](int, const Row& row) { return !row.selected; });
+}
+
+void AlternateSelection(RowStore& rows) {
+  int left = rows.SelectedCount();  // selected rows from the present one on
+  rows.SelectWhere([&](int, const Row& row) { return row.selected && left-- % 2 == 0; });
+}
+
+void SelectAtRandom(RowStore& rows, Random& random) {
+  int chosen = 0;
+  rows.SelectWhere([&](int, const Row&) {
+    random.Reseed();
+    const bool select = random.Draw() >= 0.5 && chosen <= rows.Count() / 2;
+    if (select) ++chosen;
+    return select;
+  });
+}
+
+void SelectInFolders(Document& document, Items& items) {
+  const Collection collected = FoldersOfSelection(document, items);
+  const std::unordered_set<std::string> folders(collected.begin(), collected.end());
+  document.ListView1.SelectWhere([&](int, const Row& row) { return folders.contains(row.cells[kPath]); });
+}
+
+void SetRowMark(RowStore& rows, RowIcon icon) {
+  const RowStore::Bulk bulk(rows);
+  for (int i = 1; i <= rows.Count(); ++i) {
+    const Row& row = rows.At(i);
+    if (row.selected && row.icon != RowIcon::kMissing && row.icon != icon) rows.SetIcon(i, icon);
+  }
+}
+
+void SelectCheckMarked(RowStore& rows) {
+  rows.SelectWhere([](int, const Row& row) { return row.icon >= RowIcon::kBlue; });
+}
+
+void ImportFolders(Document& document, Items& items) {
+  for (const std::string& folder : FoldersOfSelection(document, items)) items.AddStuff(folder, true);
+}
+
+void OpenCommonFolder(Document& document, Items& items, const FileSystem& files, Shell& shell) {
+  DestroyFileArray(document);
+  items.SaveFileArrayFromList(false);
+  const std::string folder = FindCommonFolder(document.FileArray);
+  shell.Open(folder.empty() ? files.CurrentFolder() : NormalizedPath(folder));
+}
 
 void RemoveSelectedRows(Document& document) {
   const int gone = document.ListView1.RemoveIf([](const Row& row) { return row.selected; });
   if (gone > 0) document.PlaylistChanged = true;
+}
+
+bool ReplaceFocusedRow(Document& document, Items& items, Dialogs& dialogs) {
+  RowStore& rows = document.ListView1;
+  const int index = rows.FocusedRow();
+  if (index == 0) return false;
+  const auto name = dialogs.ShowOpen({rows.At(index).cells[kFileName], "All files (*.*)|*.*|", ""});
+  if (!name) return false;
+  document.WorkFolder = *name;
+  int InsertPoint = index + 1;
+  if (items.AddStuff(*name, true, InsertPoint)) {
+    rows.Remove(index);
+  } else {
+    dialogs.ShowMessage("Unable to add a reference to this file..", MessageIcon::kStop, MessageButtons::kOk);
+  }
+  return true;
 }
 
 }  // namespace qublet

@@ -13,6 +13,8 @@
 #include "support/fake_settings_store.h"
 #include "support/fake_startup_entries.h"
 #include "support/scripted_dialogs.h"
+#include "support/scripted_random.h"
+#include "support/scripted_shell.h"
 #include "support/temporary_drives.h"
 
 namespace qublet {
@@ -32,6 +34,9 @@ class MainWindow {
   FakeStartupEntries startup;
   ScriptedDialogs dialogs;
   SystemClock clock;
+  ScriptedShell shell;
+  ScriptedRandom random;
+  std::unique_ptr<Collation> collation = OpenCollation();
   std::unique_ptr<Document> document;
   std::unique_ptr<AppSettings> settings;
   std::unique_ptr<Main> main;
@@ -77,8 +82,8 @@ class MainWindow {
     document = std::make_unique<Document>();
     settings = std::make_unique<AppSettings>();
     drives.WriteAt(drives.C() / "program" / "here", "");
-    main = std::make_unique<Main>(*document, *settings, Main::Services{*files, store, startup, dialogs, clock},
-                                  Session::Places{"QUBLET2021", "c:\\program"});
+    const Main::Services services{*files, store, startup, dialogs, clock, shell, random, *collation};
+    main = std::make_unique<Main>(*document, *settings, services, Session::Places{"QUBLET2021", "c:\\program"});
   }
 };
 

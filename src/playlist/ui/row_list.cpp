@@ -44,6 +44,7 @@ RowList::RowList(QWidget* parent) : QTreeView(parent) {
   setHorizontalScrollMode(ScrollPerPixel);
   header()->setStretchLastSection(false);
   header()->setSectionsMovable(false);
+  header()->setSectionsClickable(true);
   header()->setMinimumSectionSize(0);
 }
 

@@ -2,13 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "support/stopped_clock.h"
+
 namespace qublet {
 namespace {
-
-class StoppedClock : public Clock {
- public:
-  LocalTime Now() const override { return {2004, 3, 9, 7, 5, 1}; }
-};
 
 std::string NameFor(std::string format, const std::string& path) {
   return MakePlaylistName(format, path, StoppedClock());
