@@ -8,6 +8,7 @@
 #include "cli/name_command.h"
 #include "cli/save_command.h"
 #include "cli/settings_command.h"
+#include "cli/tag_command.h"
 #include "settings/application.h"
 
 namespace qublet {
@@ -27,6 +28,8 @@ constexpr std::array kCliCommands{
                SaveCommand},
     CliCommand{"name", "name FORMAT PATH", "print the playlist name that a naming format gives for a path",
                NameCommand},
+    CliCommand{"tag", "tag [--json | --title] [--set FIELD=TEXT]... [--remove v1|v2]... FILE...",
+               "print or change the tags of files", TagCommand},
     CliCommand{"settings", "settings [list | get SECTION KEY | set SECTION KEY VALUE]",
                "print or change the stored settings", SettingsCommand},
 };

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "media/file_window.h"
+#include "media/id3/raw_tag.h"
 
 namespace qublet {
 namespace {
@@ -87,10 +88,8 @@ std::int64_t LengthOfTagBefore(FileWindow& window, std::int64_t end) {
 }  // namespace
 
 std::int64_t Id3v2Length(std::span<const std::uint8_t> head) {
-  if (!StartsWith(head, "ID3") || head.size() < kId3v2HeadLength || head[3] == 0xFF || head[4] == 0xFF) return 0;
-  const std::int64_t length = SyncSafe(head.subspan(6));
-  const bool has_footer = head[3] >= 4 && (head[5] & 0x10) != 0;
-  return length < 0 ? 0 : length + kId3v2HeadLength + (has_footer ? kId3v2HeadLength : 0);
+  const auto header = ParseTagHeader(head);
+  return header ? header->Extent() : 0;
 }
 
 std::int64_t AudioEnd(InputFile& file, std::int64_t first) {

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "cli/arguments.h"
+
+namespace qublet {
+
+// "tag [--json] FILE...": the tags and stream facts of MP3 files and the comments of OGG files, a name and a value a
+// line with a tab between, or one JSON object a file and line.
+//
+// "tag [--set FIELD=TEXT]... [--remove v1|v2]... FILE...": changes MP3 files. A field is one of the names that are
+// printed: a frame id ("TIT2"), "Preference", "Mood", "Tempo", "Situation", or one that begins with "V1". The tag
+// that a field belongs to is made where it is missing.
+//
+// "tag --title FILE...": the title that stands for a file elsewhere in the program, made from its tags.
+int TagCommand(CommandContext& context);
+
+}  // namespace qublet

@@ -1,0 +1,144 @@
+#include "cli/tag_report.h"
+
+#include <algorithm>
+#include <ostream>
+#include <vector>
+
+#include "cli/json_text.h"
+#include "cli/tag_fields.h"
+#include "playlist/paths/numbers.h"
+
+namespace qublet {
+namespace {
+
+// A value with its name; a number or a truth value stands in JSON as it is.
+struct Fact {
+  std::string name;
+  std::string value;
+  bool is_text = true;
+};
+using Facts = std::vector<Fact>;
+
+// The parts of a report: a single record, or a list of them.
+struct Part {
+  std::string name;
+  std::vector<Facts> records;
+  bool is_list = false;
+};
+
+// A value can't hold the marks that part values and lines.
+std::string Plain(std::string value) {
+  std::ranges::replace_if(
+      value, [](char c) { return c == '\t' || c == '\n' || c == '\r'; }, ' ');
+  return value;
+}
+
+void PrintLines(const std::string& path, const std::vector<Part>& parts, std::ostream& out) {
+  out << "File\t" << Plain(path) << "\n";
+  for (const Part& part : parts) {
+    for (const Facts& record : part.records) {
+      if (part.is_list) out << part.name;
+      for (const Fact& fact : record) {
+        if (part.is_list) {
+          out << "\t" << Plain(fact.value);
+        } else if (!fact.value.empty()) {
+          out << fact.name << "\t" << Plain(fact.value) << "\n";
+        }
+      }
+      if (part.is_list) out << "\n";
+    }
+  }
+}
+
+void PrintRecord(const Facts& record, std::ostream& out) {
+  out << "{";
+  const char* separator = "";
+  for (const Fact& fact : record) {
+    out << separator << JsonText(fact.name) << ": " << (fact.is_text ? JsonText(fact.value) : fact.value);
+    separator = ", ";
+  }
+  out << "}";
+}
+
+void PrintJson(const std::string& path, const std::vector<Part>& parts, std::ostream& out) {
+  out << "{\"File\": " << JsonText(path);
+  for (const Part& part : parts) {
+    out << ", " << JsonText(part.name) << ": " << (part.is_list ? "[" : "");
+    if (part.records.empty() && !part.is_list) out << "null";
+    const char* separator = "";
+    for (const Facts& record : part.records) {
+      out << separator;
+      PrintRecord(record, out);
+      separator = ", ";
+    }
+    out << (part.is_list ? "]" : "");
+  }
+  out << "}\n";
+}
+
+void Print(const std::string& path, const std::vector<Part>& parts, bool json, std::ostream& out) {
+  json ? PrintJson(path, parts, out) : PrintLines(path, parts, out);
+}
+
+Part SingleValues(const TagObject& tag, bool v1) {
+  Part part{v1 ? "ID3v1" : "ID3v2", {}};
+  if (!(v1 ? tag.HasID3v1() : tag.HasID3v2())) return part;
+  Facts record;
+  for (const TagField& field : TagFields()) {
+    if (field.in_v1 != v1) continue;
+    const bool is_number = field.name == "V1Track" || field.name == "V1Genre";
+    record.push_back({std::string(field.name), field.get(tag, field.name), !is_number});
+  }
+  part.records.push_back(std::move(record));
+  return part;
+}
+
+Part StreamPart(const StreamFacts& stream) {
+  Part part{"Stream", {}};
+  if (stream.StreamVersion.empty()) return part;
+  const auto truth = [](bool value) { return std::string(value ? "true" : "false"); };
+  part.records.push_back({{"StreamLength", NumberText(stream.StreamLength), false},
+                          {"StreamVersion", stream.StreamVersion},
+                          {"StreamLayer", stream.StreamLayer},
+                          {"StreamBitrate", stream.StreamBitrate},
+                          {"StreamSamplerate", NumberText(stream.StreamSamplerate), false},
+                          {"StreamMode", stream.StreamMode},
+                          {"StreamEmphasis", stream.StreamEmphasis},
+                          {"StreamCrc", truth(stream.StreamCrc), false},
+                          {"StreamCopyrighted", truth(stream.StreamCopyrighted), false},
+                          {"StreamOriginal", truth(stream.StreamOriginal), false}});
+  return part;
+}
+
+}  // namespace
+
+void PrintTags(const std::string& path, const TagObject& tag, bool json, std::ostream& out) {
+  Part comments{"Comments", {}, true};
+  for (const TagComment& comment : tag.Comments()) {
+    comments.records.push_back({{"Description", comment.description}, {"Text", comment.text}});
+  }
+  Part images{"Images", {}, true};
+  for (const TagPicture& picture : tag.Images()) {
+    images.records.push_back({{"Description", picture.description},
+                              {"Size", std::to_string(picture.data.size()), false},
+                              {"MimeType", picture.mime_type}});
+  }
+  Print(path, {SingleValues(tag, true), SingleValues(tag, false), comments, images, StreamPart(tag.Stream())}, json,
+        out);
+}
+
+void PrintComments(const std::string& path, const VorbisComments& comments, bool json, std::ostream& out) {
+  Part part{"Vorbis", {}};
+  part.records.push_back({{"Title", comments.Title},
+                          {"Artist", comments.Artist},
+                          {"Album", comments.Album},
+                          {"Genre", comments.Genre},
+                          {"Date", comments.Date},
+                          {"Comment", comments.Comment},
+                          {"Track", std::to_string(comments.Track), false},
+                          {"EncodedUsing", comments.EncodedUsing},
+                          {"ErrorText", comments.ErrorText}});
+  Print(path, {part}, json, out);
+}
+
+}  // namespace qublet

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "media/id3/bytes.h"
+#include "media/id3/id3v1.h"
+#include "media/id3/raw_tag.h"
+#include "platform/file_system.h"
+
+namespace qublet {
+
+// The two ends of an audio file, where its tags stand: what is there, and how it is changed without a risk.
+
+struct FileEnds {
+  std::int64_t size = 0;
+  std::optional<TagHeader> head;  // of the ID3v2 tag that the file begins with
+  std::int64_t head_end = 0;      // behind that tag; beyond the file's end when the header claims too much
+  std::int64_t heads_end = 0;     // behind all the tags that follow it at once
+  bool has_id3v1 = false;
+
+  bool HeadFits() const { return head_end <= size; }
+};
+
+// Throws Failure on an input error, like the two below.
+FileEnds FindEnds(InputFile& file);
+// The tag at the start, as far as the file holds it. Nothing when there is none or it can't be understood.
+std::optional<RawTag> ReadHead(InputFile& file, const FileEnds& ends);
+std::optional<Id3v1Tag> ReadId3v1(InputFile& file, const FileEnds& ends);
+
+// A file that begins and ends anew, with everything between as it was.
+struct EndsChange {
+  std::int64_t old_head = 0;  // bytes at the start that go
+  Bytes head;
+  std::int64_t old_tail = 0;  // bytes at the end that go
+  Bytes tail;
+};
+
+// Writes the whole new file beside the old one, compares it with what it should be, flushes it and renames it over
+// the old one, so that whatever happens the file is the old or the new one. In a folder that can't be written the
+// file is changed in place, but only if nothing between the ends moves; a head that got shorter is filled up with
+// padding for that. Throws Failure; the file is then as it was.
+void ReplaceEnds(const FileSystem& files, const std::string& path, InputFile& present, const EndsChange& change);
+
+}  // namespace qublet

@@ -1,0 +1,191 @@
+#include "media/id3/raw_tag.h"
+
+#include <algorithm>
+
+#include "media/id3/unsynchronisation.h"
+#include "platform/failure.h"
+
+namespace qublet {
+namespace {
+
+constexpr std::uint8_t kTagUnsynchronised = 0x80;
+constexpr std::uint8_t kTagCompressed = 0x40;      // ID3v2.2
+constexpr std::uint8_t kTagExtendedHeader = 0x40;  // later versions
+constexpr std::uint8_t kTagFooter = 0x10;          // ID3v2.4
+
+constexpr std::ptrdiff_t kSizeField = 6;  // of the header
+
+// A frame is worth more memory than its bytes, so their number has a limit; what follows is kept as the tail.
+constexpr std::size_t kMostFrames = 50000;
+
+constexpr std::size_t FrameHeaderSize(int version) {
+  return version == 2 ? 6 : 10;
+}
+
+bool IsFrameId(BytesView id) {
+  const auto is_id_character = [](std::uint8_t c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); };
+  // Some programs put three-letter ids into later versions, filled up with a blank or a zero.
+  const bool filled = id.size() == 4 && (id[3] == ' ' || id[3] == 0);
+  return std::ranges::all_of(id.first(filled ? 3 : id.size()), is_id_character);
+}
+
+bool IsPadding(BytesView bytes) {
+  return std::ranges::all_of(bytes, [](std::uint8_t byte) { return byte == 0; });
+}
+
+struct Walk {
+  std::vector<std::size_t> starts;  // of the frames
+  std::size_t end = 0;              // of the last frame
+  bool complete = false;            // nothing but padding follows
+};
+
+struct FrameShape {
+  std::size_t id_length;
+  std::size_t size_length;
+  unsigned bits_per_byte;
+};
+
+FrameShape ShapeOf(int version, bool sync_safe) {
+  return version == 2 ? FrameShape{3, 3, 8} : FrameShape{4, 4, sync_safe ? 7u : 8u};
+}
+
+Walk WalkFrames(BytesView body, int version, bool sync_safe) {
+  const FrameShape shape = ShapeOf(version, sync_safe);
+  const std::size_t header = FrameHeaderSize(version);
+  Walk walk;
+  while (walk.starts.size() < kMostFrames && body.size() - walk.end >= header) {
+    const BytesView frame = body.subspan(walk.end);
+    const BytesView size_field = frame.subspan(shape.id_length, shape.size_length);
+    if (!IsFrameId(frame.first(shape.id_length)) || (sync_safe && !IsSyncSafe(size_field))) break;
+    const std::size_t size = ReadNumber(size_field, shape.bits_per_byte);
+    if (size > frame.size() - header) break;
+    walk.starts.push_back(walk.end);
+    walk.end += header + size;
+  }
+  walk.complete = IsPadding(body.subspan(walk.end));
+  return walk;
+}
+
+// The walk with the sizes that the version wants, or the other one where only that gets through.
+Walk WalkSensibly(BytesView body, int version) {
+  const bool sync_safe = version == 4;
+  Walk walk = WalkFrames(body, version, sync_safe);
+  if (walk.complete || version == 2 || walk.starts.size() == kMostFrames) return walk;
+  Walk other = WalkFrames(body, version, !sync_safe);
+  return other.complete || other.end > walk.end ? other : walk;
+}
+
+// Length of the extended header, 0 where the flag lies: some programs set it and go on with the frames at once.
+std::size_t ExtendedHeaderSize(BytesView body, int version) {
+  if (body.size() < 4 || IsFrameId(body.first(4))) return 0;
+  const std::size_t size =
+      version == 4 ? ReadNumber(body.first(4), 7) : static_cast<std::size_t>(ReadNumber(body.first(4))) + 4;
+  return std::min(size, body.size());
+}
+
+RawFrame FrameAt(BytesView body, std::size_t start, std::size_t end, int version) {
+  const std::size_t id_length = ShapeOf(version, false).id_length;
+  const std::size_t header = FrameHeaderSize(version);
+  RawFrame frame;
+  frame.id = AsText(body.subspan(start, id_length));
+  if (version > 2) frame.flags = static_cast<std::uint16_t>(ReadNumber(body.subspan(start + 8, 2)));
+  const BytesView content = body.subspan(start + header, end - start - header);
+  frame.content.assign(content.begin(), content.end());
+  return frame;
+}
+
+void AppendFrame(Bytes& out, const RawFrame& frame, int version) {
+  const std::uint32_t most = version == 4 ? kMaxSyncSafe : 0xFFFFFFFF;
+  if (frame.content.size() > most) throw Failure("a frame is too large: " + frame.id);
+  Append(out, frame.id);
+  AppendNumber(out, static_cast<std::uint32_t>(frame.content.size()), 4, version == 4 ? 7 : 8);
+  AppendNumber(out, frame.flags, 2);
+  Append(out, frame.content);
+}
+
+std::optional<RawTag> ParseWhole(const Bytes& tag) {
+  const auto header = ParseTagHeader(tag);
+  return header ? ParseTag(*header, BytesView(tag).subspan(TagHeader::kSize)) : std::nullopt;
+}
+
+void WriteSize(Bytes& tag) {
+  Bytes size;
+  AppendNumber(size, static_cast<std::uint32_t>(tag.size() - TagHeader::kSize), 4, 7);
+  std::ranges::copy(size, tag.begin() + kSizeField);
+}
+
+}  // namespace
+
+std::int64_t TagHeader::Extent() const {
+  const bool footer = version >= 4 && (flags & kTagFooter) != 0;
+  return static_cast<std::int64_t>(body_size) + static_cast<std::int64_t>(footer ? 2 * kSize : kSize);
+}
+
+std::optional<TagHeader> ParseTagHeader(BytesView bytes) {
+  if (bytes.size() < TagHeader::kSize || AsText(bytes.first(3)) != "ID3") return std::nullopt;
+  if (bytes[3] == 0xFF || bytes[4] == 0xFF || !IsSyncSafe(bytes.subspan(6, 4))) return std::nullopt;
+  return TagHeader{bytes[3], bytes[5], ReadNumber(bytes.subspan(6, 4), 7)};
+}
+
+std::optional<RawTag> ParseTag(const TagHeader& header, BytesView body) {
+  const int version = header.version;
+  if (version < 2 || version > 4 || (version == 2 && (header.flags & kTagCompressed) != 0)) return std::nullopt;
+  body = body.first(std::min<std::size_t>(body.size(), header.body_size));
+
+  RawTag tag;
+  tag.version = version;
+  tag.unsynchronised = (header.flags & kTagUnsynchronised) != 0 && (version == 4 || IsUnsynchronised(body));
+  Bytes plain;
+  if (tag.unsynchronised && version < 4) {
+    plain = Resynchronise(body);
+    body = plain;
+  }
+  if (version > 2 && (header.flags & kTagExtendedHeader) != 0) {
+    body = body.subspan(ExtendedHeaderSize(body, version));
+  }
+
+  const Walk walk = WalkSensibly(body, version);
+  tag.frames.reserve(walk.starts.size());
+  for (std::size_t i = 0; i < walk.starts.size(); ++i) {
+    const std::size_t end = i + 1 < walk.starts.size() ? walk.starts[i + 1] : walk.end;
+    tag.frames.push_back(FrameAt(body, walk.starts[i], end, version));
+  }
+  if (!walk.complete) tag.tail.assign(body.begin() + static_cast<std::ptrdiff_t>(walk.end), body.end());
+  while (!tag.tail.empty() && tag.tail.back() == 0) tag.tail.pop_back();
+  return tag;
+}
+
+Bytes SerialiseTag(const RawTag& tag) {
+  Bytes body;
+  for (const RawFrame& frame : tag.frames) AppendFrame(body, frame, tag.version);
+  Append(body, tag.tail);
+  if (tag.unsynchronised && tag.version < 4) body = Unsynchronise(body);
+
+  if (body.size() > kMaxSyncSafe) throw Failure("a tag is too large");
+  Bytes out;
+  out.reserve(body.size() + TagHeader::kSize);
+  Append(out, "ID3");
+  out.push_back(static_cast<std::uint8_t>(tag.version));
+  out.push_back(0);
+  out.push_back(tag.unsynchronised ? kTagUnsynchronised : 0);
+  out.resize(TagHeader::kSize);
+  Append(out, body);
+  WriteSize(out);
+  if (ParseWhole(out) != tag) throw Failure("a tag would be read back as another one");
+  return out;
+}
+
+bool PadTag(Bytes& tag, std::size_t extent) {
+  if (extent <= tag.size()) return true;
+  if (extent > kMaxSyncSafe + TagHeader::kSize) return false;
+  const auto before = ParseWhole(tag);
+  const std::size_t length = tag.size();
+  tag.resize(extent, 0);
+  WriteSize(tag);
+  if (ParseWhole(tag) == before) return true;
+  tag.resize(length);
+  WriteSize(tag);
+  return false;
+}
+
+}  // namespace qublet

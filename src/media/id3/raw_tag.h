@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "media/id3/bytes.h"
+
+namespace qublet {
+
+// An ID3v2 tag as it stands in a file: a list of frames whose bytes nobody has looked into. What is read here and
+// written again is the same, byte for byte, apart from sizes, padding, the extended header and the footer.
+
+// The ten bytes at the start of every tag.
+struct TagHeader {
+  static constexpr std::size_t kSize = 10;
+
+  int version = 3;  // the second number of "ID3v2.3.0"
+  std::uint8_t flags = 0;
+  std::uint32_t body_size = 0;
+
+  // Bytes from the start of the header to the end of the tag, padding and footer included.
+  std::int64_t Extent() const;
+};
+
+// Nothing when the bytes aren't a tag header.
+std::optional<TagHeader> ParseTagHeader(BytesView bytes);
+
+struct RawFrame {
+  std::string id;           // three characters in ID3v2.2, else four
+  std::uint16_t flags = 0;  // as stored; their meaning depends on the version
+  Bytes content;            // as stored, with whatever the flags put in front of it
+
+  bool operator==(const RawFrame&) const = default;
+};
+
+struct RawTag {
+  int version = 3;
+  bool unsynchronised = false;  // the whole tag up to ID3v2.3; in 2.4 the frames say it once more
+  std::vector<RawFrame> frames;
+  Bytes tail;  // what stands behind the frames and isn't padding
+
+  bool operator==(const RawTag&) const = default;
+};
+
+// The frames of a tag from the bytes behind its header. Nothing for a tag of a kind that can't be understood: a
+// version other than 2.2, 2.3 and 2.4, or 2.2 compressed as a whole. Frame sizes are taken as the version wants them
+// unless only the other form (plain or sync-safe) makes sense of the tag. What isn't frames ends up in the tail.
+std::optional<RawTag> ParseTag(const TagHeader& header, BytesView body);
+
+// The bytes of a whole tag of version 3 or 4, without padding. Throws Failure when it is too large for its size field
+// or wouldn't be read back as the same tag.
+Bytes SerialiseTag(const RawTag& tag);
+// Makes the bytes of a tag longer, up to `extent` bytes altogether. False, and nothing is done, when that is too
+// large or would make a whole frame of a broken one at the end.
+bool PadTag(Bytes& tag, std::size_t extent);
+
+// The same tag in ID3v2.3 when it is one of 2.2. Frames that 2.3 doesn't know are kept whole, in a PRIV frame of the
+// owner kForeignFrameOwner.
+RawTag Upgraded(RawTag tag);
+inline constexpr char kForeignFrameOwner[] = "QUBLET_id3v22frame";
+
+// The bytes that the frame's id defines, flags resolved; nothing when they are compressed or encrypted.
+std::optional<Bytes> PlainContent(const RawFrame& frame, const RawTag& tag);
+// Gives the frame a new content and keeps its status flags. It leaves its group: few programs can read a grouped
+// frame.
+void ReplaceContent(RawFrame& frame, const Bytes& content, const RawTag& tag);
+
+}  // namespace qublet

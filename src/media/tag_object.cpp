@@ -1,0 +1,148 @@
+#include "media/tag_object.h"
+
+#include "media/id3/genre_names.h"
+
+namespace qublet {
+namespace {
+
+// Room left behind the frames of a tag that had to grow, so that the next change moves nothing.
+constexpr std::size_t kNewPadding = 2048;
+// More than this isn't kept when frames went.
+constexpr std::size_t kMostPadding = 64 * 1024;
+
+Bytes PaddedTag(const RawTag& raw, std::int64_t present_extent) {
+  Bytes tag = SerialiseTag(raw);
+  const auto present = static_cast<std::size_t>(present_extent);
+  const bool keeps_place = tag.size() <= present && present - tag.size() <= kMostPadding;
+  PadTag(tag, keeps_place ? present : tag.size() + kNewPadding);
+  return tag;
+}
+
+void RefuseOverrun(const FileEnds& ends) {
+  if (!ends.HeadFits()) throw Failure("the tag claims to be longer than the file");
+}
+
+constexpr auto kId3v1Size = static_cast<std::int64_t>(Id3v1Tag::kSize);
+
+}  // namespace
+
+void TagImages::Add(const std::string& file, const std::string& description) {
+  const auto input = files_.OpenForReading(file);
+  if (input->Size() > kMaxSyncSafe) throw Failure("too large for a tag: " + file);
+  TagPicture picture;
+  picture.data.resize(static_cast<std::size_t>(input->Size()));
+  picture.data.resize(input->ReadAt(0, picture.data));
+  picture.description = description;
+  picture.mime_type = MimeTypeOf(picture.data);
+  Append(std::move(picture));
+}
+
+void TagObject::PrepareFile(const std::string& /*path*/) {}
+
+void TagObject::ReadTags(const std::string& path, bool with_stream) {
+  ForgetV1();
+  ForgetV2();
+  const auto file = files_.OpenForReading(path);
+  const FileEnds ends = FindEnds(*file);
+  LoadV1(*file, ends);
+  LoadV2(*file, ends);
+  if (!with_stream) return;
+  stream_ = {};
+  stream_ = qublet::ReadStreamInfo(*file);
+}
+
+void TagObject::ReadID3v1(const std::string& path) {
+  ForgetV1();
+  const auto file = files_.OpenForReading(path);
+  LoadV1(*file, FindEnds(*file));
+}
+
+void TagObject::ReadID3v2(const std::string& path) {
+  ForgetV2();
+  const auto file = files_.OpenForReading(path);
+  LoadV2(*file, FindEnds(*file));
+}
+
+void TagObject::ReadStreamInfo(const std::string& path) {
+  stream_ = {};
+  stream_ = qublet::ReadStreamInfo(*files_.OpenForReading(path));
+}
+
+void TagObject::ForgetV1() {
+  has_v1_ = false;
+  v1_ = {};
+}
+
+void TagObject::ForgetV2() {
+  has_v2_ = false;
+  v2_ = {};
+  comments_.Clear();
+  images_.Clear();
+}
+
+void TagObject::LoadV1(InputFile& file, const FileEnds& ends) {
+  const auto tag = ReadId3v1(file, ends);
+  has_v1_ = tag.has_value();
+  if (tag) v1_ = *tag;
+}
+
+void TagObject::LoadV2(InputFile& file, const FileEnds& ends) {
+  has_v2_ = ends.head.has_value();
+  auto raw = ReadHead(file, ends);
+  if (!raw) return;
+  v2_ = Id3v2Tag(std::move(*raw));
+  comments_.Assign(v2_.Comments());
+  images_.Assign(v2_.Pictures());
+}
+
+Id3v2Tag TagObject::Composed() const {
+  Id3v2Tag tag = v2_;
+  tag.SetComments(comments_.All());
+  tag.SetPictures(images_.All());
+  return tag;
+}
+
+void TagObject::WriteID3v1(const std::string& path) {
+  const auto file = files_.OpenForReading(path);
+  const FileEnds ends = FindEnds(*file);
+  const auto present = ReadId3v1(*file, ends);
+  if (present && AsText(present->Raw()) == AsText(v1_.Raw())) return;
+  const BytesView raw = v1_.Raw();
+  ReplaceEnds(files_, path, *file, {0, {}, present ? kId3v1Size : 0, Bytes(raw.begin(), raw.end())});
+  has_v1_ = true;
+}
+
+void TagObject::RemoveID3v1(const std::string& path) {
+  const auto file = files_.OpenForReading(path);
+  if (FindEnds(*file).has_id3v1) ReplaceEnds(files_, path, *file, {0, {}, kId3v1Size, {}});
+  has_v1_ = false;
+}
+
+void TagObject::WriteID3v2(const std::string& path) {
+  const auto file = files_.OpenForReading(path);
+  const FileEnds ends = FindEnds(*file);
+  const auto present = ReadHead(*file, ends);
+  if (ends.head && !present) throw Failure("a tag of an unknown kind stands in " + path);
+  Id3v2Tag wanted = Composed();
+  if (present && Upgraded(*present) == wanted.Raw()) return;
+  RefuseOverrun(ends);
+  wanted.EnsureNotEmpty();
+  ReplaceEnds(files_, path, *file, {ends.head_end, PaddedTag(wanted.Raw(), ends.head_end), 0, {}});
+  has_v2_ = true;
+}
+
+void TagObject::RemoveID3v2(const std::string& path) {
+  const auto file = files_.OpenForReading(path);
+  const FileEnds ends = FindEnds(*file);
+  RefuseOverrun(ends);
+  if (ends.head) ReplaceEnds(files_, path, *file, {ends.heads_end, {}, 0, {}});
+  has_v2_ = false;
+}
+
+std::string TagObject::GenreList() {
+  std::string list;
+  for (const std::string_view name : GenreNames()) list.append(list.empty() ? "" : "|").append(name);
+  return list;
+}
+
+}  // namespace qublet

@@ -1,0 +1,110 @@
+#include "cli/tag_command.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "support/fake_settings_store.h"
+#include "support/tag_bytes.h"
+#include "support/temporary_drives.h"
+#include "support/vorbis_bytes.h"
+
+namespace qublet {
+namespace {
+
+class TagCommandTest : public testing::Test {
+ protected:
+  int Run(const std::vector<std::string>& arguments) {
+    out_.str("");
+    err_.str("");
+    CommandContext context{arguments, *files_, store_, out_, err_};
+    return TagCommand(context);
+  }
+
+  TemporaryDrives drives_;
+  std::unique_ptr<FileSystem> files_ = OpenFileSystem();
+  FakeSettingsStore store_;
+  std::ostringstream out_;
+  std::ostringstream err_;
+};
+
+const std::string kSong =
+    TagBytes(3, TextFrameBytes(3, "TIT2", "Title") + CommentBytes(3, "eng", "about", "a\tb")) + AudioBytes(20);
+
+TEST_F(TagCommandTest, PrintsTagsAndStreamFacts) {
+  drives_.Write("a.mp3", kSong + Id3v1Bytes("Old"));
+  EXPECT_EQ(Run({"c:\\a.mp3"}), 0);
+  EXPECT_EQ(out_.str(),
+            "File\tc:\\a.mp3\nV1Title\tOld\nV1Track\t0\nV1Genre\t255\nTIT2\tTitle\nComments\tabout\ta b\n"
+            "StreamLength\t0.52125\nStreamVersion\t1.0\nStreamLayer\tIII\nStreamBitrate\t128\n"
+            "StreamSamplerate\t44100\nStreamMode\tJoint Stereo\nStreamEmphasis\tNone\nStreamCrc\tfalse\n"
+            "StreamCopyrighted\tfalse\nStreamOriginal\ttrue\n");
+}
+
+TEST_F(TagCommandTest, PrintsOneJsonObjectAFile) {
+  drives_.Write("a.mp3", kSong);
+  drives_.Write("b.mp3", "no music");
+  EXPECT_EQ(Run({"--json", "c:\\a.mp3", "c:\\b.mp3"}), 0);
+  EXPECT_NE(out_.str().find("\"ID3v1\": null, \"ID3v2\": {\"TIT2\": \"Title\""), std::string::npos);
+  EXPECT_NE(out_.str().find("\"Comments\": [{\"Description\": \"about\", \"Text\": \"a\\u0009b\"}], \"Images\": []"),
+            std::string::npos);
+  EXPECT_TRUE(
+      out_.str().ends_with("{\"File\": \"c:\\\\b.mp3\", \"ID3v1\": null, \"ID3v2\": null, \"Comments\": [], "
+                           "\"Images\": [], \"Stream\": null}\n"));
+}
+
+TEST_F(TagCommandTest, SetsFieldsAndMakesTheTagThatTheyBelongTo) {
+  drives_.Write("a.mp3", AudioBytes());
+  EXPECT_EQ(Run({"--set", "TIT2=One = two", "--set", "Mood=Wild", "c:\\a.mp3"}), 0);
+  EXPECT_EQ(Run({"c:\\a.mp3"}), 0);
+  EXPECT_NE(out_.str().find("TIT2\tOne = two\nMood\tWild\n"), std::string::npos);
+  EXPECT_EQ(out_.str().find("V1"), std::string::npos);
+  EXPECT_EQ(Run({"--set", "V1Title=Old", "--set", "V1Genre=17", "c:\\a.mp3"}), 0);
+  EXPECT_TRUE(drives_.Read("a.mp3").ends_with(AudioBytes() + Id3v1Bytes("Old", "", "", "", "", 17)));
+}
+
+TEST_F(TagCommandTest, RemovesTags) {
+  drives_.Write("a.mp3", kSong + Id3v1Bytes("Old"));
+  EXPECT_EQ(Run({"--remove", "v2", "c:\\a.mp3"}), 0);
+  EXPECT_EQ(drives_.Read("a.mp3"), AudioBytes(20) + Id3v1Bytes("Old"));
+  EXPECT_EQ(Run({"--remove", "v1", "--set", "TIT2=New", "c:\\a.mp3"}), 0);
+  EXPECT_TRUE(drives_.Read("a.mp3").starts_with("ID3"));
+  EXPECT_TRUE(drives_.Read("a.mp3").ends_with(AudioBytes(20)));
+}
+
+TEST_F(TagCommandTest, PrintsTitles) {
+  drives_.Write("a.mp3", kSong);
+  drives_.Write("b.OGG", VorbisFile({"TITLE=Title", "ARTIST=Artist"}));
+  EXPECT_EQ(Run({"--title", "c:\\a.mp3", "c:\\b.OGG"}), 0);
+  EXPECT_EQ(out_.str(), "Unknown Artist - Title\nArtist - Title\n");
+}
+
+TEST_F(TagCommandTest, PrintsVorbisCommentsAndDoesNotChangeThem) {
+  drives_.Write("b.ogg", VorbisFile({"TITLE=Title"}));
+  EXPECT_EQ(Run({"c:\\b.ogg"}), 0);
+  EXPECT_EQ(out_.str(), "File\tc:\\b.ogg\nTitle\tTitle\nTrack\t0\n");
+  EXPECT_EQ(Run({"--set", "TIT2=x", "c:\\b.ogg"}), 1);
+  EXPECT_EQ(drives_.Read("b.ogg"), VorbisFile({"TITLE=Title"}));
+}
+
+TEST_F(TagCommandTest, GoesOnBehindAFileThatFails) {
+  drives_.Write("a.mp3", kSong);
+  EXPECT_EQ(Run({"--title", "c:\\missing.mp3", "c:\\a.mp3"}), 1);
+  EXPECT_EQ(out_.str(), "Unknown Artist - Title\n");
+  EXPECT_TRUE(err_.str().starts_with("qublet: c:\\missing.mp3: "));
+  EXPECT_EQ(Run({"--set", "V1Genre=256", "c:\\a.mp3"}), 1);
+  EXPECT_EQ(drives_.Read("a.mp3"), kSong);
+}
+
+TEST_F(TagCommandTest, RefusesWrongUse) {
+  EXPECT_EQ(Run({}), 2);
+  EXPECT_EQ(Run({"--set", "TIT9=x", "c:\\a.mp3"}), 2);
+  EXPECT_EQ(Run({"--set", "TIT2", "c:\\a.mp3"}), 2);
+  EXPECT_EQ(Run({"--set"}), 2);
+  EXPECT_EQ(Run({"--remove", "v3", "c:\\a.mp3"}), 2);
+  EXPECT_EQ(Run({"--unknown", "c:\\a.mp3"}), 2);
+  EXPECT_TRUE(err_.str().starts_with("qublet: tag: unknown option"));
+}
+
+}  // namespace
+}  // namespace qublet

@@ -1,0 +1,447 @@
+#include "media/tag_object.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "media/tag_file.h"
+#include "support/ordinary_user.h"
+#include "support/tag_bytes.h"
+#include "support/temporary_drives.h"
+
+namespace qublet {
+namespace {
+
+using namespace std::string_literals;
+
+constexpr char kSong[] = "c:\\song.mp3";
+
+class TagObjectTest : public testing::Test {
+ protected:
+  void Write(const std::string& content) { drives_.Write("song.mp3", content); }
+  std::string Content() const { return drives_.Read("song.mp3"); }
+  TagObject Loaded() const {
+    TagObject tag(*files_);
+    tag.ReadTags(kSong, false);
+    return tag;
+  }
+  std::size_t FilesInFolder() const {
+    const auto entries = std::filesystem::directory_iterator(drives_.C());
+    return static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
+  }
+
+  TemporaryDrives drives_;
+  std::unique_ptr<FileSystem> files_ = OpenFileSystem();
+};
+
+const std::string kTag3 = TagBytes(3, TextFrameBytes(3, "TIT2", "Title") + TextFrameBytes(3, "TPE1", "Artist"));
+const std::string kTag4 = TagBytes(4, TextFrameBytes(4, "TIT2", "Title") + TextFrameBytes(4, "TDRC", "1999-05-03"));
+const std::string kApe = "APETAGEX any bytes that stand for an APE tag";
+
+TEST_F(TagObjectTest, LoadsBothTagsAndTheStream) {
+  Write(kTag3 + AudioBytes() + Id3v1Bytes("Old title"));
+  TagObject tag(*files_);
+  tag.ReadTags(kSong, true);
+  EXPECT_TRUE(tag.HasID3v1());
+  EXPECT_TRUE(tag.HasID3v2());
+  EXPECT_EQ(tag.V1Title(), "Old title");
+  EXPECT_EQ(tag.Frame("TIT2"), "Title");
+  EXPECT_EQ(tag.Stream().StreamVersion, "1.0");
+  EXPECT_EQ(tag.Stream().StreamBitrate, "128");
+}
+
+TEST_F(TagObjectTest, LoadsOnlyWhatItIsAskedFor) {
+  Write(kTag3 + AudioBytes() + Id3v1Bytes("Old title"));
+  TagObject first(*files_);
+  first.ReadID3v1(kSong);
+  EXPECT_TRUE(first.HasID3v1());
+  EXPECT_FALSE(first.HasID3v2());
+  TagObject second(*files_);
+  second.ReadID3v2(kSong);
+  EXPECT_FALSE(second.HasID3v1());
+  EXPECT_TRUE(second.HasID3v2());
+  second.ReadStreamInfo(kSong);
+  EXPECT_EQ(second.Stream().StreamLayer, "III");
+}
+
+TEST_F(TagObjectTest, IsEmptyForAFileWithoutTags) {
+  Write(AudioBytes());
+  const TagObject tag = Loaded();
+  EXPECT_FALSE(tag.HasID3v1());
+  EXPECT_FALSE(tag.HasID3v2());
+  EXPECT_EQ(tag.Frame("TIT2"), "");
+  EXPECT_EQ(tag.V1Genre(), 255);
+  EXPECT_EQ(tag.Comments().Count(), 0u);
+}
+
+TEST_F(TagObjectTest, ForgetsTheFileBeforeWhenItLoadsAnother) {
+  Write(TagBytes(3, CommentBytes(3, "eng", "a", "b")) + AudioBytes() + Id3v1Bytes("Old"));
+  TagObject tag = Loaded();
+  Write(AudioBytes());
+  tag.ReadTags(kSong, false);
+  EXPECT_FALSE(tag.HasID3v1());
+  EXPECT_FALSE(tag.HasID3v2());
+  EXPECT_EQ(tag.V1Title(), "");
+  EXPECT_EQ(tag.Comments().Count(), 0u);
+}
+
+TEST_F(TagObjectTest, ForgetsTheFileBeforeAlsoWhenItCannotLoadAnother) {
+  Write(kTag3 + AudioBytes() + Id3v1Bytes("Old"));
+  TagObject tag = Loaded();
+  EXPECT_THROW(tag.ReadTags("c:\\missing.mp3", false), Failure);
+  EXPECT_FALSE(tag.HasID3v1() || tag.HasID3v2());
+  EXPECT_EQ(tag.V1Title() + tag.Frame("TIT2"), "");
+}
+
+TEST_F(TagObjectTest, FailsForWhatIsNoFile) {
+  TagObject tag(*files_);
+  EXPECT_THROW(tag.ReadTags("c:\\missing.mp3", false), Failure);
+  EXPECT_THROW(tag.ReadID3v1("c:\\"), Failure);
+  EXPECT_THROW(tag.WriteID3v2("c:\\missing.mp3"), Failure);
+}
+
+TEST_F(TagObjectTest, KeepsTheTagsWhenTheStreamFails) {
+  Write(kTag3 + std::string(5000, 'x'));
+  TagObject tag(*files_);
+  EXPECT_THROW(tag.ReadTags(kSong, true), Failure);
+  EXPECT_EQ(tag.Frame("TIT2"), "Title");
+  EXPECT_EQ(tag.Stream().StreamVersion, "");
+}
+
+TEST_F(TagObjectTest, LeavesAFileWithTheSameTagsAlone) {
+  Write(kTag3 + AudioBytes() + Id3v1Bytes("Old title"));
+  const auto before = std::filesystem::last_write_time(drives_.C() / "song.mp3") - std::chrono::hours(1);
+  std::filesystem::last_write_time(drives_.C() / "song.mp3", before);
+  TagObject tag = Loaded();
+  tag.WriteID3v1(kSong);
+  tag.WriteID3v2(kSong);
+  EXPECT_EQ(std::filesystem::last_write_time(drives_.C() / "song.mp3"), before);
+}
+
+TEST_F(TagObjectTest, LeavesRoomForTheNextChangeAndUsesIt) {
+  Write(kTag3 + AudioBytes());
+  TagObject tag = Loaded();
+  tag.SetFrame("TIT2", "A longer title");
+  tag.WriteID3v2(kSong);
+  const std::size_t size = Content().size();
+  EXPECT_GT(size, (kTag3 + AudioBytes()).size() + 1000);
+  EXPECT_TRUE(Content().ends_with(AudioBytes()));
+  tag.SetFrame("TALB", "An album");
+  tag.WriteID3v2(kSong);
+  EXPECT_EQ(Content().size(), size);
+  EXPECT_EQ(Loaded().Frame("TALB"), "An album");
+}
+
+TEST_F(TagObjectTest, GivesTheRoomOfALargePictureBack) {
+  drives_.Write("cover.bmp", "BM" + std::string(300000, 'x'));
+  Write(kTag3 + AudioBytes());
+  TagObject tag = Loaded();
+  tag.Images().Add("c:\\cover.bmp", "Cover");
+  tag.WriteID3v2(kSong);
+  EXPECT_GT(Content().size(), 300000u);
+  tag.Images().Clear();
+  tag.WriteID3v2(kSong);
+  EXPECT_LT(Content().size(), 10000u);
+}
+
+TEST_F(TagObjectTest, WritesTheVersionThatTheFileHas) {
+  for (const auto& [head, version] : {std::pair{kTag4, 4}, {kTag3, 3}, {""s, 3}}) {
+    Write(head + AudioBytes());
+    TagObject tag = Loaded();
+    tag.SetFrame("TALB", "Album");
+    tag.WriteID3v2(kSong);
+    EXPECT_EQ(Content()[3], version);
+  }
+  Write(TagBytes(2, TextFrameBytes(2, "TT2", "Title")) + AudioBytes());
+  TagObject tag = Loaded();
+  tag.SetFrame("TALB", "Album");
+  tag.WriteID3v2(kSong);
+  EXPECT_EQ(Content()[3], 3);
+  EXPECT_EQ(Loaded().Frame("TIT2"), "Title");
+}
+
+TEST_F(TagObjectTest, KeepsWhateverElseTheFileHolds) {
+  const std::string other = AudioBytes() + kApe + "LYRICSBEGIN text 000011LYRICS200";
+  Write(kTag3 + other + Id3v1Bytes("Old"));
+  TagObject tag = Loaded();
+  tag.SetFrame("TIT2", "New");
+  tag.SetV1Title("New");
+  tag.WriteID3v2(kSong);
+  tag.WriteID3v1(kSong);
+  EXPECT_TRUE(Content().ends_with(other + Id3v1Bytes("New")));
+  tag.RemoveID3v2(kSong);
+  EXPECT_EQ(Content(), other + Id3v1Bytes("New"));
+  tag.RemoveID3v1(kSong);
+  EXPECT_EQ(Content(), other);
+  tag.WriteID3v1(kSong);
+  EXPECT_EQ(Content(), other + Id3v1Bytes("New"));
+}
+
+TEST_F(TagObjectTest, RemovesOnlyTagsThatAreThere) {
+  Write(AudioBytes());
+  TagObject tag(*files_);
+  tag.RemoveID3v1(kSong);
+  tag.RemoveID3v2(kSong);
+  EXPECT_EQ(Content(), AudioBytes());
+}
+
+TEST_F(TagObjectTest, RemovesAllTagsInARowButChangesOnlyTheFirst) {
+  const std::string second = TagBytes(4, TextFrameBytes(4, "TIT2", "Second"));
+  Write(kTag3 + second + AudioBytes());
+  TagObject tag = Loaded();
+  EXPECT_EQ(tag.Frame("TIT2"), "Title");
+  tag.SetFrame("TIT2", "New");
+  tag.WriteID3v2(kSong);
+  EXPECT_TRUE(Content().ends_with(second + AudioBytes()));
+  tag.RemoveID3v2(kSong);
+  EXPECT_EQ(Content(), AudioBytes());
+}
+
+TEST_F(TagObjectTest, AlwaysLeavesATag) {
+  Write(AudioBytes());
+  TagObject tag = Loaded();
+  tag.WriteID3v1(kSong);
+  tag.WriteID3v2(kSong);
+  EXPECT_TRUE(Loaded().HasID3v1());
+  EXPECT_TRUE(Loaded().HasID3v2());
+  EXPECT_TRUE(Content().ends_with(AudioBytes() + Id3v1Bytes("")));
+  EXPECT_EQ(Content().substr(10, 11), TextFrameBytes(3, "TIT2", ""));
+}
+
+TEST_F(TagObjectTest, DoesNotTouchATagItDoesNotUnderstand) {
+  const std::string file = TagBytes(5, TextFrameBytes(4, "TIT2", "Title")) + AudioBytes();
+  Write(file);
+  TagObject tag = Loaded();
+  EXPECT_TRUE(tag.HasID3v2());
+  tag.SetFrame("TIT2", "New");
+  EXPECT_THROW(tag.WriteID3v2(kSong), Failure);
+  EXPECT_EQ(Content(), file);
+  tag.RemoveID3v2(kSong);
+  EXPECT_EQ(Content(), AudioBytes());
+}
+
+TEST_F(TagObjectTest, DoesNotTouchATagThatClaimsMoreThanTheFile) {
+  const std::string file =
+      "ID3\x03\0\0\x7F\x7F\x7F\x7F"s + TextFrameBytes(3, "TIT2", "Title") + std::string(900, 'x');
+  Write(file);
+  TagObject tag = Loaded();
+  EXPECT_EQ(tag.Frame("TIT2"), "Title");
+  tag.SetFrame("TIT2", "New");
+  EXPECT_THROW(tag.WriteID3v2(kSong), Failure);
+  EXPECT_THROW(tag.RemoveID3v2(kSong), Failure);
+  EXPECT_EQ(Content(), file);
+}
+
+TEST_F(TagObjectTest, FindsNoId3v1InsideOtherTags) {
+  const std::string inside = TagBytes(3, FrameBytes(3, "PRIV", "x\0"s + Id3v1Bytes("inside")));
+  Write(inside);
+  EXPECT_FALSE(Loaded().HasID3v1());
+  Write(AudioBytes() + "APETAGEX" + std::string(123, 'x'));
+  EXPECT_FALSE(Loaded().HasID3v1());
+  Write(Id3v1Bytes("alone"));
+  EXPECT_EQ(Loaded().V1Title(), "alone");
+  Write("TAG");
+  EXPECT_FALSE(Loaded().HasID3v1());
+}
+
+TEST_F(TagObjectTest, ListsCommentsFromOne) {
+  Write(TagBytes(3, CommentBytes(3, "eng", "a", "1") + CommentBytes(3, "eng", "MusicMatch_Mood", "Wild") +
+                        CommentBytes(3, "deu", "", "2")));
+  const TagObject tag = Loaded();
+  ASSERT_EQ(tag.Comments().Count(), 2u);
+  EXPECT_EQ(tag.Comments().At(1).description, "a");
+  EXPECT_EQ(tag.Comments().At(2).text, "2");
+  EXPECT_THROW(tag.Comments().At(0), Failure);
+  EXPECT_THROW(tag.Comments().At(3), Failure);
+  EXPECT_EQ(tag.Mood(), "Wild");
+}
+
+TEST_F(TagObjectTest, WritesCommentsPicturesAndProperties) {
+  drives_.Write("cover.jpg", "\xFF\xD8\xFF\xE0 jpeg");
+  Write(AudioBytes());
+  TagObject tag = Loaded();
+  tag.Comments().Add("text", "description");
+  tag.Comments().Add("", "empty text");
+  tag.Images().Add("c:\\cover.jpg", "Cover ü");
+  tag.SetPreference("1");
+  tag.SetMood("2");
+  tag.SetTempo("3");
+  tag.SetSituation("4");
+  tag.WriteID3v2(kSong);
+
+  const TagObject back = Loaded();
+  EXPECT_EQ(back.Comments().All(), (std::vector<TagComment>{{"description", "text"}, {"empty text", ""}}));
+  ASSERT_EQ(back.Images().Count(), 1u);
+  EXPECT_EQ(back.Images().At(1).description, "Cover ü");
+  EXPECT_EQ(back.Images().At(1).mime_type, "image/jpeg");
+  EXPECT_EQ(back.Images().At(1).data.size(), 9u);
+  EXPECT_EQ(back.Preference() + back.Mood() + back.Tempo() + back.Situation(), "1234");
+}
+
+TEST_F(TagObjectTest, ReadsAPictureAtOnce) {
+  drives_.Write("tmp.bmp", "BM1");
+  TagObject tag(*files_);
+  tag.Images().Add("c:\\tmp.bmp", "");
+  files_->DeleteFile("c:\\tmp.bmp");
+  EXPECT_EQ(tag.Images().At(1).data.size(), 3u);
+  EXPECT_THROW(tag.Images().Add("c:\\tmp.bmp", ""), Failure);
+  EXPECT_EQ(tag.Images().Count(), 1u);
+}
+
+TEST_F(TagObjectTest, CopesWithPicturesOfManyMegabytes) {
+  drives_.Write("tmp.bmp", "BM" + std::string(20'000'000, '\xFF'));
+  Write(kTag4 + AudioBytes());
+  TagObject tag = Loaded();
+  tag.Images().Add("c:\\tmp.bmp", "large");
+  tag.WriteID3v2(kSong);
+  EXPECT_EQ(Loaded().Images().At(1).data.size(), 20'000'002u);
+}
+
+TEST_F(TagObjectTest, FollowsALinkAndKeepsTheMode) {
+  drives_.WriteAt(drives_.D() / "real.mp3", kTag3 + AudioBytes());
+  std::filesystem::permissions(drives_.D() / "real.mp3", std::filesystem::perms(0640));
+  std::filesystem::create_symlink(drives_.D() / "real.mp3", drives_.C() / "song.mp3");
+  TagObject tag = Loaded();
+  tag.SetFrame("TIT2", "New");
+  tag.WriteID3v2(kSong);
+  EXPECT_TRUE(std::filesystem::is_symlink(drives_.C() / "song.mp3"));
+  EXPECT_EQ(std::filesystem::status(drives_.D() / "real.mp3").permissions(), std::filesystem::perms(0640));
+  EXPECT_EQ(Loaded().Frame("TIT2"), "New");
+}
+
+TEST_F(TagObjectTest, RefusesAReadOnlyFile) {
+  Write(kTag3 + AudioBytes());
+  std::filesystem::permissions(drives_.C() / "song.mp3", std::filesystem::perms(0444));
+  TagObject tag = Loaded();
+  tag.SetFrame("TIT2", "New");
+  EXPECT_THROW(tag.WriteID3v2(kSong), Failure);
+  EXPECT_THROW(tag.WriteID3v1(kSong), Failure);
+  EXPECT_THROW(tag.RemoveID3v2(kSong), Failure);
+  EXPECT_EQ(Content(), kTag3 + AudioBytes());
+  EXPECT_EQ(FilesInFolder(), 1u);
+}
+
+TEST_F(TagObjectTest, KnowsAllGenres) {
+  const std::string list = TagObject::GenreList();
+  EXPECT_EQ(std::ranges::count(list, '|'), 191);
+  EXPECT_TRUE(list.starts_with("Blues|Classic Rock|"));
+  EXPECT_TRUE(list.ends_with("|Psybient"));
+}
+
+class FolderWithoutAccessTest : public TagObjectTest {
+ protected:
+  // From here on the folder can't be written, but the file can.
+  void Close() {
+    user_.emplace(drives_.Root());
+    std::filesystem::permissions(drives_.C(), std::filesystem::perms(0555));
+  }
+  ~FolderWithoutAccessTest() override { std::filesystem::permissions(drives_.C(), std::filesystem::perms(0755)); }
+
+  std::optional<OrdinaryUser> user_;
+};
+
+TEST_F(FolderWithoutAccessTest, ChangesATagThatFitsItsRoomInPlace) {
+  const std::string padded = TagBytes(3, TextFrameBytes(3, "TIT2", "Title") + std::string(200, '\0'));
+  Write(padded + AudioBytes() + Id3v1Bytes("Old"));
+  Close();
+  TagObject tag = Loaded();
+  tag.SetFrame("TIT2", "A longer title");
+  tag.SetV1Title("New");
+  tag.WriteID3v2(kSong);
+  tag.WriteID3v1(kSong);
+  EXPECT_EQ(Content(), TagBytes(3, Padded(TextFrameBytes(3, "TIT2", "A longer title"), padded.size() - 10)) +
+                           AudioBytes() + Id3v1Bytes("New"));
+}
+
+TEST_F(FolderWithoutAccessTest, KeepsTheRoomOfAPictureThatGoes) {
+  const std::string picture = FrameBytes(3, "APIC", "\0image/png\0\x03\0"s + std::string(100000, 'x'));
+  Write(TagBytes(3, TextFrameBytes(3, "TIT2", "Title") + picture) + AudioBytes());
+  const std::size_t size = Content().size();
+  Close();
+  TagObject tag = Loaded();
+  tag.Images().Clear();
+  tag.WriteID3v2(kSong);
+  EXPECT_EQ(Content().size(), size);
+  EXPECT_EQ(Loaded().Images().Count(), 0u);
+  EXPECT_TRUE(Content().ends_with(AudioBytes()));
+}
+
+TEST_F(FolderWithoutAccessTest, AddsAndRemovesId3v1InPlace) {
+  Write(AudioBytes());
+  Close();
+  TagObject tag = Loaded();
+  tag.SetV1Title("New");
+  tag.WriteID3v1(kSong);
+  EXPECT_EQ(Content(), AudioBytes() + Id3v1Bytes("New"));
+  tag.RemoveID3v1(kSong);
+  EXPECT_EQ(Content(), AudioBytes());
+}
+
+TEST_F(FolderWithoutAccessTest, RefusesWhateverWouldMoveTheAudio) {
+  Write(kTag3 + AudioBytes());
+  Close();
+  TagObject tag = Loaded();
+  EXPECT_THROW(tag.RemoveID3v2(kSong), Failure);
+  tag.SetFrame("TIT2", "A title that is much longer than the one before it");
+  EXPECT_THROW(tag.WriteID3v2(kSong), Failure);
+  EXPECT_EQ(Content(), kTag3 + AudioBytes());
+}
+
+class WriteTagToFileTest : public TagObjectTest {
+ protected:
+  bool Update(TagObject& tag, bool v1, bool v2, const std::string& path = kSong) {
+    bool ok = !v1;
+    WriteTagToFile(*files_, path, tag, v1, v2, ok);
+    return ok;
+  }
+};
+
+TEST_F(WriteTagToFileTest, WritesWhatIsCheckedAndStripsTheOther) {
+  Write(kTag3 + AudioBytes() + Id3v1Bytes("Old"));
+  TagObject tag = Loaded();
+  EXPECT_TRUE(Update(tag, true, false));
+  EXPECT_EQ(Content(), AudioBytes() + Id3v1Bytes("Old"));
+  EXPECT_TRUE(Update(tag, false, true));
+  EXPECT_TRUE(Content().starts_with(kTag3.substr(0, 6)));
+  EXPECT_TRUE(Content().ends_with(AudioBytes()));
+  EXPECT_TRUE(Update(tag, false, false));
+  EXPECT_EQ(Content(), AudioBytes());
+}
+
+TEST_F(WriteTagToFileTest, RefusesFoldersMissingAndReadOnlyFiles) {
+  Write(kTag3 + AudioBytes() + Id3v1Bytes("Old"));
+  TagObject tag = Loaded();
+  EXPECT_FALSE(Update(tag, true, true, "c:\\missing.mp3"));
+  EXPECT_FALSE(Update(tag, true, true, "c:\\"));
+  std::filesystem::permissions(drives_.C() / "song.mp3", std::filesystem::perms(0444));
+  EXPECT_FALSE(Update(tag, false, false));
+  EXPECT_FALSE(Update(tag, true, true));
+  EXPECT_EQ(Content(), kTag3 + AudioBytes() + Id3v1Bytes("Old"));
+}
+
+TEST_F(WriteTagToFileTest, KeepsACompletedFirstStepWhenTheSecondFails) {
+  const std::string strange = TagBytes(5, "whatever") + AudioBytes();
+  Write(strange);
+  TagObject tag = Loaded();
+  tag.SetV1Title("New");
+  EXPECT_FALSE(Update(tag, true, true));
+  EXPECT_EQ(Content(), strange + Id3v1Bytes("New"));
+}
+
+TEST_F(WriteTagToFileTest, LoadsWhatGetID3TagIsGiven) {
+  Write(kTag3 + AudioBytes());
+  TagObject tag(*files_);
+  bool ok = false;
+  GetID3Tag(*files_, kSong, tag, ok);
+  EXPECT_TRUE(ok);
+  EXPECT_EQ(tag.Frame("TPE1"), "Artist");
+  GetID3Tag(*files_, "c:\\", tag, ok);
+  EXPECT_FALSE(ok);
+  Write("no music");
+  ok = true;
+  GetID3Tag(*files_, kSong, tag, ok);
+  EXPECT_FALSE(ok);
+}
+
+}  // namespace
+}  // namespace qublet

@@ -1,0 +1,195 @@
+// What TagLib makes of tags.
+//
+// taglib_tool read FILE...   a line of JSON a file, of the shape that tag_tool gives
+// taglib_tool make FOLDER    writes tags over the MP3 files of a folder, in as many ways as it has
+
+#include <taglib/attachedpictureframe.h>
+#include <taglib/commentsframe.h>
+#include <taglib/id3v1tag.h>
+#include <taglib/id3v2tag.h>
+#include <taglib/mpegfile.h>
+#include <taglib/popularimeterframe.h>
+#include <taglib/privateframe.h>
+#include <taglib/textidentificationframe.h>
+#include <taglib/unsynchronizedlyricsframe.h>
+#include <taglib/urllinkframe.h>
+
+#include <filesystem>
+#include <iostream>
+#include <string>
+#include <vector>
+
+using namespace TagLib;
+
+namespace {
+
+std::string Json(const String& text) {
+  std::string json = "\"";
+  for (const char c : text.to8Bit(true)) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (c == '"' || c == '\\') json += '\\';
+    if (byte >= 0x20) {
+      json += c;
+    } else {
+      constexpr char kDigits[] = "0123456789abcdef";
+      json += std::string("\\u00") + kDigits[byte >> 4] + kDigits[byte & 15];
+    }
+  }
+  return json + "\"";
+}
+
+template <typename Kind>
+Kind* Described(const ID3v2::FrameList& list, bool first_does) {
+  Kind* first = nullptr;
+  for (auto* frame : list) {
+    auto* kind = dynamic_cast<Kind*>(frame);
+    if (kind != nullptr && kind->description().isEmpty()) return kind;
+    if (first == nullptr) first = kind;
+  }
+  return first_does ? first : nullptr;
+}
+
+String Joined(StringList values) {
+  while (!values.isEmpty() && values.back().isEmpty()) values.erase(--values.end());
+  return values.toString("/");
+}
+
+String TextOf(ID3v2::Tag* tag, const char* id) {
+  const auto& list = tag->frameList(id);
+  if (list.isEmpty()) return {};
+  const std::string name = id;
+  if (name == "TXXX") {
+    auto* frame = Described<ID3v2::UserTextIdentificationFrame>(list, false);
+    if (frame == nullptr) return {};
+    StringList values = frame->fieldList();
+    if (!values.isEmpty()) values.erase(values.begin());
+    return Joined(values);
+  }
+  if (name == "WXXX") {
+    auto* frame = Described<ID3v2::UserUrlLinkFrame>(list, true);
+    return frame != nullptr ? frame->url() : String();
+  }
+  if (name == "USLT") {
+    auto* frame = Described<ID3v2::UnsynchronizedLyricsFrame>(list, true);
+    return frame != nullptr ? frame->text() : String();
+  }
+  if (auto* frame = dynamic_cast<ID3v2::UrlLinkFrame*>(list.front())) return frame->url();
+  if (auto* frame = dynamic_cast<ID3v2::TextIdentificationFrame*>(list.front())) return Joined(frame->fieldList());
+  return {};
+}
+
+void PrintV1(MPEG::File& file) {
+  const bool has = file.hasID3v1Tag();
+  const ID3v1::Tag* tag = has ? file.ID3v1Tag() : nullptr;
+  std::cout << "{\"has_v1\": " << (has ? "true" : "false") << ", \"v1\": [";
+  if (has) {
+    std::cout << Json(tag->title()) << ", " << Json(tag->artist()) << ", " << Json(tag->album()) << ", \""
+              << (tag->year() != 0 ? std::to_string(tag->year()) : "") << "\", " << Json(tag->comment()) << ", "
+              << tag->track() << ", " << tag->genreNumber();
+  }
+  std::cout << "]";
+}
+
+void PrintV2(MPEG::File& file) {
+  std::cout << ", \"has_v2\": " << (file.hasID3v2Tag() ? "true" : "false") << ", \"frames\": {";
+  ID3v2::Tag empty;
+  ID3v2::Tag* tag = file.hasID3v2Tag() ? file.ID3v2Tag() : &empty;
+  const char* separator = "";
+  for (const char* id : {"TIT2", "TPE1", "TALB", "TYER", "TRCK", "TCON", "TCOM", "TOPE", "TCOP", "TENC", "WXXX",
+                         "WOAR", "TXXX", "USLT"}) {
+    const bool year = std::string(id) == "TYER";
+    std::cout << separator << "\"" << id << "\": " << Json(TextOf(tag, year ? "TDRC" : id));
+    separator = ", ";
+  }
+  std::cout << "}, \"comments\": [";
+  separator = "";
+  for (auto* frame : tag->frameList("COMM")) {
+    const auto* comment = dynamic_cast<ID3v2::CommentsFrame*>(frame);
+    if (comment == nullptr) continue;
+    std::cout << separator << "[" << Json(comment->description()) << ", " << Json(comment->text()) << "]";
+    separator = ", ";
+  }
+  std::cout << "], \"images\": [";
+  separator = "";
+  for (auto* frame : tag->frameList("APIC")) {
+    const auto* picture = dynamic_cast<ID3v2::AttachedPictureFrame*>(frame);
+    if (picture == nullptr) continue;
+    std::cout << separator << "[" << Json(picture->description()) << ", " << picture->picture().size() << ", "
+              << Json(picture->mimeType()) << "]";
+    separator = ", ";
+  }
+  std::cout << "]}\n";
+}
+
+void AddText(ID3v2::Tag* tag, const char* id, const String& text, String::Type encoding) {
+  auto* frame = new ID3v2::TextIdentificationFrame(id, encoding);
+  frame->setText(text);
+  tag->addFrame(frame);
+}
+
+void AddFrames(ID3v2::Tag* tag, String::Type encoding, const String& suffix) {
+  for (const char* id : {"TIT2", "TPE1", "TALB", "TRCK", "TCOM", "TOPE", "TCOP", "TENC"}) {
+    AddText(tag, id, String(id) + suffix, encoding);
+  }
+  AddText(tag, "TDRC", "1999", encoding);
+  AddText(tag, "TCON", "Something else", encoding);
+  auto* user_text = new ID3v2::UserTextIdentificationFrame(encoding);
+  user_text->setDescription("described");
+  user_text->setText("text" + suffix);
+  tag->addFrame(user_text);
+  auto* url = new ID3v2::UserUrlLinkFrame(encoding);
+  url->setUrl("http://example.org/");
+  tag->addFrame(url);
+  auto* lyrics = new ID3v2::UnsynchronizedLyricsFrame(encoding);
+  lyrics->setLanguage("deu");
+  lyrics->setText("la\nla" + suffix);
+  tag->addFrame(lyrics);
+  for (const char* description : {"", "first", "MusicMatch_Mood"}) {
+    auto* comment = new ID3v2::CommentsFrame(encoding);
+    comment->setDescription(description);
+    comment->setText(String("comment") + suffix);
+    tag->addFrame(comment);
+  }
+  auto* picture = new ID3v2::AttachedPictureFrame;
+  picture->setMimeType("image/png");
+  picture->setDescription("cover" + suffix);
+  picture->setTextEncoding(encoding);
+  picture->setPicture(ByteVector("\x89PNG not really", 15));
+  tag->addFrame(picture);
+  auto* rating = new ID3v2::PopularimeterFrame;
+  rating->setRating(128);
+  tag->addFrame(rating);
+  auto* own = new ID3v2::PrivateFrame;
+  own->setOwner("somebody");
+  own->setData(ByteVector("\xFF\xFB\x00\xFF", 4));
+  tag->addFrame(own);
+}
+
+// The number in the file's name chooses the way.
+void Make(const std::filesystem::path& path, int number) {
+  constexpr String::Type kEncodings[] = {String::Latin1, String::UTF16, String::UTF16BE, String::UTF8};
+  MPEG::File file(path.c_str(), false);
+  const bool newest = number % 2 == 0;
+  const auto encoding = kEncodings[number / 2 % 4];
+  const bool letters = number / 8 % 2 == 1 && encoding != String::Latin1;
+  AddFrames(file.ID3v2Tag(true), encoding, letters ? String(L" Привет 😀") : String(" plain"));
+  const auto version = newest ? ID3v2::v4 : ID3v2::v3;
+  file.save(MPEG::File::ID3v2, File::StripNone, version, File::DoNotDuplicate);
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  const std::vector<std::string> words(arguments + 1, arguments + count);
+  if (words.at(0) == "make") {
+    for (int number = 0; number < 16; ++number) {
+      Make(std::filesystem::path(words.at(1)) / ("taglib_" + std::to_string(number) + ".mp3"), number);
+    }
+    return 0;
+  }
+  for (std::size_t i = 1; i < words.size(); ++i) {
+    MPEG::File file(words[i].c_str(), false);
+    PrintV1(file);
+    PrintV2(file);
+  }
+}
