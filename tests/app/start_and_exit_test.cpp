@@ -97,6 +97,20 @@ TEST_F(StartAndExit, ReadsAsManyRecentFilesAsAreWanted) {
   EXPECT_EQ(window.Action("MFileRecent1")->text().toStdString(), "1: 3.m3u");
 }
 
+TEST_F(StartAndExit, TwoInstancesLoseNoMoreRecentFilesThanTheKeysTheyShare) {
+  window.Start();
+  window.document->RecentFiles = {"c:\\a1.m3u", "c:\\a2.m3u", "c:\\a3.m3u"};
+  window.main->close();
+  // The other instance began before that and knows of one file only; it writes the keys that its list ends at.
+  window.document->RecentFiles = {"c:\\b1.m3u"};
+  window.main->close();
+  EXPECT_EQ(Stored("RF", "18"), "c:\\a1.m3u");
+  EXPECT_EQ(Stored("RF", "19"), "c:\\a2.m3u");
+  EXPECT_EQ(Stored("RF", "20"), "c:\\b1.m3u");
+  window.Restart();
+  EXPECT_EQ(window.document->RecentFiles, (Collection{"c:\\a1.m3u", "c:\\a2.m3u", "c:\\b1.m3u"}));
+}
+
 TEST_F(StartAndExit, PurgesRecentFilesThatAreGone) {
   window.drives.Write("2.m3u", "");
   window.Start();
