@@ -87,7 +87,7 @@ TEST_F(CommandLine, IsNotDoneWhenNothingTakesItsOutput) {
 #endif
 
 TEST_F(ListRows, PrintsATableBelowTheTextsOfTheColumns) {
-  drives_.Write("m/Song.mp3", ConstantRateMp3());
+  drives_.Write("m/Song.mp3", TextOf(Frames(100)));
   drives_.Write("m/empty.mp3", "");
   EXPECT_EQ(Run({"list", "c:\\m"}), 0);
   EXPECT_EQ(Out(),

@@ -13,10 +13,6 @@
 namespace qublet {
 namespace {
 
-std::string Content(const Bytes& bytes) {
-  return {bytes.begin(), bytes.end()};
-}
-
 Bytes LittleEndian(std::uint64_t value, std::size_t length) {
   Bytes bytes(length);
   for (std::size_t i = 0; i < length; ++i) bytes[i] = static_cast<std::uint8_t>(value >> (8 * i));
@@ -24,14 +20,8 @@ Bytes LittleEndian(std::uint64_t value, std::size_t length) {
 }
 
 std::string Wav(std::uint16_t tag, std::uint16_t channels, std::uint32_t rate, std::uint16_t bits) {
-  return Content(Joined({BytesOf("RIFF....WAVEfmt ...."), LittleEndian(tag, 2), LittleEndian(channels, 2),
-                         LittleEndian(rate, 4), LittleEndian(0, 6), LittleEndian(bits, 2), BytesOf("data....")}));
-}
-
-// 1000 frames of 1152 samples, 102 kbit/s on the average, by the count in the first frame.
-Bytes VaryingRate() {
-  const Bytes count = Joined({BytesOf("Xing"), BigEndian(3), BigEndian(1000), BigEndian(333'000)});
-  return Joined({Overwritten(Frame(), 36, count), Frames(9)});
+  return TextOf(Joined({BytesOf("RIFF....WAVEfmt ...."), LittleEndian(tag, 2), LittleEndian(channels, 2),
+                        LittleEndian(rate, 4), LittleEndian(0, 6), LittleEndian(bits, 2), BytesOf("data....")}));
 }
 
 class GetMediaInfoTest : public testing::Test {
@@ -42,18 +32,12 @@ class GetMediaInfoTest : public testing::Test {
     return info;
   }
 
-  // A file of this length that takes no room on the disk.
-  void WriteSparse(const std::string& name, const std::string& start, std::uintmax_t size) const {
-    drives_.Write(name, start);
-    std::filesystem::resize_file(drives_.C() / name, size);
-  }
-
   TemporaryDrives drives_;
   std::unique_ptr<FileSystem> files_ = OpenFileSystem();
 };
 
 TEST_F(GetMediaInfoTest, DressesTheFactsOfAnMp3) {
-  drives_.Write("music/a.mp3", Content(Joined({Frames(100), Id3v1Tag()})));
+  drives_.Write("music/a.mp3", TextOf(Joined({Frames(100), Id3v1Tag()})));
   const MediaInfo info = Info("c:\\music\\a.mp3");
   EXPECT_TRUE(info.Valid);
   EXPECT_EQ(info.FileName, "a.mp3");
@@ -68,7 +52,7 @@ TEST_F(GetMediaInfoTest, DressesTheFactsOfAnMp3) {
 }
 
 TEST_F(GetMediaInfoTest, KeepsTheTextOfAVaryingRateAndTheLengthOfTheStream) {
-  drives_.Write("a.mp3", Content(VaryingRate()));
+  drives_.Write("a.mp3", TextOf(VaryingRate()));
   const MediaInfo info = Info("c:\\a.mp3");
   EXPECT_TRUE(info.Valid);
   EXPECT_EQ(info.Bitrate, "102 Kbit (VBR)");
@@ -77,16 +61,16 @@ TEST_F(GetMediaInfoTest, KeepsTheTextOfAVaryingRateAndTheLengthOfTheStream) {
 
 TEST_F(GetMediaInfoTest, RoundsTheLengthHalfToEven) {
   const Bytes head{0xFF, 0xFF, 0x48, 0x04};
-  drives_.Write("even.mp3", Content(Frames(208, head, 192) /* 2.496 s */));
-  drives_.Write("half.mp3", Content(Joined({Frames(208, head, 192), Bytes(64)}) /* 2.5 s */));
-  drives_.Write("odd.mp3", Content(Joined({Frames(291, head, 192), Bytes(128)}) /* 3.5 s */));
+  drives_.Write("even.mp3", TextOf(Frames(208, head, 192) /* 2.496 s */));
+  drives_.Write("half.mp3", TextOf(Joined({Frames(208, head, 192), Bytes(64)}) /* 2.5 s */));
+  drives_.Write("odd.mp3", TextOf(Joined({Frames(291, head, 192), Bytes(128)}) /* 3.5 s */));
   EXPECT_EQ(Info("c:\\even.mp3").Length, 2);
   EXPECT_EQ(Info("c:\\half.mp3").Length, 2);
   EXPECT_EQ(Info("c:\\odd.mp3").Length, 4);
 }
 
 TEST_F(GetMediaInfoTest, GoesByTheExtensionInAnyCase) {
-  drives_.Write("A.MP3", Content(Frames(10)));
+  drives_.Write("A.MP3", TextOf(Frames(10)));
   drives_.Write("B.WAV", Wav(1, 1, 8000, 8));
   drives_.Write("C.Ogg", "x");
   EXPECT_EQ(Info("c:\\A.MP3").ID, "MPEG 1.0");
@@ -96,7 +80,7 @@ TEST_F(GetMediaInfoTest, GoesByTheExtensionInAnyCase) {
 
 TEST_F(GetMediaInfoTest, NeverLooksIntoAFileForItsKind) {
   drives_.Write("song.mp3", Wav(1, 2, 44100, 16));
-  drives_.Write("song.wma", Content(Frames(10)));
+  drives_.Write("song.wma", TextOf(Frames(10)));
   EXPECT_FALSE(Info("c:\\song.mp3").Valid);
   EXPECT_EQ(Info("c:\\song.wma").ID, "");
 }
@@ -130,7 +114,7 @@ TEST_F(GetMediaInfoTest, GivesNameFolderAndSizeOfAnyOtherFile) {
 }
 
 TEST_F(GetMediaInfoTest, ReadsTheHeadOfAWav) {
-  WriteSparse("a.wav", Wav(1, 2, 44100, 16), 1'764'044);
+  drives_.WriteSparse("a.wav", Wav(1, 2, 44100, 16), 1'764'044);
   const MediaInfo info = Info("c:\\a.wav");
   EXPECT_TRUE(info.Valid);
   EXPECT_EQ(info.ID, "PCM");
@@ -142,7 +126,7 @@ TEST_F(GetMediaInfoTest, ReadsTheHeadOfAWav) {
 }
 
 TEST_F(GetMediaInfoTest, ReadsAMonoWavOf8Bits) {
-  WriteSparse("a.wav", Wav(1, 1, 8000, 8), 80'000);
+  drives_.WriteSparse("a.wav", Wav(1, 1, 8000, 8), 80'000);
   const MediaInfo info = Info("c:\\a.wav");
   EXPECT_EQ(info.Bitrate, "64 Kbit");
   EXPECT_EQ(info.Layer, "8 bits/sample");
@@ -151,7 +135,7 @@ TEST_F(GetMediaInfoTest, ReadsAMonoWavOf8Bits) {
 }
 
 TEST_F(GetMediaInfoTest, LeavesTheModeOfSixChannelsEmpty) {
-  WriteSparse("a.wav", Wav(1, 6, 48000, 16), 2'880'000);
+  drives_.WriteSparse("a.wav", Wav(1, 6, 48000, 16), 2'880'000);
   const MediaInfo info = Info("c:\\a.wav");
   EXPECT_TRUE(info.Valid);
   EXPECT_EQ(info.Mode, "");
@@ -159,7 +143,7 @@ TEST_F(GetMediaInfoTest, LeavesTheModeOfSixChannelsEmpty) {
 }
 
 TEST_F(GetMediaInfoTest, MarksAWavThatIsNotPcm) {
-  WriteSparse("a.wav", Wav(0xFFFE, 2, 44100, 16), 1000);
+  drives_.WriteSparse("a.wav", Wav(0xFFFE, 2, 44100, 16), 1000);
   EXPECT_EQ(Info("c:\\a.wav").ID, "-");
 }
 
@@ -172,10 +156,10 @@ TEST_F(GetMediaInfoTest, TakesTheBytesOfAnyFileNamedWavForItsHead) {
 }
 
 TEST_F(GetMediaInfoTest, FailsForAWavOf256MebibytesAfterItsTexts) {
-  WriteSparse("less.wav", Wav(1, 2, 44100, 16), 268'435'455);
+  drives_.WriteSparse("less.wav", Wav(1, 2, 44100, 16), 268'435'455);
   EXPECT_TRUE(Info("c:\\less.wav").Valid);
   EXPECT_EQ(Info("c:\\less.wav").Length, 1522);
-  WriteSparse("a.wav", Wav(1, 2, 44100, 16), 268'435'456);
+  drives_.WriteSparse("a.wav", Wav(1, 2, 44100, 16), 268'435'456);
   const MediaInfo info = Info("c:\\a.wav");
   EXPECT_FALSE(info.Valid);
   EXPECT_EQ(info.Size, 268'435'456);
@@ -228,9 +212,9 @@ TEST_F(GetMediaInfoTest, FailsForWhatIsNotThereAndForAFolder) {
 }
 
 TEST_F(GetMediaInfoTest, FailsForAFileOfTwoGibibytes) {
-  WriteSparse("less.ogg", "", 2'147'483'647);
-  WriteSparse("a.ogg", "", 2'147'483'648);
-  WriteSparse("a.mp3", Content(Frames(10)), 2'147'483'648);
+  drives_.WriteSparse("less.ogg", "", 2'147'483'647);
+  drives_.WriteSparse("a.ogg", "", 2'147'483'648);
+  drives_.WriteSparse("a.mp3", TextOf(Frames(10)), 2'147'483'648);
   EXPECT_EQ(Info("c:\\less.ogg").Size, 2'147'483'647);
   EXPECT_TRUE(Info("c:\\less.ogg").Valid);
   EXPECT_FALSE(Info("c:\\a.ogg").Valid);
@@ -296,8 +280,8 @@ TEST_F(GetMediaInfoTest, LeavesTheFieldsOfOtherKindsInARecordUsedAgain) {
 }
 
 TEST_F(GetMediaInfoTest, MayBeCalledBySeveralThreadsAtOnce) {
-  drives_.Write("a.mp3", Content(VaryingRate()));
-  drives_.Write("b.mp3", Content(Frames(100)));
+  drives_.Write("a.mp3", TextOf(VaryingRate()));
+  drives_.Write("b.mp3", TextOf(Frames(100)));
   std::vector<int> right(4);
   std::vector<std::thread> workers;
   workers.reserve(right.size());

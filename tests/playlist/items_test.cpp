@@ -32,7 +32,7 @@ using AddFile = ItemsTest;
 using AddStuff = ItemsTest;
 
 TEST_F(AddFile, WritesTheTwelveCells) {
-  drives_.Write("music/Song.MP3", ConstantRateMp3());
+  drives_.Write("music/Song.MP3", TextOf(Frames(100)));
   EXPECT_TRUE(items_.AddFile("C:\\music\\Song.MP3", 0, 0));
   EXPECT_EQ(Line(1), "Song.MP3|0:03|41 Kb|c:\\music\\|MPEG 1.0|Layer III|128 Kbit|44100 Hz|Joint Stereo|3|41700|1");
   EXPECT_EQ(Rows().At(1).icon, RowIcon::kNormal);
@@ -43,7 +43,7 @@ TEST_F(AddFile, WritesTheTwelveCells) {
 }
 
 TEST_F(AddFile, ShowsSizesWithTheLocalesSeparator) {
-  WriteSparse("a.ogg", "", 16384);
+  drives_.WriteSparse("a.ogg", "", 16384);
   Items german(document_, *files_, feedback_, view_, ".");
   EXPECT_TRUE(german.AddFile("c:\\a.ogg", 0, 0));
   EXPECT_EQ(Line(1), "a.ogg|0:00|16.384 Bytes|c:\\|OGG Vorbis|||||0|16384|1");
@@ -110,7 +110,7 @@ TEST_F(AddFile, ShowsNoSizeForASingleByte) {
 }
 
 TEST_F(AddFile, CorrectsTheLengthOfAVaryingRate) {
-  WriteSparse("a.mp3", VaryingRateMp3(), 1'305'600);
+  drives_.WriteSparse("a.mp3", TextOf(VaryingRate()), 1'305'600);
   EXPECT_TRUE(items_.AddFile("c:\\a.mp3", 0, 0));
   EXPECT_EQ(Rows().At(1).cells[kBitrate], "102 Kbit (VBR)");
   EXPECT_EQ(Rows().At(1).cells[kHiddenLen], "100") << "1305600 x 8 / (102 x 1024)";
@@ -118,18 +118,18 @@ TEST_F(AddFile, CorrectsTheLengthOfAVaryingRate) {
 }
 
 TEST_F(AddFile, RoundsTheCorrectedLengthHalfToEven) {
-  WriteSparse("a.mp3", VaryingRateMp3(), 13056 * 5 / 2);
-  WriteSparse("b.mp3", VaryingRateMp3(), 13056 * 7 / 2);
+  drives_.WriteSparse("a.mp3", TextOf(VaryingRate()), 13056 * 5 / 2);
+  drives_.WriteSparse("b.mp3", TextOf(VaryingRate()), 13056 * 7 / 2);
   EXPECT_TRUE(items_.AddFile("c:\\a.mp3", 0, 0));
   EXPECT_TRUE(items_.AddFile("c:\\b.mp3", 0, 0));
   EXPECT_EQ(CellsOf(Rows(), kHiddenLen), "2 4");
 }
 
 TEST_F(AddFile, LeavesTheRowOfAVaryingRateFrom256MebibytesWithItsNameOnly) {
-  WriteSparse("less.mp3", VaryingRateMp3(), 268'435'455);
+  drives_.WriteSparse("less.mp3", TextOf(VaryingRate()), 268'435'455);
   EXPECT_TRUE(items_.AddFile("c:\\less.mp3", 0, 0));
   EXPECT_EQ(Rows().At(1).cells[kHiddenLen], "20560");
-  WriteSparse("more.mp3", VaryingRateMp3(), 268'435'456);
+  drives_.WriteSparse("more.mp3", TextOf(VaryingRate()), 268'435'456);
   EXPECT_FALSE(items_.AddFile("c:\\more.mp3", 0, 0));
   EXPECT_EQ(Line(2), "more.mp3|||||||||||");
   EXPECT_EQ(Rows().At(2).icon, RowIcon::kNormal);
@@ -137,7 +137,7 @@ TEST_F(AddFile, LeavesTheRowOfAVaryingRateFrom256MebibytesWithItsNameOnly) {
 }
 
 TEST_F(AddFile, LeavesTheRowOfAVaryingRateOfZeroWithItsNameOnly) {
-  drives_.Write("a.mp3", VaryingRateMp3(1000));
+  drives_.Write("a.mp3", TextOf(VaryingRate(1000)));
   EXPECT_FALSE(items_.AddFile("c:\\a.mp3", 0, 0));
   EXPECT_EQ(Line(1), "a.mp3|||||||||||");
 }
@@ -333,7 +333,7 @@ TEST_F(AddStuff, RefreshesTheWindowForTheNewSelectionUnlessDropping) {
 }
 
 TEST_F(AddStuff, EndsWithFalseWhenTheRowOfAFileCouldNotBeFilled) {
-  WriteSparse("big.mp3", VaryingRateMp3(), 268'435'456);
+  drives_.WriteSparse("big.mp3", TextOf(VaryingRate()), 268'435'456);
   EXPECT_FALSE(Add("c:\\big.mp3", true));
   EXPECT_EQ(Names(), "big.mp3") << "the row stays";
   EXPECT_FALSE(document_.PlaylistChanged);
@@ -343,8 +343,8 @@ TEST_F(AddStuff, EndsWithFalseWhenTheRowOfAFileCouldNotBeFilled) {
 
 TEST_F(AddStuff, GoesOnWithABatchBehindARowThatCouldNotBeFilled) {
   Touch({"m/a.mp3", "m/c.mp3"});
-  WriteSparse("m/b.mp3", VaryingRateMp3(), 268'435'456);
-  drives_.Write("m/d.mp3", VaryingRateMp3(1000));
+  drives_.WriteSparse("m/b.mp3", TextOf(VaryingRate()), 268'435'456);
+  drives_.Write("m/d.mp3", TextOf(VaryingRate(1000)));
   EXPECT_TRUE(Add("c:\\m", true));
   EXPECT_EQ(Names(), "a.mp3 b.mp3 c.mp3 d.mp3");
   EXPECT_EQ(Orders(), "1  3 ");
@@ -476,7 +476,7 @@ using Refresh = ItemsTest;
 
 TEST_F(Refresh, ReadsEveryRowAgainAndTakesTheOrderAsItStands) {
   Stock(3);
-  drives_.Write("old/2.mp3", ConstantRateMp3());
+  drives_.Write("old/2.mp3", TextOf(Frames(100)));
   std::filesystem::remove(drives_.C() / "old/1.mp3");
   Rows().SwapRows(1, 3);
   Rows().SetIcon(2, RowIcon::kRed);

@@ -19,11 +19,6 @@ class ListTestBase : public testing::Test {
   void Touch(const Collection& names) const {
     for (const std::string& name : names) drives_.Write(name, "abc");
   }
-  // A file of this length that takes no room on the disk.
-  void WriteSparse(const std::string& name, const std::string& start, std::uintmax_t size) const {
-    drives_.Write(name, start);
-    std::filesystem::resize_file(drives_.C() / name, size);
-  }
 
   RowStore& Rows() { return document_.ListView1; }
   std::string Names() const { return NamesOf(document_.ListView1); }
@@ -42,22 +37,6 @@ class ListTestBase : public testing::Test {
   RecordingView view_;
   Items items_{document_, *files_, feedback_, view_, ","};
 };
-
-inline std::string TextOf(const Bytes& bytes) {
-  return {bytes.begin(), bytes.end()};
-}
-
-// An MP3 of a varying rate: 1000 frames of 1152 samples, `bytes` long by the count in its first frame. With the
-// length that the count states it has 102 kbit/s.
-inline std::string VaryingRateMp3(std::uint32_t bytes = 333'000) {
-  const Bytes count = Joined({BytesOf("Xing"), BigEndian(3), BigEndian(1000), BigEndian(bytes)});
-  return TextOf(Joined({Overwritten(Frame(), 36, count), Frames(9)}));
-}
-
-// An MP3 of 128 kbit/s, 44100 Hz, joint stereo, with this many frames of 417 bytes.
-inline std::string ConstantRateMp3(std::size_t frames = 100) {
-  return TextOf(Frames(frames));
-}
 
 // A playlist of `count` files that aren't there: "c:\gone\00001.mp3" and so on.
 inline std::string PlaylistOfMissingFiles(int count) {

@@ -21,6 +21,10 @@ inline Bytes BytesOf(std::string_view text) {
   return {text.begin(), text.end()};
 }
 
+inline std::string TextOf(const Bytes& bytes) {
+  return {bytes.begin(), bytes.end()};
+}
+
 // One after another.
 inline Bytes Joined(std::initializer_list<Bytes> parts) {
   Bytes all;

@@ -46,6 +46,13 @@ inline Bytes Overwritten(Bytes bytes, std::size_t offset, const Bytes& piece) {
   return bytes;
 }
 
+// 1000 frames of 1152 samples by the count in the first frame, of which ten are there. `length` is that of all of
+// them by the same count: 102 kbit/s unless told otherwise.
+inline Bytes VaryingRate(std::uint32_t length = 333'000) {
+  const Bytes count = Joined({BytesOf("Xing"), BigEndian(3), BigEndian(1000), BigEndian(length)});
+  return Joined({Overwritten(Frame(), 36, count), Frames(9)});
+}
+
 // A tag of this version with `length` bytes of body, zeros unless told otherwise.
 inline Bytes Id3v2Tag(std::uint32_t length, std::uint8_t version = 3, std::uint8_t filler = 0) {
   return Joined({BytesOf("ID3"), {version, 0, 0}, SyncSafe(length), Bytes(length, filler)});

@@ -50,6 +50,12 @@ class TemporaryDrives {
     std::ofstream(place, std::ios::binary) << content;
   }
 
+  // A file below C() of this length that takes no room on the disk.
+  void WriteSparse(const std::string& name, const std::string& start, std::uintmax_t size) const {
+    Write(name, start);
+    std::filesystem::resize_file(C() / name, size);
+  }
+
   // Content of a file below C(), "" when there is none.
   std::string Read(const std::string& name) const { return ReadAt(C() / name); }
 
