@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <QPixmap>
 #include <clocale>
 #include <cstdio>
@@ -103,9 +104,12 @@ int Run(QApplication& application) {
   parser.addHelpOption();
   parser.process(application);
 
+  // A playlist changes the current folder when it is read.
+  const QString picture = QFileInfo(parser.value(screenshot)).absoluteFilePath();
+
   House house;
   const std::string command_line = CommandLineText(*house.files, ToStrings(parser.positionalArguments()));
-  if (parser.isSet(screenshot)) return TakeScreenshot(house, parser.value(screenshot), command_line);
+  if (parser.isSet(screenshot)) return TakeScreenshot(house, picture, command_line);
   return Start(house, application, command_line);
 }
 

@@ -34,7 +34,10 @@ const char* NameOf(Fault fault) {
 std::vector<std::string> EnvironmentFor(const FaultyProgram& program, Fault fault, int call, const fs::path& report) {
   std::vector<std::string> entries;
   for (char** entry = environ; *entry != nullptr; ++entry) entries.emplace_back(*entry);
-  entries.push_back(std::string("LD_PRELOAD=") + QUBLET_FAULT_LIBRARY);
+  // LD_PRELOAD would split a path at its blanks, a folder to search is taken whole.
+  const fs::path library = QUBLET_FAULT_LIBRARY;
+  entries.push_back("LD_LIBRARY_PATH=" + library.parent_path().string());
+  entries.push_back("LD_PRELOAD=" + library.filename().string());
   entries.push_back("ASAN_OPTIONS=verify_asan_link_order=0");
   entries.push_back("QUBLET_FAULT_BELOW=" + fs::canonical(program.below).string());
   entries.push_back(std::string("QUBLET_FAULT_KIND=") + NameOf(fault));
