@@ -2,8 +2,6 @@
 
 #include <unordered_set>
 
-#include "playlist/paths/path_text.h"
-
 namespace qublet {
 namespace {
 
@@ -67,7 +65,7 @@ void OpenCommonFolder(Document& document, Items& items, const FileSystem& files,
   DestroyFileArray(document);
   items.SaveFileArrayFromList(false);
   const std::string folder = FindCommonFolder(document.FileArray);
-  shell.Open(folder.empty() ? files.CurrentFolder() : NormalizedPath(folder));
+  shell.Open(folder.empty() ? files.CurrentFolder() : folder);
 }
 
 void RemoveSelectedRows(Document& document) {

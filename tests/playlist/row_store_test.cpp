@@ -73,6 +73,34 @@ TEST_F(RowStoreTest, RemovesARowAndTellsIt) {
   EXPECT_EQ(Heard(), "remove 2 1, removed, remove 3 1, removed");
 }
 
+TEST_F(RowStoreTest, LaysTheRowsInAnotherOrderAndTellsTheRangeThatMovedOnce) {
+  rows_.SetSelected(3, true);
+  rows_.SetIcon(3, RowIcon::kRed);
+  rows_.SetFocusedRow(3);
+  Heard();
+  rows_.Reorder({1, 3, 2, 4});
+  EXPECT_EQ(Names(), "a c b d");
+  EXPECT_TRUE(rows_.At(2).selected);
+  EXPECT_FALSE(rows_.At(3).selected);
+  EXPECT_EQ(rows_.At(2).icon, RowIcon::kRed);
+  EXPECT_EQ(rows_.FocusedRow(), 2);
+  EXPECT_EQ(Heard(), "changed 2 3, focus 2");
+}
+
+TEST_F(RowStoreTest, TellsNothingOfAnOrderThatIsTheSame) {
+  rows_.Reorder({1, 2, 3, 4});
+  EXPECT_EQ(Names(), "a b c d");
+  EXPECT_EQ(Heard(), "");
+}
+
+TEST_F(RowStoreTest, RefusesAnOrderThatNamesNotEachRowOnce) {
+  for (const std::vector<int>& order : {std::vector<int>{1, 2, 3}, {1, 2, 3, 3}, {0, 1, 2, 3}, {2, 3, 4, 5}, {}}) {
+    EXPECT_THROW(rows_.Reorder(order), Failure);
+    EXPECT_EQ(Names(), "a b c d");
+  }
+  EXPECT_EQ(Heard(), "");
+}
+
 TEST_F(RowStoreTest, RemovesRowsByAQuestionAndKeepsTheOrderOfTheOthers) {
   rows_.SetSelected(1, true);
   rows_.SetSelected(3, true);

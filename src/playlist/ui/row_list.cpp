@@ -58,7 +58,11 @@ void RowList::ShowRows(RowModel* model) {
   connect(selection_, &RowSelection::rowsSelected, this, &RowList::rowsSelected);
   connect(model, &RowModel::focusMoved, this, [this](int row) {
     const QModelIndex index = model_->IndexOf(row);
-    if (index != currentIndex()) selection_->setCurrentIndex(index, kNoUpdate);
+    if (index == currentIndex()) return;
+    // A row that moves with the focus is no reason to scroll; who wants it seen says so.
+    setAutoScroll(false);
+    selection_->setCurrentIndex(index, kNoUpdate);
+    setAutoScroll(true);
   });
   connect(model, &RowModel::showRow, this, [this](int row) { scrollTo(model_->IndexOf(row)); });
 }
