@@ -27,8 +27,12 @@ class OrderTest : public testing::Test {
     window.document->PlaylistChanged = false;
   }
 
+  // As by Ctrl and the mouse.
   void Select(std::initializer_list<int> rows) {
-    for (const int row : rows) window.Rows().SetSelected(row, true);
+    for (const int row : rows) {
+      const QModelIndex index = window.List().model()->index(row - 1, 0);
+      window.List().selectionModel()->select(index, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
   }
   void ClickHeader(int column) {
     QHeaderView* header = window.List().header();

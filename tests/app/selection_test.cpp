@@ -21,8 +21,12 @@ class SelectionCommands : public testing::Test {
     window.document->PlaylistChanged = false;
   }
 
+  // As by Ctrl and the mouse.
   void Select(std::initializer_list<int> rows) {
-    for (const int row : rows) window.Rows().SetSelected(row, true);
+    for (const int row : rows) {
+      const QModelIndex index = window.List().model()->index(row - 1, 0);
+      window.List().selectionModel()->select(index, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
   }
   std::string SelectedAfter(const char* command) {
     window.Run(command);
