@@ -10,6 +10,7 @@
 #include "app/command_line.h"
 #include "platform/memory_settings_store.h"
 #include "platform/program.h"
+#include "platform/qt/pictures.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_shell.h"
 #include "playlist/paths/folder_walk.h"
@@ -119,6 +120,8 @@ int Run(QApplication& application) {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   application.setQuitOnLastWindowClosed(false);
+  QApplication::setWindowIcon(qublet::Picture(QStringLiteral("program")));
+  QGuiApplication::setDesktopFileName(QStringLiteral("QUBLET20"));
   std::setlocale(LC_ALL, "");
   return qublet::Run(application);
 }

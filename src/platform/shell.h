@@ -20,8 +20,8 @@ class Shell {
 // The one of this machine; `files` must outlive it.
 std::unique_ptr<Shell> OpenShell(const FileSystem& files);
 
-// Where a playlist stands that other programs are to open, in drive form without a trailing "\": a folder that is this
-// user's alone, for playlists in this system's own form. "" where programs read the program's own form as it is.
+// Where a playlist stands that other programs are to open, in drive form without a trailing "\": a folder that is
+// this user's alone, for playlists in this system's own form. "" where programs read the program's own form as it is.
 // Made when missing. Throws Failure.
 std::string HandOverFolder(const FileSystem& files);
 
