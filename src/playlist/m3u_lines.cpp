@@ -31,7 +31,7 @@ bool IsAddress(std::string_view path) {
 // page text: what is there decides.
 std::string FromNativeLine(const FileSystem& files, const std::string& bytes, const std::string& text) {
   if (IsAddress(text)) return text;
-  const std::string own = files.FromNative(bytes);
+  std::string own = files.FromNative(bytes);
   const bool certain = bytes == text && !HasDrive(text) && !Contains(text, "\\");
   if (certain || files.Attributes(own)) return own;
   if (HasDrive(text) || files.Attributes(text)) return text;
@@ -65,8 +65,7 @@ Collection RelativeLines(const Collection& paths, const std::string& folder) {
 
 // The line of a path in this system's own form; a path that this form can't say keeps its drive form.
 std::string NativeLine(const FileSystem& files, const std::string& path, const std::string& line) {
-  const std::string name = GetFileName(line);
-  if (IsAddress(name)) return name;
+  if (IsAddress(GetFileName(line))) return GetFileName(line);
   std::string native = line;
   ResumeNext([&] { native = files.ToNative(line); });
   if (native.find_first_of("\r\n") != native.npos) return path;
