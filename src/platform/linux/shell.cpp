@@ -64,6 +64,8 @@ class DesktopShell : public Shell {
     });
   }
 
+  std::string HandOverFolder() override { return files_.FromNative(TemporaryFolder()); }
+
  private:
   // Kinds that we know are opened by their own program or not at all: the system's opener would have a text editor
   // show a playlist.
@@ -90,10 +92,6 @@ class DesktopShell : public Shell {
 
 std::unique_ptr<Shell> OpenShell(const FileSystem& files) {
   return std::make_unique<DesktopShell>(files);
-}
-
-std::string HandOverFolder(const FileSystem& files) {
-  return files.FromNative(TemporaryFolder());
 }
 
 }  // namespace qublet

@@ -20,6 +20,8 @@ class WindowsShell : public Shell {
     });
   }
 
+  std::string HandOverFolder() override { return ""; }
+
  private:
   const FileSystem& files_;
 };
@@ -28,10 +30,6 @@ class WindowsShell : public Shell {
 
 std::unique_ptr<Shell> OpenShell(const FileSystem& files) {
   return std::make_unique<WindowsShell>(files);
-}
-
-std::string HandOverFolder(const FileSystem& /*files*/) {
-  return "";
 }
 
 }  // namespace qublet
