@@ -28,8 +28,8 @@ class PlayerLink {
   PlayerHandle PlayerWindow;      // what FindPlayerWindow last gave
 
   // Whether the program that opens playlists is a player that we can work beside: by its path ("studio" or "winamp"
-  // anywhere in it, in any case), which also says where its bookmark file is, or by what the system knows of it. Makes
-  // "tmp.m3u" when it is missing, so that there is a file to ask about.
+  // anywhere in it, in any case), which also says where its bookmark file is, or by what the system knows of it.
+  // Makes "tmp.m3u" when it is missing, so that there is a file to ask about.
   bool DetectPlayer();
 
   // The player if it runs, "" if not.

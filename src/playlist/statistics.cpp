@@ -68,7 +68,8 @@ Statistics GatherStatistics(Document& document, Items& items, const FileSystem& 
     ResumeNext([&] { AddSize(found, files, document.FileArray[i]); });
     ResumeNext([&] { AddTime(found, document.ListView1.At(static_cast<int>(i) + 1).cells[kHiddenLen]); });
   }
-  ResumeNext([&] { found.ListFileSize = ToInteger32(static_cast<std::int64_t>(EncodeLines(document.FileArray).size())); });
+  ResumeNext(
+      [&] { found.ListFileSize = ToInteger32(static_cast<std::int64_t>(EncodeLines(document.FileArray).size())); });
   WorkOutAverages(found);
   return found;
 }
@@ -79,8 +80,9 @@ std::vector<StatisticsLine> StatisticsLines(const Statistics& found, std::string
     return seconds == 0 ? kUnknownStatistic : found.TimePrefix + FormatTime(seconds) + " [hms]";
   };
   const std::string total = found.TotalSize == 0 ? kUnknownStatistic : found.SizePrefix + bytes(found.TotalSize);
-  const std::string average =
-      found.AverageSize == 0 ? kUnknownStatistic : found.SizePrefix + FormatSize(std::llround(found.AverageSize), separator);
+  const std::string average = found.AverageSize == 0
+                                  ? kUnknownStatistic
+                                  : found.SizePrefix + FormatSize(std::llround(found.AverageSize), separator);
   const std::string missing = found.MissingCount == 0 ? "None" : Counted(found.MissingCount, "item");
   return {
       {"Playlist filename:", "lblplaylistfilename", found.ListFileName},

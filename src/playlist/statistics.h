@@ -17,9 +17,9 @@ struct Statistics {
   std::int32_t ListFileSize = 0;  // bytes of a playlist of these items
   double TotalSize = 0;           // bytes of the files that are there
   std::int32_t MissingCount = 0;
-  std::int32_t TotalTime = 0;     // seconds
-  std::string RelativeFolder;     // common folder with a "\" behind, or "'Not found...'"
-  std::int32_t AverageTime = 0;   // of the files that are there, also of those whose length isn't known
+  std::int32_t TotalTime = 0;    // seconds
+  std::string RelativeFolder;    // common folder with a "\" behind, or "'Not found...'"
+  std::int32_t AverageTime = 0;  // of the files that are there, also of those whose length isn't known
   double AverageSize = 0;
   std::string SizePrefix;  // ">" when a file is missing: the sums are lower bounds
   std::string TimePrefix;  // ">" when a length isn't known
