@@ -39,6 +39,11 @@ Main::Main(Document& document, AppSettings& settings, Services services, Session
                                      ListCommands::Services{services_.files, services_.dialogs, services_.shell,
                                                             services_.random, services_.collation, *feedback_},
                                      view);
+  play_ = std::make_unique<PlayCommands>(
+      document_, settings_, *items_,
+      PlayCommands::Services{services_.files, services_.dialogs, *feedback_, services_.shell, services_.associations,
+                             services_.players},
+      places.program_folder);
   session_ = std::make_unique<Session>(document_, settings_, *items_, services_.files, services_.store,
                                        services_.startup, std::move(places), window);
   Connect();
@@ -83,6 +88,7 @@ void Main::Connect() {
   connect(ListView1, &RowList::rowsSelected, this, [this] { ListView1_Click(); });
   connect(ListView1, &RowList::filesDropped, this, &Main::ListView1_FilesDropped);
   connect(ListView1, &RowList::keyPressed, this, &Main::ListView1_KeyDown);
+  connect(ListView1, &RowList::doubleClickedAnywhere, this, [this] { play_->PlayDoubleClicked(); });
   connect(ListView1->header(), &QHeaderView::sectionClicked, this,
           [this](int section) { list_commands_->ListView1_ColumnClick(section + 1); });
 }
@@ -184,6 +190,10 @@ void Main::ToolbarSave_Click() {
   settings_.SActi ? MFileSaveRel_Click() : MFileSave_Click();
 }
 
+void Main::MViewDetails_Click() {
+  play_->ShowProperties(this, thousands_separator_, [](QWidget&) {});
+}
+
 void Main::MViewRefresh_Click() {
   items_->MViewRefresh_Click();
 }
@@ -191,6 +201,7 @@ void Main::MViewRefresh_Click() {
 void Main::ListView1_KeyDown(int key) {
   if (key == Qt::Key_Insert) MEditAddDir_Click();
   if (key == Qt::Key_Delete) MEditRemove_Click();
+  if (key == Qt::Key_Return || key == Qt::Key_Enter) MEditPlaySel_Click();
 }
 
 void Main::ListView1_FilesDropped(const QStringList& native_paths, QPoint point) {

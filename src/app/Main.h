@@ -9,6 +9,7 @@
 #include "app/StatusPanel.h"
 #include "app/Toolbar.h"
 #include "app/commands.h"
+#include "app/play_commands.h"
 #include "app/session.h"
 #include "app/window_feedback.h"
 #include "platform/clock.h"
@@ -42,6 +43,8 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
     Shell& shell;
     Random& random;
     const Collation& collation;
+    const Associations& associations;
+    PlayerWindows& players;
   };
 
   Main(Document& document, AppSettings& settings, Services services, Session::Places places);
@@ -58,6 +61,10 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   void MFileSaveAs_Click();
   void MFileSaveRel_Click();
   void MFileExit_Click();
+  void MEditPlaySel_Click() { play_->Play(kPlaySelected); }
+  void MEditPlayFol_Click() { play_->Play(kPlayFolder); }
+  void MEditPlayLoc_Click() { play_->Play(kPlayFrom); }
+  void MEditPlayList_Click() { play_->Play(kPlayList); }
   void MEditAddDir_Click();
   void MEditRemove_Click() { list_commands_->MEditRemove_Click(); }
   void MEditMoveUp_Click() { list_commands_->MEditMoveUp_Click(); }
@@ -86,6 +93,7 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   }
   void MViewToolbar_Click();
   void MViewStatusBar_Click();
+  void MViewDetails_Click();
   void MViewRefresh_Click();
   // Saves relative or absolute, as the user has chosen for this button.
   void ToolbarSave_Click();
@@ -104,7 +112,7 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   void ShowBars();
   void Connect();
 
-  void DetectPlayer() {}
+  void DetectPlayer() { play_->DetectPlayer(entries_); }
   void LoadPluginMenu() {}
   void SetMenuBitmaps();
   void RegisterAccessoryTools() {}
@@ -138,6 +146,7 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   std::unique_ptr<Items> items_;
   std::unique_ptr<PlaylistFiles> playlist_files_;
   std::unique_ptr<ListCommands> list_commands_;
+  std::unique_ptr<PlayCommands> play_;
   std::unique_ptr<Session> session_;
 };
 

@@ -20,6 +20,14 @@ const std::vector<Command> kCommands{
     {1},
     {1, "MFileExit", "E&xit", "Ctrl+Q", "End the program", &Main::MFileExit_Click},
     {0, "MEdit", "&Edit"},
+    {1, "MEditPlay", "Play.."},
+    {2, "MEditPlaySel", "&Play Selected", "", "Play the selected items", &Main::MEditPlaySel_Click},
+    {2, "MEditPlayFol", "Play Folder", "", "Play everything in the folders of the selected items",
+     &Main::MEditPlayFol_Click},
+    {2, "MEditPlayLoc", "Play From", "", "Play from the first selected item to the end of the list",
+     &Main::MEditPlayLoc_Click},
+    {2, "MEditPlayList", "Play List", "Ctrl+P", "Play the whole list", &Main::MEditPlayList_Click},
+    {1},
     {1, "MEditAddDir", "&Add Item", "Ins", "Add a file, a folder or a playlist", &Main::MEditAddDir_Click},
     {1, "MEditRemove", "&Remove Item", "Del", "Remove the selected items from the list; the files stay",
      &Main::MEditRemove_Click},
@@ -77,7 +85,13 @@ const std::vector<Command> kCommands{
     {2, "MViewSortOrig", "by &Original Order", "", "Sort by the order in which the items came",
      &Main::MViewSort_Click<12>},
     {1},
+    {1, "MViewDetails", "Playlist Properties...", "", "Show counts, sizes and times of the whole list",
+     &Main::MViewDetails_Click},
+    {1},
     {1, "MViewRefresh", "Refresh", "F5", "Read every file from disk again", &Main::MViewRefresh_Click},
+    {0, "MTools", "&Tools"},
+    {1, "MToolsWinamp", "W&inAmp..."},
+    {1, "s101"},
 };
 
 namespace {

@@ -12,7 +12,6 @@
 #include "platform/program.h"
 #include "platform/qt/pictures.h"
 #include "platform/qt/qt_dialogs.h"
-#include "platform/qt/qt_shell.h"
 #include "playlist/paths/folder_walk.h"
 #include "settings/application.h"
 
@@ -27,7 +26,9 @@ struct House {
   SystemClock clock;
   SystemRandom random;
   std::unique_ptr<Collation> collation = OpenCollation();
-  QtShell shell{*files};
+  std::unique_ptr<Shell> shell = OpenShell(*files);
+  std::unique_ptr<Associations> associations = OpenAssociations(*files);
+  std::unique_ptr<PlayerWindows> players = OpenPlayerWindows();
   Document document;
   AppSettings settings;
   std::unique_ptr<QtDialogs> dialogs;
@@ -49,8 +50,8 @@ QStringList AudioPatterns() {
 void MakeMain(House& house) {
   house.dialogs =
       std::make_unique<QtDialogs>(nullptr, *house.files, QString::fromStdString(AppTitle()), AudioPatterns());
-  const Main::Services services{*house.files, *house.store, *house.startup, *house.dialogs,
-                                house.clock,  house.shell,  house.random,   *house.collation};
+  const Main::Services services{*house.files, *house.store, *house.startup,   *house.dialogs,      house.clock,
+                                *house.shell, house.random, *house.collation, *house.associations, *house.players};
   house.main = std::make_unique<Main>(house.document, house.settings, services, FindPlaces(*house.files));
   house.dialogs->SetOwner(house.main.get());
   QObject::connect(house.main.get(), &Main::ended, qApp, [] { QCoreApplication::exit(0); });

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <ostream>
 
+#include "platform/program.h"
+
 namespace qublet {
 
 bool TakeOption(Arguments& arguments, const std::string& option) {
@@ -28,6 +30,20 @@ std::string PathFromArgument(const FileSystem& files, const std::string& argumen
   const bool drive_form =
       letter && argument.size() > 1 && argument[1] == ':' && (argument.size() == 2 || argument[2] == '\\');
   return drive_form ? argument : files.FromNative(argument);
+}
+
+std::string OwnFolder(const FileSystem& files) {
+  std::string folder;
+  ResumeNext([&] { folder = ProgramFolder(files); });
+  return folder;
+}
+
+bool OnlyPaths(CommandContext& context, const std::string& command) {
+  const std::string unknown = UnknownOption(context.arguments);
+  if (unknown.empty() && !context.arguments.empty()) return true;
+  Complain(context.err, command + (unknown.empty() ? ": a path is wanted" : ": unknown option " + unknown),
+           kWrongUse);
+  return false;
 }
 
 int Complain(std::ostream& err, const std::string& text, ExitCode code) {

@@ -32,6 +32,12 @@ std::string UnknownOption(Arguments& arguments);
 // there.
 std::string PathFromArgument(const FileSystem& files, const std::string& argument);
 
+// The folder for the program's own files; "" for a user who has no place for them.
+std::string OwnFolder(const FileSystem& files);
+
+// True when there is at least one path and no unknown option; wrong use is told.
+bool OnlyPaths(CommandContext& context, const std::string& command);
+
 // Prints "qublet: ..." to `err` and gives the exit code back.
 int Complain(std::ostream& err, const std::string& text, ExitCode code);
 

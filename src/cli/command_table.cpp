@@ -6,6 +6,9 @@
 
 #include "cli/list_command.h"
 #include "cli/name_command.h"
+#include "cli/play_command.h"
+#include "cli/player_command.h"
+#include "cli/properties_command.h"
 #include "cli/save_command.h"
 #include "cli/settings_command.h"
 #include "cli/tag_command.h"
@@ -26,6 +29,11 @@ constexpr std::array kCliCommands{
     CliCommand{"list", "list [--json] PATH...", "print the rows that files, folders and playlists give", ListCommand},
     CliCommand{"save", "save [--relative] [--replace] OUT PATH...", "write them into a playlist (.m3u or .m3u8)",
                SaveCommand},
+    CliCommand{"play", "play PATH...", "have them opened in the program that opens playlists", PlayCommand},
+    CliCommand{"player", "player [status | stop | jump SECONDS]", "ask or steer that program while it runs",
+               PlayerCommand},
+    CliCommand{"properties", "properties PATH...", "print counts, sizes and times of the whole list",
+               PropertiesCommand},
     CliCommand{"name", "name FORMAT PATH", "print the playlist name that a naming format gives for a path",
                NameCommand},
     CliCommand{"tag", "tag [--json | --title] [--set FIELD=TEXT]... [--remove v1|v2]... FILE...",

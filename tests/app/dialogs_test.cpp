@@ -44,6 +44,16 @@ TEST_F(DialogsTest, ShowTheTextAsItIsUnderTheProgramsTitle) {
   EXPECT_EQ(title, QStringLiteral("Title"));
 }
 
+TEST_F(DialogsTest, ShowEachLineOfAMessageOnItsOwn) {
+  QString text;
+  WhenOpen<QMessageBox>([&](QMessageBox& box) {
+    text = box.text();
+    box.accept();
+  });
+  dialogs.ShowMessage("first\rsecond", MessageIcon::kExclamation, MessageButtons::kOk);
+  EXPECT_EQ(text, QStringLiteral("first\nsecond"));
+}
+
 TEST_F(DialogsTest, TakeAClosedBoxForCancel) {
   WhenOpen<QMessageBox>([](QMessageBox& box) { box.reject(); });
   EXPECT_EQ(dialogs.ShowMessage("?", MessageIcon::kQuestion, MessageButtons::kYesNoCancel), MessageAnswer::kCancel);

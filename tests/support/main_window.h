@@ -10,6 +10,7 @@
 #include <string>
 
 #include "app/Main.h"
+#include "support/fake_player.h"
 #include "support/fake_settings_store.h"
 #include "support/fake_startup_entries.h"
 #include "support/scripted_dialogs.h"
@@ -37,6 +38,8 @@ class MainWindow {
   ScriptedShell shell;
   ScriptedRandom random;
   std::unique_ptr<Collation> collation = OpenCollation();
+  FakeAssociations associations;
+  FakePlayerWindows players;
   std::unique_ptr<Document> document;
   std::unique_ptr<AppSettings> settings;
   std::unique_ptr<Main> main;
@@ -82,7 +85,8 @@ class MainWindow {
     document = std::make_unique<Document>();
     settings = std::make_unique<AppSettings>();
     drives.WriteAt(drives.C() / "program" / "here", "");
-    const Main::Services services{*files, store, startup, dialogs, clock, shell, random, *collation};
+    const Main::Services services{*files, store,  startup,    dialogs,      clock,
+                                  shell,  random, *collation, associations, players};
     main = std::make_unique<Main>(*document, *settings, services, Session::Places{"QUBLET2021", "c:\\program"});
   }
 };

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/failure.h"
 #include "platform/shell.h"
 
 namespace qublet {
@@ -11,8 +12,14 @@ namespace qublet {
 class ScriptedShell : public Shell {
  public:
   std::vector<std::string> opened;
+  std::string folder;  // of the hand-over
+  bool refuses = false;
 
   void Open(const std::string& path) override { opened.push_back(path); }
+  std::string HandOverFolder() override {
+    if (refuses) throw Failure("no such folder");
+    return folder;
+  }
 };
 
 }  // namespace qublet

@@ -1,7 +1,10 @@
 #include "platform/linux/user_folders.h"
 
+#include <unistd.h>
+
 #include <cstdlib>
 #include <filesystem>
+#include <sstream>
 #include <system_error>
 
 #include "platform/failure.h"
@@ -17,6 +20,19 @@ std::string UserFolder(const char* variable, const char* in_home) {
   return home != nullptr && *home == '/' ? std::string(home) + in_home : "";
 }
 
+// `own` and the folders of a variable of the form "/a:/b".
+std::vector<std::string> SearchPath(const std::string& own, const char* variable, const char* otherwise) {
+  std::vector<std::string> folders;
+  if (!own.empty()) folders.push_back(own);
+  const char* list = std::getenv(variable);
+  std::istringstream pieces(list != nullptr && *list != '\0' ? list : otherwise);
+  for (std::string folder; std::getline(pieces, folder, ':');) {
+    while (folder.size() > 1 && folder.ends_with('/')) folder.pop_back();
+    if (folder.starts_with('/')) folders.push_back(folder);
+  }
+  return folders;
+}
+
 }  // namespace
 
 std::string ConfigFolder() {
@@ -25,6 +41,26 @@ std::string ConfigFolder() {
 
 std::string DataFolder() {
   return UserFolder("XDG_DATA_HOME", "/.local/share");
+}
+
+std::vector<std::string> ConfigFolders() {
+  return SearchPath(ConfigFolder(), "XDG_CONFIG_DIRS", "/etc/xdg");
+}
+
+std::vector<std::string> DataFolders() {
+  return SearchPath(DataFolder(), "XDG_DATA_DIRS", "/usr/local/share:/usr/share");
+}
+
+std::string TemporaryFolder() {
+  const char* runtime = std::getenv("XDG_RUNTIME_DIR");
+  if (runtime != nullptr && *runtime == '/' && access(runtime, W_OK | X_OK) == 0) {
+    const std::string folder = std::string(runtime) + "/velmora";
+    if (Guarded([&] { MakeFolders(folder); })) return folder;
+  }
+  const std::string cache = UserFolder("XDG_CACHE_HOME", "/.cache");
+  if (cache.empty()) throw Failure("this user has no home folder");
+  MakeFolders(cache + "/velmora");
+  return cache + "/velmora";
 }
 
 void MakeFolders(const std::string& native) {

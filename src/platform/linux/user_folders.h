@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace qublet {
 
@@ -11,6 +12,15 @@ std::string ConfigFolder();
 // Where programs keep what they make for this user: $XDG_DATA_HOME if it is an absolute path, else ~/.local/share; ""
 // for a user without a home folder. It need not exist.
 std::string DataFolder();
+
+// The same with the folders of the whole system behind, the ones that count more first: $XDG_CONFIG_DIRS, else
+// /etc/xdg; $XDG_DATA_DIRS, else /usr/local/share and /usr/share.
+std::vector<std::string> ConfigFolders();
+std::vector<std::string> DataFolders();
+
+// A folder of this program's own, made when missing, for files that are needed for a while: below $XDG_RUNTIME_DIR,
+// which is this user's alone, else below the user's cache. Throws Failure.
+std::string TemporaryFolder();
 
 // Makes a native folder and those above it where they are missing. Throws Failure.
 void MakeFolders(const std::string& native);

@@ -54,7 +54,9 @@ QString ExtensionOf(const QString& name_filter) {
 }  // namespace
 
 MessageAnswer QtDialogs::ShowMessage(const std::string& text, MessageIcon icon, MessageButtons buttons) {
-  QMessageBox box(IconFor(icon), title_, QString::fromStdString(text), ButtonsFor(buttons), owner_);
+  // Lines of a message end in CR, which the toolkit would draw as a blank.
+  const QString lines = QString::fromStdString(text).replace(u'\r', u'\n');
+  QMessageBox box(IconFor(icon), title_, lines, ButtonsFor(buttons), owner_);
   box.setTextFormat(Qt::PlainText);
   switch (box.exec()) {
     case QMessageBox::Yes:

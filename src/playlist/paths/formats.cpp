@@ -13,15 +13,6 @@ std::int64_t DividedRounded(std::int64_t amount, std::int64_t unit) {
   return amount / unit + (amount % unit >= unit - unit / 2 ? 1 : 0);
 }
 
-std::string Grouped(std::int64_t number, std::string_view separator) {
-  std::string text = std::to_string(number);
-  for (std::size_t at = text.size(); at > 3;) {
-    at -= 3;
-    text.insert(at, separator);
-  }
-  return text;
-}
-
 bool StaysInTagText(char c) {
   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == ' ';
 }
@@ -51,13 +42,22 @@ std::string UserThousandsSeparator() {
   return separator;
 }
 
+std::string GroupedNumber(std::int64_t number, std::string_view thousands_separator) {
+  std::string text = std::to_string(number);
+  for (std::size_t at = text.size(); at > 3;) {
+    at -= 3;
+    text.insert(at, thousands_separator);
+  }
+  return text;
+}
+
 std::string FormatSize(std::int64_t bytes, std::string_view thousands_separator) {
   constexpr std::int64_t kKilo = 1024;
   constexpr std::int64_t kMega = kKilo * kKilo;
   if (bytes == 0) return "0 Bytes";
-  if (bytes > 16 * kMega) return Grouped(DividedRounded(bytes, kMega), thousands_separator) + " Mb";
-  if (bytes > 16 * kKilo) return Grouped(DividedRounded(bytes, kKilo), thousands_separator) + " Kb";
-  if (bytes > 1) return Grouped(bytes, thousands_separator) + " Bytes";
+  if (bytes > 16 * kMega) return GroupedNumber(DividedRounded(bytes, kMega), thousands_separator) + " Mb";
+  if (bytes > 16 * kKilo) return GroupedNumber(DividedRounded(bytes, kKilo), thousands_separator) + " Kb";
+  if (bytes > 1) return GroupedNumber(bytes, thousands_separator) + " Bytes";
   return "";
 }
 

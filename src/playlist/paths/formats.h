@@ -19,6 +19,9 @@ bool FlagToBool(int value);
 // Asked once, at the start of the program.
 std::string UserThousandsSeparator();
 
+// "1,234,567"; for numbers of 0 and more.
+std::string GroupedNumber(std::int64_t number, std::string_view thousands_separator = ",");
+
 // "0 Bytes", "16,384 Bytes", "16 Kb" (above 16384), "16 Mb" (above 16777216); whole numbers, halves away from zero.
 // "" for 1 and for anything below 0.
 std::string FormatSize(std::int64_t bytes, std::string_view thousands_separator = ",");

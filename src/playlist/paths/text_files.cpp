@@ -53,10 +53,14 @@ bool ReadLinesFromFile(const FileSystem& files, Collection& lines, const std::st
   });
 }
 
-bool WriteLinesToFile(const FileSystem& files, const std::string& path, const Collection& lines) {
+std::string EncodeLines(const Collection& lines) {
   std::string text;
   for (const std::string& line : lines) text.append(line).append("\r\n");
-  return WriteTextFile(files, path, EncodeText(text));
+  return EncodeText(text);
+}
+
+bool WriteLinesToFile(const FileSystem& files, const std::string& path, const Collection& lines) {
+  return WriteTextFile(files, path, EncodeLines(lines));
 }
 
 bool WriteLinesToFileChecked(const FileSystem& files, const Collection& lines, const std::string& path) {

@@ -25,7 +25,9 @@ std::string_view TakeLine(std::string_view& text);
 // Appends every line of a file to `lines`, empty ones included. The bytes are UTF-8 or code page (see DecodeText).
 bool ReadLinesFromFile(const FileSystem& files, Collection& lines, const std::string& path);
 
-// Creates or replaces `path` with one line per item, CR LF at the end of each, encoded by EncodeText.
+// One line per item, CR LF at the end of each, encoded by EncodeText.
+std::string EncodeLines(const Collection& lines);
+// Creates or replaces `path` with them.
 bool WriteLinesToFile(const FileSystem& files, const std::string& path, const Collection& lines);
 bool WriteLinesToFileChecked(const FileSystem& files, const Collection& lines, const std::string& path);
 

@@ -144,6 +144,11 @@ void RowList::mousePressEvent(QMouseEvent* event) {
   QTreeView::mousePressEvent(event);
 }
 
+void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
+  QTreeView::mouseDoubleClickEvent(event);
+  if (event->button() == Qt::LeftButton) emit doubleClickedAnywhere();
+}
+
 void RowList::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Insert:

@@ -32,10 +32,13 @@ class RowList : public QTreeView {
   // Files dropped at a point of the viewport.
   void filesDropped(const QStringList& native_paths, QPoint point);
   void keyPressed(int key);
+  // By the left button, on a row or beside the rows.
+  void doubleClickedAnywhere();
 
  protected:
   QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dragMoveEvent(QDragMoveEvent* event) override;

@@ -1,0 +1,272 @@
+#include "platform/player_window.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include "platform/failure.h"
+#include "platform/linux/session_bus.h"
+
+namespace qublet {
+namespace {
+
+// Players by MPRIS 2 (specifications.freedesktop.org/mpris-spec). A handle is the unique name of a player's
+// connection: it dies with the player and never belongs to another.
+
+constexpr std::string_view kNames = "org.mpris.MediaPlayer2.";
+constexpr const char* kPath = "/org/mpris/MediaPlayer2";
+constexpr const char* kRoot = "org.mpris.MediaPlayer2";
+constexpr const char* kPlayer = "org.mpris.MediaPlayer2.Player";
+constexpr const char* kNoTrack = "/org/mpris/MediaPlayer2/TrackList/NoTrack";
+constexpr std::int64_t kLongest = std::int64_t{1} << 60;  // microseconds; nothing plays as long
+
+Deadline FromNow() {
+  return std::chrono::steady_clock::now() + std::chrono::milliseconds(kPlayerPatience);
+}
+
+BusMessage PlayerCall(const std::string& player, const char* method) {
+  return BusCall(player.c_str(), kPath, kPlayer, method);
+}
+
+BusMessage Property(const std::string& player, const char* interface, const char* name) {
+  BusMessage call = BusCall(player.c_str(), kPath, DBUS_INTERFACE_PROPERTIES, "Get");
+  dbus_message_append_args(call.get(), DBUS_TYPE_STRING, &interface, DBUS_TYPE_STRING, &name, DBUS_TYPE_INVALID);
+  return call;
+}
+
+BusMessage OwnerCall(const std::string& name) {
+  BusMessage call = BusCall(DBUS_SERVICE_DBUS, DBUS_PATH_DBUS, DBUS_INTERFACE_DBUS, "GetNameOwner");
+  const char* text = name.c_str();
+  dbus_message_append_args(call.get(), DBUS_TYPE_STRING, &text, DBUS_TYPE_INVALID);
+  return call;
+}
+
+// What stands inside the variant that answers for a property; no type when there is none.
+struct Value {
+  explicit Value(const BusMessage& answer) {
+    DBusMessageIter outer;
+    if (answer && dbus_message_iter_init(answer.get(), &outer) &&
+        dbus_message_iter_get_arg_type(&outer) == DBUS_TYPE_VARIANT) {
+      dbus_message_iter_recurse(&outer, &place);
+      type = dbus_message_iter_get_arg_type(&place);
+    }
+  }
+
+  DBusMessageIter place{};
+  int type = DBUS_TYPE_INVALID;
+};
+
+std::string TextAt(DBusMessageIter& place) {
+  const int type = dbus_message_iter_get_arg_type(&place);
+  if (type != DBUS_TYPE_STRING && type != DBUS_TYPE_OBJECT_PATH) return "";
+  const char* text = nullptr;
+  dbus_message_iter_get_basic(&place, &text);
+  return text;
+}
+
+std::string TextOf(const BusMessage& answer) {
+  Value value(answer);
+  return value.type == DBUS_TYPE_INVALID ? "" : TextAt(value.place);
+}
+
+// Players are not at one about the type of a position.
+std::optional<std::int64_t> NumberOf(const BusMessage& answer) {
+  Value value(answer);
+  DBusBasicValue number{};
+  if (!dbus_type_is_basic(value.type) || value.type == DBUS_TYPE_UNIX_FD) return std::nullopt;
+  dbus_message_iter_get_basic(&value.place, &number);
+  switch (value.type) {
+    case DBUS_TYPE_INT64:
+      return number.i64;
+    case DBUS_TYPE_UINT64:
+      return static_cast<std::int64_t>(std::min<dbus_uint64_t>(number.u64, std::numeric_limits<std::int64_t>::max()));
+    case DBUS_TYPE_INT32:
+      return number.i32;
+    case DBUS_TYPE_UINT32:
+      return number.u32;
+    default:
+      return std::nullopt;
+  }
+}
+
+// "mpris:trackid" of an answer for Metadata, "" when the player doesn't name its track.
+std::string TrackOf(const BusMessage& answer) {
+  Value value(answer);
+  if (value.type != DBUS_TYPE_ARRAY) return "";
+  DBusMessageIter entry;
+  dbus_message_iter_recurse(&value.place, &entry);
+  for (; dbus_message_iter_get_arg_type(&entry) == DBUS_TYPE_DICT_ENTRY; dbus_message_iter_next(&entry)) {
+    DBusMessageIter field, content;
+    dbus_message_iter_recurse(&entry, &field);
+    if (TextAt(field) != "mpris:trackid") continue;
+    dbus_message_iter_next(&field);
+    if (dbus_message_iter_get_arg_type(&field) != DBUS_TYPE_VARIANT) return "";
+    dbus_message_iter_recurse(&field, &content);
+    const std::string track = TextAt(content);
+    return dbus_validate_path(track.c_str(), nullptr) ? track : "";
+  }
+  return "";
+}
+
+PlayingState StateFrom(const std::string& status) {
+  return status == "Playing" ? kPlaying : status == "Paused" ? kPaused : kStopped;
+}
+
+// ":1.42" comes later than ":1.7".
+std::vector<unsigned long> Age(std::string_view unique_name) {
+  std::vector<unsigned long> numbers;
+  while (!unique_name.empty()) {
+    unique_name.remove_prefix(1);
+    unsigned long number = 0;
+    const char* end = unique_name.data() + unique_name.size();
+    std::from_chars(unique_name.data(), end, number);
+    numbers.push_back(number);
+    const std::size_t next = unique_name.find('.');
+    unique_name.remove_prefix(next == unique_name.npos ? unique_name.size() : next);
+  }
+  return numbers;
+}
+
+class BusPlayers : public PlayerWindows {
+ public:
+  PlayerHandle Find(const AssociatedProgram& program) override {
+    PlayerHandle player;
+    if (program.id.empty()) return player;
+    ResumeNext([&] {
+      const Deadline deadline = FromNow();
+      // Half the time is kept for the choice: who doesn't answer may be no player of ours.
+      player = Best(Candidates(program.id, deadline - std::chrono::milliseconds(kPlayerPatience / 2)), deadline);
+    });
+    return player;
+  }
+
+  void Stop(const PlayerHandle& player) override {
+    if (!player.empty()) ResumeNext([&] { bus_.Ask(PlayerCall(player, "Stop"), FromNow()); });
+  }
+
+  PlayingState State(const PlayerHandle& player) override {
+    PlayingState state = kStopped;
+    if (player.empty()) return state;
+    ResumeNext([&] { state = StateFrom(TextOf(bus_.Ask(Property(player, kPlayer, "PlaybackStatus"), FromNow()))); });
+    return state;
+  }
+
+  std::int32_t Position(const PlayerHandle& player) override {
+    std::int32_t position = -1;
+    if (player.empty()) return position;
+    ResumeNext([&] {
+      std::vector<BusMessage> calls;
+      calls.push_back(Property(player, kPlayer, "PlaybackStatus"));
+      calls.push_back(Property(player, kPlayer, "Position"));
+      const std::vector<BusMessage> answers = bus_.Ask(calls, FromNow());
+      const std::optional<std::int64_t> microseconds = NumberOf(answers[1]);
+      if (StateFrom(TextOf(answers[0])) == kStopped || !microseconds) return;
+      // At the start of a track some are a little before it, which is no reason to call them stopped.
+      position = static_cast<std::int32_t>(
+          std::clamp<std::int64_t>(*microseconds / 1000, 0, std::numeric_limits<std::int32_t>::max()));
+    });
+    return position;
+  }
+
+  void Jump(const PlayerHandle& player, std::int32_t milliseconds) override {
+    if (!player.empty()) ResumeNext([&] { JumpTo(player, std::int64_t{milliseconds} * 1000, FromNow()); });
+  }
+
+ private:
+  // A jump is for the track that is named with it, so the name is asked for each time. A player that names none can
+  // still be moved from where it is.
+  void JumpTo(const PlayerHandle& player, dbus_int64_t target, Deadline deadline) {
+    std::vector<BusMessage> calls;
+    calls.push_back(Property(player, kPlayer, "Metadata"));
+    calls.push_back(Property(player, kPlayer, "Position"));
+    const std::vector<BusMessage> answers = bus_.Ask(calls, deadline);
+    const std::string track = TrackOf(answers[0]);
+    if (track == kNoTrack) return;
+    if (!track.empty()) {
+      BusMessage call = PlayerCall(player, "SetPosition");
+      const char* id = track.c_str();
+      dbus_message_append_args(call.get(), DBUS_TYPE_OBJECT_PATH, &id, DBUS_TYPE_INT64, &target, DBUS_TYPE_INVALID);
+      bus_.Ask(std::move(call), deadline);
+    } else if (const std::optional<std::int64_t> present = NumberOf(answers[1])) {
+      BusMessage call = PlayerCall(player, "Seek");
+      const dbus_int64_t offset = target - std::clamp<std::int64_t>(*present, 0, kLongest);
+      dbus_message_append_args(call.get(), DBUS_TYPE_INT64, &offset, DBUS_TYPE_INVALID);
+      bus_.Ask(std::move(call), deadline);
+    }
+  }
+
+  std::vector<std::string> PlayerNames(Deadline deadline) {
+    const BusMessage answer =
+        bus_.Ask(BusCall(DBUS_SERVICE_DBUS, DBUS_PATH_DBUS, DBUS_INTERFACE_DBUS, "ListNames"), deadline);
+    std::vector<std::string> names;
+    DBusMessageIter list, place;
+    if (!answer || !dbus_message_has_signature(answer.get(), "as")) return names;
+    dbus_message_iter_init(answer.get(), &list);
+    dbus_message_iter_recurse(&list, &place);
+    for (; dbus_message_iter_get_arg_type(&place) == DBUS_TYPE_STRING; dbus_message_iter_next(&place)) {
+      if (std::string name = TextAt(place); name.starts_with(kNames)) names.push_back(std::move(name));
+    }
+    return names;
+  }
+
+  // The names of the program's instances. Only if none of them bears its id are all players asked what they are.
+  std::vector<std::string> Candidates(const std::string& id, Deadline deadline) {
+    const std::vector<std::string> names = PlayerNames(deadline);
+    std::vector<std::string> candidates;
+    for (const std::string& name : names) {
+      const std::string_view part = std::string_view(name).substr(kNames.size());
+      if (part.substr(0, part.find(".instance")) == id) candidates.push_back(name);
+    }
+    if (!candidates.empty()) return candidates;
+
+    std::vector<BusMessage> calls;
+    for (const std::string& name : names) calls.push_back(Property(name, kRoot, "DesktopEntry"));
+    const std::vector<BusMessage> answers = bus_.Ask(calls, deadline);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+      if (TextOf(answers[i]) == id) candidates.push_back(names[i]);
+    }
+    return candidates;
+  }
+
+  // The unique name of the one that plays, else of the newest; one that doesn't answer comes last.
+  PlayerHandle Best(const std::vector<std::string>& candidates, Deadline deadline) {
+    const std::size_t count = candidates.size();
+    std::vector<BusMessage> calls;
+    for (const std::string& name : candidates) calls.push_back(OwnerCall(name));
+    // Nothing is to be chosen of one.
+    for (std::size_t i = 0; i < count && count > 1; ++i)
+      calls.push_back(Property(candidates[i], kPlayer, "PlaybackStatus"));
+    const std::vector<BusMessage> answers = bus_.Ask(calls, deadline);
+
+    using Rank = std::tuple<bool, bool, std::vector<unsigned long>>;
+    std::optional<Rank> highest;
+    PlayerHandle best;
+    for (std::size_t i = 0; i < count; ++i) {
+      DBusMessageIter place;
+      if (!answers[i] || !dbus_message_iter_init(answers[i].get(), &place)) continue;
+      const std::string owner = TextAt(place);
+      const std::string status = count > 1 ? TextOf(answers[count + i]) : "";
+      Rank rank{status == "Playing", !status.empty(), Age(owner)};
+      if (highest && rank < *highest) continue;
+      highest = std::move(rank);
+      best = owner;
+    }
+    return best;
+  }
+
+  SessionBus bus_;
+};
+
+}  // namespace
+
+std::unique_ptr<PlayerWindows> OpenPlayerWindows() {
+  return std::make_unique<BusPlayers>();
+}
+
+}  // namespace qublet

@@ -1,0 +1,97 @@
+#include "platform/shell.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <string>
+#include <vector>
+
+#include "platform/linux/handlers.h"
+#include "platform/linux/user_folders.h"
+
+extern char** environ;
+
+namespace qublet {
+namespace {
+
+// How a program starts: in a session of its own, with nothing to read and nobody to talk to, all signals as usual.
+class StartConditions {
+ public:
+  StartConditions() {
+    posix_spawnattr_init(&attributes_);
+    posix_spawn_file_actions_init(&actions_);
+    sigset_t none, all;
+    sigemptyset(&none);
+    sigfillset(&all);
+    posix_spawnattr_setsigmask(&attributes_, &none);
+    posix_spawnattr_setsigdefault(&attributes_, &all);
+    posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+    for (const int number : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+      posix_spawn_file_actions_addopen(&actions_, number, "/dev/null", O_RDWR, 0);
+  }
+  ~StartConditions() {
+    posix_spawn_file_actions_destroy(&actions_);
+    posix_spawnattr_destroy(&attributes_);
+  }
+  StartConditions(const StartConditions&) = delete;
+  StartConditions& operator=(const StartConditions&) = delete;
+
+  // Number of the new process, 0 when it can't be started.
+  pid_t Start(const std::vector<std::string>& command) const {
+    std::vector<char*> words;
+    for (const std::string& word : command) words.push_back(const_cast<char*>(word.c_str()));
+    words.push_back(nullptr);
+    pid_t process = 0;
+    return posix_spawnp(&process, words[0], &actions_, &attributes_, words.data(), environ) == 0 ? process : 0;
+  }
+
+ private:
+  posix_spawnattr_t attributes_{};
+  posix_spawn_file_actions_t actions_{};
+};
+
+class DesktopShell : public Shell {
+ public:
+  explicit DesktopShell(const FileSystem& files) : files_(files) {}
+
+  void Open(const std::string& path) override {
+    ResumeNext([&] {
+      const std::vector<std::string> command = CommandFor(path, files_.ToNative(path));
+      if (!command.empty()) Start(command);
+    });
+  }
+
+  std::string HandOverFolder() override { return files_.FromNative(TemporaryFolder()); }
+
+ private:
+  // Kinds that we know are opened by their own program or not at all: the system's opener would have a text editor
+  // show a playlist.
+  static std::vector<std::string> CommandFor(const std::string& path, const std::string& native) {
+    const std::vector<std::string> types = TypesOf(path);
+    if (types.empty()) return {"xdg-open", native};
+    const std::optional<DesktopEntry> handler = FindHandler(types);
+    if (!handler) return {};
+    if (handler->in_terminal) return {"xdg-open", native};
+    return handler->CommandLine(native);
+  }
+
+  void Start(const std::vector<std::string>& command) {
+    // Those that have ended meanwhile are let go of here.
+    std::erase_if(running_, [](pid_t process) { return waitpid(process, nullptr, WNOHANG) != 0; });
+    if (const pid_t process = StartConditions().Start(command); process != 0) running_.push_back(process);
+  }
+
+  const FileSystem& files_;
+  std::vector<pid_t> running_;
+};
+
+}  // namespace
+
+std::unique_ptr<Shell> OpenShell(const FileSystem& files) {
+  return std::make_unique<DesktopShell>(files);
+}
+
+}  // namespace qublet

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/associations.h"
+
+namespace qublet {
+
+// A running player, by this system's own name for it; "" is none. Messages to one that has ended do nothing.
+using PlayerHandle = std::string;
+
+enum PlayingState : std::int32_t { kStopped = 0, kPlaying = 1, kPaused = 3 };
+
+// Live control of a running player. Every call comes back within a second (kPlayerPatience) whatever the player does;
+// one that doesn't answer is as good as stopped. Nothing here throws. One thread at a time.
+class PlayerWindows {
+ public:
+  virtual ~PlayerWindows() = default;
+
+  // The player that runs, "" if none does. Where the system can't know a player by its window, it is `program` and no
+  // other; among its instances the one that plays, else the one started last.
+  virtual PlayerHandle Find(const AssociatedProgram& program) = 0;
+
+  virtual void Stop(const PlayerHandle& player) = 0;
+  virtual PlayingState State(const PlayerHandle& player) = 0;
+  // Where it plays, in milliseconds; -1 when it is stopped or doesn't say.
+  virtual std::int32_t Position(const PlayerHandle& player) = 0;
+  // Goes on from there, playing or paused as it was.
+  virtual void Jump(const PlayerHandle& player, std::int32_t milliseconds) = 0;
+};
+
+inline constexpr int kPlayerPatience = 1000;  // milliseconds
+
+// The players of this user's session.
+std::unique_ptr<PlayerWindows> OpenPlayerWindows();
+
+}  // namespace qublet

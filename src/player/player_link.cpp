@@ -1,0 +1,33 @@
+#include "player/player_link.h"
+
+#include "playlist/paths/file_details.h"
+#include "playlist/paths/path_text.h"
+#include "playlist/paths/text.h"
+#include "playlist/paths/text_files.h"
+
+namespace qublet {
+
+std::string TempPlaylist(const std::string& program_folder) {
+  return program_folder + "\\tmp.m3u";
+}
+
+bool PlayerLink::DetectPlayer() {
+  bool found = false;
+  ResumeNext([&] {
+    const std::string path = TempPlaylist(program_folder_);
+    if (!FileExists(services_.files, path)) WriteLinesToFile(services_.files, path, {"#"});
+    const AssociatedProgram associated = services_.associations.ProgramFor(path);
+    const std::string program = LowerCase(associated.path);
+    const bool by_path = Contains(program, "studio") || Contains(program, "winamp");
+    if (by_path && document_.WinampBookmarkFile.empty())
+      document_.WinampBookmarkFile = GetFolderPath(program) + "winamp.bm";
+    found = by_path || associated.player;
+  });
+  return found;
+}
+
+PlayerHandle PlayerLink::FindPlayerWindow() {
+  return services_.windows.Find(services_.associations.ProgramFor(TempPlaylist(program_folder_)));
+}
+
+}  // namespace qublet

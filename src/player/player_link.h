@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "platform/associations.h"
+#include "platform/player_window.h"
+#include "playlist/document.h"
+
+namespace qublet {
+
+// "tmp.m3u" in the program folder: what is to be played next, and the file that other programs are handed.
+std::string TempPlaylist(const std::string& program_folder);
+
+// What the program knows of the player that runs beside it. The player is the program that opens playlists.
+class PlayerLink {
+ public:
+  struct Services {
+    FileSystem& files;
+    const Associations& associations;
+    PlayerWindows& windows;
+  };
+
+  PlayerLink(Document& document, Services services, std::string program_folder)
+      : document_(document), services_(services), program_folder_(std::move(program_folder)) {}
+
+  bool PlayerAssociated = false;  // set once, at the start of the program
+  PlayerHandle PlayerWindow;      // what FindPlayerWindow last gave
+
+  // Whether the program that opens playlists is a player that we can work beside: by its path ("studio" or "winamp"
+  // anywhere in it, in any case), which also says where its bookmark file is, or by what the system knows of it.
+  // Makes "tmp.m3u" when it is missing, so that there is a file to ask about.
+  bool DetectPlayer();
+
+  // The player if it runs, "" if not.
+  PlayerHandle FindPlayerWindow();
+
+ private:
+  Document& document_;
+  Services services_;
+  std::string program_folder_;
+};
+
+}  // namespace qublet

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <utility>
+
+#include "platform/dialogs.h"
+#include "platform/shell.h"
+#include "playlist/items.h"
+
+namespace qublet {
+
+// What is played.
+enum PreviewMode : std::int16_t {
+  kPlayList = 0,      // all rows
+  kPlaySelected = 1,  // the selected rows
+  kPlayFolder = 2,    // all audio files of the selected rows' folders
+  kPlayFrom = 3,      // the rows from the first selected one to the end
+};
+
+// Plays rows of the list in whatever program opens playlists.
+class Preview {
+ public:
+  struct Services {
+    FileSystem& files;
+    Shell& shell;
+    Dialogs& dialogs;
+    Feedback& feedback;
+  };
+
+  Preview(Document& document, Items& items, Services services, std::string program_folder)
+      : document_(document), items_(items), services_(services), program_folder_(std::move(program_folder)) {}
+
+  // Writes the files of that mode, those that are there, to "tmp.m3u" and has it opened. Where players don't read the
+  // program's own form they are handed its twin, "tmp.m3u8" in the hand-over folder. When a playlist can't be written
+  // the files are opened one by one. With no row selected `mode` becomes kPlayList. A message says when no file is
+  // there; an empty list does nothing.
+  void PrevM3U(std::int16_t& mode);
+
+ private:
+  struct Selection;
+  Selection Selected(bool folders) const;
+  void FillFileArray(std::int16_t mode, const Selection& selection);
+  void HandOver();
+  std::string WritePlaylist();
+
+  Document& document_;
+  Items& items_;
+  Services services_;
+  std::string program_folder_;
+};
+
+}  // namespace qublet

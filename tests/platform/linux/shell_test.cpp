@@ -1,0 +1,84 @@
+#include "platform/shell.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <thread>
+
+#include "support/temporary_desktop.h"
+
+namespace qublet {
+namespace {
+
+class ShellTest : public testing::Test {
+ protected:
+  // A program that notes its arguments, one a line, and then the end.
+  void AddLogger(const std::string& name) const {
+    desktop_.AddProgram(name, "{ for word; do echo \"$word\"; done; echo end; } >'" + Log().string() + "'\n");
+  }
+  std::filesystem::path Log() const { return desktop_.Drives().Root() / "log"; }
+
+  // What was noted; "" after a time in which any program would have come.
+  std::string Noted() const {
+    for (int tenths = 0; tenths < 50; ++tenths) {
+      const std::string text = TemporaryDrives::ReadAt(Log());
+      if (text.ends_with("end\n")) return text;
+      std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    }
+    return "";
+  }
+  bool NothingComes() const {
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    return !std::filesystem::exists(Log());
+  }
+
+  TemporaryDesktop desktop_;
+  std::unique_ptr<FileSystem> files_ = OpenFileSystem();
+  std::unique_ptr<Shell> shell_ = OpenShell(*files_);
+};
+
+TEST_F(ShellTest, OpensAPlaylistInItsOwnProgram) {
+  AddLogger("play");
+  TemporaryDesktop::AddEntry(desktop_.Data(), "play", "Exec=play -- %U\nMimeType=audio/x-mpegurl;\n");
+  shell_->Open("c:\\a b & c.m3u8");
+  EXPECT_EQ(Noted(), "--\n" + (desktop_.Drives().C() / "a b & c.m3u8").string() + "\nend\n");
+}
+
+TEST_F(ShellTest, DoesNothingForAPlaylistThatNobodyOwns) {
+  AddLogger("xdg-open");
+  shell_->Open("c:\\a.m3u");
+  shell_->Open("c:\\a.mp3");
+  EXPECT_TRUE(NothingComes());
+}
+
+TEST_F(ShellTest, LeavesOtherFilesFoldersAndProgramsInATerminalToTheSystem) {
+  AddLogger("xdg-open");
+  shell_->Open("c:\\folder");
+  EXPECT_EQ(Noted(), (desktop_.Drives().C() / "folder").string() + "\nend\n");
+  std::filesystem::remove(Log());
+  desktop_.AddProgram("play");
+  TemporaryDesktop::AddEntry(desktop_.Data(), "play", "Exec=play\nTerminal=true\nMimeType=audio/x-mpegurl;\n");
+  shell_->Open("c:\\a.m3u");
+  EXPECT_EQ(Noted(), (desktop_.Drives().C() / "a.m3u").string() + "\nend\n");
+}
+
+TEST_F(ShellTest, MindsNeitherAMissingOpenerNorAMissingDrive) {
+  shell_->Open("c:\\folder");
+  shell_->Open("q:\\a.m3u");
+  shell_->Open("");
+  EXPECT_TRUE(NothingComes());
+}
+
+TEST_F(ShellTest, HandsPlaylistsOverInTheUsersRuntimeFolder) {
+  EXPECT_EQ(files_->ToNative(shell_->HandOverFolder()), (desktop_.Runtime() / "velmora").string());
+  EXPECT_TRUE(std::filesystem::is_directory(desktop_.Runtime() / "velmora"));
+}
+
+TEST_F(ShellTest, HandsThemOverInTheCacheWithoutARuntimeFolder) {
+  const Variable runtime("XDG_RUNTIME_DIR", (desktop_.Drives().Root() / "none").string());
+  const Variable cache("XDG_CACHE_HOME", (desktop_.Drives().Root() / "cache").string());
+  EXPECT_EQ(files_->ToNative(shell_->HandOverFolder()), (desktop_.Drives().Root() / "cache/velmora").string());
+}
+
+}  // namespace
+}  // namespace qublet

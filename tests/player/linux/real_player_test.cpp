@@ -1,0 +1,250 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "player/player_link.h"
+#include "player/preview.h"
+#include "support/private_bus.h"
+#include "support/scripted_dialogs.h"
+
+namespace qublet {
+namespace {
+
+// Of mono samples of one byte, 8000 a second.
+std::string WavOf(double seconds) {
+  const auto count = static_cast<std::uint32_t>(std::lround(seconds * 8000));
+  const auto number = [](std::uint32_t value, int bytes) {
+    std::string text;
+    for (int i = 0; i < bytes; ++i) text += static_cast<char>(value >> (8 * i) & 0xFF);
+    return text;
+  };
+  return "RIFF" + number(36 + count, 4) + "WAVEfmt " + number(16, 4) + number(1, 2) + number(1, 2) + number(8000, 4) +
+         number(8000, 4) + number(1, 2) + number(8, 2) + "data" + number(count, 4) + std::string(count, '\x80');
+}
+
+// The whole way with a real player on a bus of its own: rows, temporary playlist, association, start, steering.
+class RealPlayer : public testing::Test {
+ protected:
+  RealPlayer() {
+    const std::string root = Root().string();
+    // Wherever it runs it says what it plays, and its number, so that it can be ended here.
+    desktop_.AddProgram("mpv", "echo $$ >>'" + root + "/numbers'\nexport HOME='" + root + "'\nexec " +
+                                   QUBLET_REAL_PLAYER " --no-terminal --ao=null --no-video --log-file='" + root +
+                                   "/log'.$$ \"$@\"\n");
+    InstallAs("--idle=yes");
+    std::filesystem::create_directories(Root() / "c/program");
+  }
+
+  ~RealPlayer() override {
+    for (const pid_t number : Numbers()) kill(number, SIGKILL);
+  }
+
+  std::filesystem::path Root() const { return desktop_.Drives().Root(); }
+
+  void InstallAs(const std::string& options) const {
+    TemporaryDesktop::AddEntry(desktop_.Data(), "mpv",
+                               "Exec=mpv " + options + " -- %U\nCategories=AudioVideo;Audio;Player;\n" +
+                                   "MimeType=audio/x-mpegurl;audio/mpegurl;audio/x-wav;\n");
+  }
+
+  // The players started so far, oldest first.
+  std::vector<pid_t> Numbers() const {
+    std::vector<pid_t> numbers;
+    std::istringstream lines(TemporaryDrives::ReadAt(Root() / "numbers"));
+    for (pid_t number = 0; lines >> number;) numbers.push_back(number);
+    return numbers;
+  }
+
+  // What the player with that place has played, in order.
+  std::vector<std::string> Played(std::size_t place = 0) const {
+    std::vector<std::string> played;
+    const std::vector<pid_t> numbers = Numbers();
+    if (place >= numbers.size()) return played;
+    std::istringstream lines(TemporaryDrives::ReadAt(Root() / ("log." + std::to_string(numbers[place]))));
+    for (std::string line; std::getline(lines, line);) {
+      const std::size_t at = line.find("[cplayer] Playing: ");
+      // The list itself comes first.
+      if (at != line.npos && !line.ends_with(".m3u8")) played.push_back(line.substr(at + 19));
+    }
+    return played;
+  }
+
+  // Makes a file and its row.
+  void Add(const std::string& path, double seconds, bool selected = false) {
+    TemporaryDrives::WriteAt(files_->ToNative(path), WavOf(seconds));
+    EXPECT_TRUE(items_.AddFile(path, 0, 0));
+    document_.ListView1.SetSelected(document_.ListView1.Count(), selected);
+  }
+
+  void Play(std::int16_t mode) {
+    preview_.PrevM3U(mode);
+    EXPECT_TRUE(dialogs_.messages.empty());
+  }
+
+  std::vector<std::string> Native(const std::vector<std::string>& paths) const {
+    std::vector<std::string> native;
+    for (const std::string& path : paths) native.push_back(files_->ToNative(path));
+    return native;
+  }
+
+  // The player's end of the list shows by its having played as many.
+  void ExpectPlayed(const std::vector<std::string>& paths, std::size_t place = 0) {
+    Eventually([&] { return Played(place).size() >= paths.size() && Idle(); });
+    EXPECT_EQ(Played(place), Native(paths));
+  }
+  bool Idle() {
+    const PlayerHandle player = link_.FindPlayerWindow();
+    return !player.empty() && players_->State(player) == kStopped;
+  }
+
+  PlayerHandle WaitForPlaying() {
+    PlayerHandle player;
+    EXPECT_TRUE(Eventually([&] {
+      player = link_.FindPlayerWindow();
+      return !player.empty() && players_->State(player) == kPlaying && players_->Position(player) > 0;
+    }));
+    return player;
+  }
+
+  TemporaryDesktop desktop_;
+  PrivateBus bus_{desktop_};
+  std::unique_ptr<FileSystem> files_ = OpenFileSystem();
+  std::unique_ptr<Shell> shell_ = OpenShell(*files_);
+  std::unique_ptr<Associations> associations_ = OpenAssociations(*files_);
+  std::unique_ptr<PlayerWindows> players_ = OpenPlayerWindows();
+  Document document_;
+  Feedback feedback_;
+  MainView view_;
+  ScriptedDialogs dialogs_;
+  Items items_{document_, *files_, feedback_, view_, ","};
+  PlayerLink link_{document_, {*files_, *associations_, *players_}, "c:\\program"};
+  Preview preview_{document_, items_, {*files_, *shell_, dialogs_, feedback_}, "c:\\program"};
+};
+
+TEST_F(RealPlayer, IsKnownByItsEntry) {
+  EXPECT_TRUE(link_.DetectPlayer());
+  EXPECT_EQ(document_.WinampBookmarkFile, "");
+  EXPECT_EQ(associations_->FindAssociatedProgram("c:\\program\\tmp.m3u"),
+            files_->FromNative((desktop_.Programs() / "mpv").string()));
+}
+
+TEST_F(RealPlayer, PlaysTheListInItsOrder) {
+  Add("c:\\m\\b \u0414\u0430 #1.wav", 0.2);
+  Add("d:\\a & 100%.wav", 0.2);
+  Add("c:\\m\\b \u0414\u0430 #1.wav", 0.2);
+  Play(kPlayList);
+  ExpectPlayed({"c:\\m\\b \u0414\u0430 #1.wav", "d:\\a & 100%.wav", "c:\\m\\b \u0414\u0430 #1.wav"});
+}
+
+TEST_F(RealPlayer, PlaysTheSelectedRows) {
+  Add("c:\\3.wav", 0.2, true);
+  Add("c:\\2.wav", 0.2);
+  Add("c:\\1.wav", 0.2, true);
+  Play(kPlaySelected);
+  ExpectPlayed({"c:\\3.wav", "c:\\1.wav"});
+}
+
+TEST_F(RealPlayer, PlaysTheFoldersOfTheSelectedRows) {
+  Add("c:\\z\\2.wav", 0.2, true);
+  Add("c:\\a\\1.wav", 0.2, true);
+  Add("c:\\m\\5.wav", 0.2);
+  TemporaryDrives::WriteAt(Root() / "c/z/not listed.wav", WavOf(0.2));
+  Play(kPlayFolder);
+  ExpectPlayed({"c:\\z\\2.wav", "c:\\z\\not listed.wav", "c:\\a\\1.wav"});
+}
+
+TEST_F(RealPlayer, PlaysFromTheFirstSelectedRow) {
+  Add("c:\\4.wav", 0.2);
+  Add("c:\\3.wav", 0.2, true);
+  Add("c:\\2.wav", 0.2);
+  Add("c:\\1.wav", 0.2, true);
+  Play(kPlayFrom);
+  ExpectPlayed({"c:\\3.wav", "c:\\2.wav", "c:\\1.wav"});
+}
+
+TEST_F(RealPlayer, TellsItsStateAndPositionJumpsAndStops) {
+  Add("c:\\long.wav", 100);
+  Play(kPlayList);
+  const PlayerHandle player = WaitForPlaying();
+
+  players_->Jump(player, 60000);
+  EXPECT_TRUE(Eventually([&] { return players_->Position(player) >= 60000 - 500; }));
+  EXPECT_LE(players_->Position(player), 60000 + 500);
+  players_->Jump(player, 5000);
+  EXPECT_TRUE(Eventually([&] { return players_->Position(player) <= 5000 + 500; }));
+  EXPECT_GE(players_->Position(player), 5000 - 500);
+  EXPECT_EQ(players_->State(player), kPlaying);
+
+  players_->Stop(player);
+  EXPECT_TRUE(Eventually([&] { return players_->State(player) == kStopped; }));
+  EXPECT_EQ(players_->Position(player), -1);
+}
+
+TEST_F(RealPlayer, JumpsInTheTrackThatPlaysNowAlsoBehindTheFirst) {
+  Add("c:\\short.wav", 0.2);
+  Add("c:\\long.wav", 100);
+  Play(kPlayList);
+  const PlayerHandle player = WaitForPlaying();
+  EXPECT_TRUE(Eventually([&] { return Played().size() == 2 && players_->Position(player) > 0; }));
+  players_->Jump(player, 30000);
+  EXPECT_TRUE(Eventually([&] { return players_->Position(player) >= 30000 - 500; }));
+  EXPECT_LE(players_->Position(player), 30000 + 500);
+}
+
+TEST_F(RealPlayer, EndsWithAStopWhereItIsSetUpSo) {
+  InstallAs("");
+  Add("c:\\long.wav", 100);
+  Play(kPlayList);
+  const PlayerHandle player = WaitForPlaying();
+  players_->Stop(player);
+  EXPECT_TRUE(Eventually([&] { return link_.FindPlayerWindow().empty(); }));
+  EXPECT_EQ(players_->State(player), kStopped);
+  EXPECT_EQ(players_->Position(player), -1);
+  players_->Jump(player, 1000);
+}
+
+TEST_F(RealPlayer, IsTheInstanceThatPlays) {
+  Add("c:\\long.wav", 100);
+  Play(kPlayList);
+  const PlayerHandle first = WaitForPlaying();
+  players_->Stop(first);
+  EXPECT_TRUE(Eventually([&] { return players_->State(first) == kStopped; }));
+  Play(kPlayList);
+  const PlayerHandle second = WaitForPlaying();
+  EXPECT_NE(second, first);
+  EXPECT_EQ(Numbers().size(), 2U);
+
+  // Without one that plays it is the newest.
+  players_->Stop(second);
+  EXPECT_TRUE(Eventually([&] { return players_->State(second) == kStopped; }));
+  EXPECT_EQ(link_.FindPlayerWindow(), second);
+}
+
+TEST_F(RealPlayer, MayQuitInBetween) {
+  Add("c:\\long.wav", 100);
+  Play(kPlayList);
+  const PlayerHandle player = WaitForPlaying();
+  kill(Numbers().at(0), SIGTERM);
+  EXPECT_TRUE(Eventually([&] { return link_.FindPlayerWindow().empty(); }));
+  EXPECT_EQ(players_->State(player), kStopped);
+  EXPECT_EQ(players_->Position(player), -1);
+  players_->Jump(player, 1000);
+  players_->Stop(player);
+  Play(kPlayList);
+  EXPECT_NE(WaitForPlaying(), player);
+}
+
+TEST_F(RealPlayer, CostsASecondWhenItHangs) {
+  Add("c:\\long.wav", 100);
+  Play(kPlayList);
+  const PlayerHandle player = WaitForPlaying();
+  kill(Numbers().at(0), SIGSTOP);
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_EQ(players_->State(player), kStopped);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(kPlayerPatience + 500));
+  kill(Numbers().at(0), SIGCONT);
+  EXPECT_TRUE(Eventually([&] { return players_->State(player) == kPlaying; }));
+}
+
+}  // namespace
+}  // namespace qublet
