@@ -7,6 +7,7 @@
 #include "cli/properties_command.h"
 #include "support/fake_player.h"
 #include "support/fake_settings_store.h"
+#include "support/scripted_shell.h"
 #include "support/temporary_drives.h"
 
 namespace qublet {
@@ -42,7 +43,7 @@ class PlayerCommandsTest : public testing::Test {
   TemporaryDrives drives_;
   std::unique_ptr<FileSystem> files_ = OpenFileSystem();
   FakeSettingsStore store_;
-  FakeShell shell_;
+  ScriptedShell shell_;
   FakeAssociations associations_;
   FakePlayerWindows players_;
   std::ostringstream out_, err_;

@@ -5,6 +5,7 @@
 #include "support/fake_player.h"
 #include "support/recorders.h"
 #include "support/scripted_dialogs.h"
+#include "support/scripted_shell.h"
 #include "support/temporary_drives.h"
 
 namespace qublet {
@@ -47,7 +48,7 @@ class PreviewTest : public testing::Test {
   RecordingFeedback feedback_;
   MainView view_;
   Items items_{document_, *files_, feedback_, view_, ","};
-  FakeShell shell_;
+  ScriptedShell shell_;
   ScriptedDialogs dialogs_;
   Preview preview_{document_, items_, {*files_, shell_, dialogs_, feedback_}, "c:\\program"};
 };

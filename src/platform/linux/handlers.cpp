@@ -19,6 +19,9 @@ constexpr std::string_view kSuffix = ".desktop";
 // A list of one desktop's own has its name in front, and can only choose, not add or remove.
 constexpr const char* kList = "mimeapps.list";
 
+// This program opens playlists too, but it plays nothing.
+constexpr std::string_view kOwnEntry = "QUBLET20.desktop";
+
 struct Kind {
   std::string_view extension;
   std::array<std::string_view, 3> types;
@@ -136,7 +139,8 @@ class Search {
 
   // The first folder that has an entry of this id hides all others of the name.
   std::optional<DesktopEntry> Usable(const std::string& id) const {
-    if (!id.ends_with(kSuffix) || id.find('/') != id.npos || removed_.contains(id)) return std::nullopt;
+    if (!id.ends_with(kSuffix) || id.find('/') != id.npos || id == kOwnEntry) return std::nullopt;
+    if (removed_.contains(id)) return std::nullopt;
     for (const std::string& folder : applications_) {
       const std::string native = PlaceOf(folder, id);
       if (!native.empty()) return ReadDesktopEntry(id.substr(0, id.size() - kSuffix.size()), native);

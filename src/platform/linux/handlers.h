@@ -25,7 +25,7 @@ std::vector<std::string> TypesOf(const std::string& file_name);
 //   3. the applications themselves, by the types that they name
 //
 // An entry under [Removed Associations] hides that program in all that counts less. A program that isn't there is
-// passed over. Kinds that a type is a special case of are not asked: a text editor is no player.
+// passed over, and so is our own. Kinds that a type is a special case of are not asked: a text editor is no player.
 std::optional<DesktopEntry> FindHandler(const std::vector<std::string>& types);
 
 }  // namespace qublet

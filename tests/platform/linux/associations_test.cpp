@@ -153,6 +153,14 @@ TEST_F(AssociationsTest, DoNotTakeATextEditorThatShowsPlaylistsAsText) {
   EXPECT_EQ(Id(), "");
 }
 
+TEST_F(AssociationsTest, PassOverThisProgramItself) {
+  desktop_.Install("QUBLET20", "MimeType=audio/x-mpegurl;\nCategories=AudioVideo;Audio;\n");
+  Write(desktop_.Config() / "mimeapps.list", "[Default Applications]\naudio/x-mpegurl=QUBLET20.desktop\n");
+  EXPECT_EQ(Id(), "");
+  desktop_.Install("player", "MimeType=audio/x-mpegurl;\n");
+  EXPECT_EQ(Id(), "player");
+}
+
 TEST_F(AssociationsTest, LetTheUsersEntryHideTheSystemsOfTheSameId) {
   desktop_.Install("player", "MimeType=audio/x-mpegurl;\n");
   desktop_.AddProgram("own");
