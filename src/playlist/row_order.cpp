@@ -89,15 +89,24 @@ void SortByKeys(RowStore& rows, std::vector<KeyedRow<Key>> keyed, bool descendin
   rows.Reorder(order);
 }
 
-void SortByTexts(RowStore& rows, int lncol, const Collation& collation, bool descending) {
+std::vector<std::string> KeysOf(const RowStore& rows, int lncol, const Collation& collation) {
   std::vector<std::string> keys;
-  std::vector<KeyedRow<TextKey>> keyed;
   keys.reserve(static_cast<std::size_t>(rows.Count()));
-  keyed.reserve(keys.capacity());
   for (int i = 1; i <= rows.Count(); ++i) {
-    const std::string& text = CellOf(rows, i, lncol);
-    keys.push_back(collation.Key(text));
-    keyed.push_back({{HeadOf(keys.back()), &keys.back(), &text}, i});
+    // Neighbours are often alike: the folder of an album, the rate of a collection.
+    const bool alike = i > 1 && CellOf(rows, i, lncol) == CellOf(rows, i - 1, lncol);
+    keys.push_back(alike ? keys.back() : collation.Key(CellOf(rows, i, lncol)));
+  }
+  return keys;
+}
+
+void SortByTexts(RowStore& rows, int lncol, const Collation& collation, bool descending) {
+  const std::vector<std::string> keys = KeysOf(rows, lncol, collation);
+  std::vector<KeyedRow<TextKey>> keyed;
+  keyed.reserve(keys.size());
+  for (const std::string& key : keys) {
+    const int row = static_cast<int>(keyed.size()) + 1;
+    keyed.push_back({{HeadOf(key), &key, &CellOf(rows, row, lncol)}, row});
   }
   SortByKeys(rows, std::move(keyed), descending);
 }

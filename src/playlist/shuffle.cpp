@@ -8,66 +8,69 @@
 namespace qublet {
 namespace {
 
-constexpr std::size_t kWordBits = 64;
-
 // A list that gives the value at a position and moves it to the end, up to as many times as it has values. A moved
-// value leaves a gap: one bit a place says what is still there, and sums over the words of bits (each over as many
-// words as the lowest bit of its number says) find a position without counting through all.
+// value leaves a gap: one bit a place says what is still there. Sums over groups of places, each over as many groups
+// as the lowest bit of its number says, find a position without counting through all.
 class Pool {
  public:
   explicit Pool(const std::vector<int>& values)
-      : values_(values), words_(2 * values.size() / kWordBits + 1), sums_(words_.size() + 1) {
+      : values_(values), groups_(std::bit_ceil(2 * values.size() / kGroup + 1)), sums_(groups_.size() + 1) {
     values_.reserve(2 * values.size());
-    for (std::size_t place = 0; place < values.size(); ++place) words_[place / kWordBits] |= BitOf(place);
+    for (std::size_t place = 0; place < values.size(); ++place) groups_[place / kGroup] |= BitOf(place);
     for (std::size_t i = 1; i < sums_.size(); ++i) {
-      sums_[i] += std::popcount(words_[i - 1]);
-      const std::size_t above = i + (i & (~i + 1));
-      if (above < sums_.size()) sums_[above] += sums_[i];
+      sums_[i] += std::popcount(groups_[i - 1]);
+      if (i + LowestBit(i) < sums_.size()) sums_[i + LowestBit(i)] += sums_[i];
     }
   }
 
   // `position` from 1.
   int MoveToEnd(int position) {
     const std::size_t place = PlaceOf(position);
+    const std::size_t end = values_.size();
     values_.push_back(values_[place]);
-    words_[place / kWordBits] ^= BitOf(place);
+    groups_[place / kGroup] ^= BitOf(place);
+    groups_[end / kGroup] ^= BitOf(end);
     Count(place, -1);
-    words_[(values_.size() - 1) / kWordBits] |= BitOf(values_.size() - 1);
-    Count(values_.size() - 1, 1);
+    Count(end, 1);
     return values_.back();
   }
 
   std::vector<int> Values() const {
     std::vector<int> values;
+    values.reserve(values_.size() / 2);
     for (std::size_t place = 0; place < values_.size(); ++place) {
-      if (words_[place / kWordBits] & BitOf(place)) values.push_back(values_[place]);
+      if (groups_[place / kGroup] & BitOf(place)) values.push_back(values_[place]);
     }
     return values;
   }
 
  private:
-  static std::uint64_t BitOf(std::size_t place) { return std::uint64_t{1} << (place % kWordBits); }
+  using Group = std::uint16_t;
+  static constexpr std::size_t kGroup = 16;  // places
+
+  static Group BitOf(std::size_t place) { return static_cast<Group>(1U << (place % kGroup)); }
+  static std::size_t LowestBit(std::size_t i) { return i & (~i + 1); }
 
   void Count(std::size_t place, int change) {
-    for (std::size_t i = place / kWordBits + 1; i < sums_.size(); i += i & (~i + 1)) sums_[i] += change;
+    for (std::size_t i = place / kGroup + 1; i < sums_.size(); i += LowestBit(i)) sums_[i] += change;
   }
 
   std::size_t PlaceOf(int position) const {
-    std::size_t word = 0;
-    for (std::size_t step = std::bit_floor(words_.size()); step > 0; step /= 2) {
-      if (word + step < sums_.size() && sums_[word + step] < position) {
-        word += step;
-        position -= sums_[word];
-      }
+    std::size_t group = 0;
+    for (std::size_t step = groups_.size() / 2; step > 0; step /= 2) {
+      const int sum = sums_[group + step];
+      const bool further = sum < position;  // no branch: it couldn't be foretold
+      group += further ? step : 0;
+      position -= further ? sum : 0;
     }
-    std::uint64_t bits = words_[word];
+    unsigned bits = groups_[group];
     while (--position > 0) bits &= bits - 1;
-    return word * kWordBits + static_cast<std::size_t>(std::countr_zero(bits));
+    return group * kGroup + static_cast<std::size_t>(std::countr_zero(bits));
   }
 
   std::vector<int> values_;
-  std::vector<std::uint64_t> words_;
-  std::vector<int> sums_;  // from 1
+  std::vector<Group> groups_;  // a power of two of them
+  std::vector<int> sums_;      // from 1
 };
 
 int DrawPosition(int count, int previous, Random& random) {

@@ -130,6 +130,16 @@ TEST_F(Sorting, ComparesTextsBeyondTheirFirstLetters) {
   EXPECT_EQ(CellsOf(Rows(), kFileName), "a a long beginning a long beginning 1 a long beginning 2");
 }
 
+TEST_F(Sorting, ByTextWorksForLongListsWithManyAlike) {
+  std::vector<Row> rows;
+  for (int i = 0; i < 5000; ++i) rows.push_back(NamedRow(std::to_string(i * 7 % 5000 / 2 + 10'000)));
+  Rows().Insert(1, std::move(rows));
+  Sort(kFileName);
+  for (int row = 1; row <= 5000; ++row) {
+    ASSERT_EQ(Rows().At(row).cells[kFileName], std::to_string((row - 1) / 2 + 10'000));
+  }
+}
+
 TEST_F(Sorting, KeepsTheOrderOfEqualRowsInBothDirections) {
   Fill(kHiddenLen, {"5", "1", "5", "1", "5"});
   Sort(kTime);

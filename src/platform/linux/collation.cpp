@@ -24,12 +24,11 @@ class LocaleCollation : public Collation {
 
   std::string Key(std::string_view text) const override {
     const std::string small = SmallText(text);
-    std::string key(4 * small.size() + 32, '\0');
-    std::size_t length = strxfrm_l(key.data(), small.c_str(), key.size(), locale_);
-    if (length >= key.size()) {
-      key.resize(length + 1);
-      length = strxfrm_l(key.data(), small.c_str(), key.size(), locale_);
-    }
+    std::array<char, 2048> room;  // a key has several times the length of its text
+    const std::size_t length = strxfrm_l(room.data(), small.c_str(), room.size(), locale_);
+    if (length < room.size()) return {room.data(), length};
+    std::string key(length + 1, '\0');
+    strxfrm_l(key.data(), small.c_str(), key.size(), locale_);
     key.resize(length);
     return key;
   }

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QUrl>
+#include <algorithm>
 
 #include "playlist/ui/row_delegate.h"
 
@@ -94,6 +95,14 @@ QModelIndexList RowList::selectedIndexes() const {
     if (model_->Rows().At(i).selected) indexes << model_->IndexOf(i);
   }
   return indexes;
+}
+
+void RowList::dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) {
+  // The base class asks for the place of every row in the range, whether it can be seen or not.
+  const int top = std::max(first.row(), GetRowAtPoint(0));
+  const int bottom = std::min(last.row(), GetRowAtPoint(viewport()->height()));
+  if (top > bottom) return;
+  QTreeView::dataChanged(first.siblingAtRow(top), last.siblingAtRow(bottom), roles);
 }
 
 Flags RowList::MouseCommand(const QModelIndex& index, const QMouseEvent& event) const {

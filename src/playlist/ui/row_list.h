@@ -44,6 +44,7 @@ class RowList : public QTreeView {
   void dragMoveEvent(QDragMoveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   QModelIndexList selectedIndexes() const override;
+  void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override;
 
  private:
   bool IsSelected(const QModelIndex& index) const;
