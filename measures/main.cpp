@@ -1,6 +1,35 @@
 #include "measure.h"
+#include "order_measures.h"
 #include "playlist_measures.h"
 
+#ifdef QUBLET_MEASURES_WINDOWS
+#include <QApplication>
+
+#include "repaint_measures.h"
+#endif
+
+namespace qublet::measures {
+namespace {
+
+int Main(int argc, char** argv) {
+  std::vector<Measure> table;
+  const auto add = [&](std::vector<Measure> measures) {
+    table.insert(table.end(), measures.begin(), measures.end());
+  };
+  add(PlaylistMeasures());
+  add(OrderMeasures());
+#ifdef QUBLET_MEASURES_WINDOWS
+  // Painted in memory, as fast as this machine can, whatever display it has.
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
+  add(RepaintMeasures());
+#endif
+  return RunMeasures(table, {argv + 1, argv + argc});
+}
+
+}  // namespace
+}  // namespace qublet::measures
+
 int main(int argc, char** argv) {
-  return qublet::measures::RunMeasures(qublet::measures::PlaylistMeasures(), {argv + 1, argv + argc});
+  return qublet::measures::Main(argc, argv);
 }
