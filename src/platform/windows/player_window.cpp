@@ -9,7 +9,7 @@ namespace {
 
 // The player's window and the messages that it understands.
 constexpr const wchar_t* kWindowClasses[] = {L"Winamp v1.x", L"STUDIO"};
-constexpr WPARAM kStopCommand = 40047;  // of WM_COMMAND
+constexpr WPARAM kStopCommand = 40047;                                       // of WM_COMMAND
 enum Query : LPARAM { kAskState = 104, kAskPosition = 105, kJumpTo = 106 };  // of WM_USER
 
 HWND WindowOf(const PlayerHandle& player) {
