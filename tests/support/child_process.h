@@ -25,6 +25,12 @@ inline bool Eventually(const std::function<bool()>& condition) {
   return true;
 }
 
+// Stops a child of this process and waits until it stands: its threads may go on for a moment.
+inline void Freeze(pid_t process) {
+  kill(process, SIGSTOP);
+  waitpid(process, nullptr, WUNTRACED);
+}
+
 // A program that runs beside the test, says nothing, and is killed with its owner.
 class ChildProcess {
  public:
@@ -44,7 +50,8 @@ class ChildProcess {
   ChildProcess(const ChildProcess&) = delete;
   ChildProcess& operator=(const ChildProcess&) = delete;
 
-  void Signal(int number) const { kill(process_, number); }
+  void Freeze() const { qublet::Freeze(process_); }
+  void Thaw() const { kill(process_, SIGCONT); }
   void Kill() {
     if (process_ == 0) return;
     kill(process_, SIGKILL);

@@ -210,13 +210,13 @@ TEST_F(PlayerWindowsTest, DoNotJumpWithoutATrack) {
 TEST_F(PlayerWindowsTest, WaitASecondForAPlayerThatHangsAndGoOnWhenItComesBack) {
   const auto player = Start("fake", R"("status": "Playing", "position": 3000000, "track": "/t/1")");
   const PlayerHandle handle = players_->Find(kFake);
-  player->Process().Signal(SIGSTOP);
+  player->Process().Freeze();
   EXPECT_LT(TimeOf([&] { EXPECT_EQ(players_->State(handle), kStopped); }), kAfterOnePatience);
   EXPECT_LT(TimeOf([&] { EXPECT_EQ(players_->Position(handle), -1); }), kAfterOnePatience);
   EXPECT_LT(TimeOf([&] { players_->Jump(handle, 1); }), kAfterOnePatience);
   EXPECT_LT(TimeOf([&] { players_->Stop(handle); }), kAfterOnePatience);
   EXPECT_LT(TimeOf([&] { EXPECT_EQ(players_->Find(kFake), handle); }), kPromptly) << "nothing to choose, none asked";
-  player->Process().Signal(SIGCONT);
+  player->Process().Thaw();
   EXPECT_TRUE(Eventually([&] { return players_->State(handle) == kPlaying; }));
   EXPECT_EQ(players_->Position(handle), 3000);
 }
@@ -225,7 +225,7 @@ TEST_F(PlayerWindowsTest, PreferAnInstanceThatAnswersToANewerOneThatHangs) {
   const auto first = Start("fake", R"("status": "Stopped", "position": 0)");
   const PlayerHandle answering = players_->Find(kFake);
   const auto second = Start("fake.instance2", R"("status": "Playing")");
-  second->Process().Signal(SIGSTOP);
+  second->Process().Freeze();
   PlayerHandle found;
   EXPECT_LT(TimeOf([&] { found = players_->Find(kFake); }), kAfterOnePatience);
   EXPECT_EQ(found, answering);
@@ -233,7 +233,7 @@ TEST_F(PlayerWindowsTest, PreferAnInstanceThatAnswersToANewerOneThatHangs) {
 
 TEST_F(PlayerWindowsTest, FindThePlayerBesideAnotherProgramThatHangs) {
   const auto browser = Start("browser", R"("status": "Playing", "entry": "browser")");
-  browser->Process().Signal(SIGSTOP);
+  browser->Process().Freeze();
   const auto player = Start("othername", R"("status": "Stopped", "entry": "fake")");
   PlayerHandle found;
   EXPECT_LT(TimeOf([&] { found = players_->Find(kFake); }), kAfterOnePatience);
@@ -271,10 +271,10 @@ TEST_F(PlayerWindowsTest, TalkToTheNextBusWhenOneHasGone) {
 TEST_F(PlayerWindowsTest, WaitASecondForABusThatHangs) {
   const auto player = Start("fake", R"("status": "Playing")");
   const PlayerHandle handle = players_->Find(kFake);
-  bus_.Daemon().Signal(SIGSTOP);
+  bus_.Daemon().Freeze();
   EXPECT_LT(TimeOf([&] { EXPECT_EQ(players_->State(handle), kStopped); }), kAfterOnePatience);
   EXPECT_LT(TimeOf([&] { EXPECT_EQ(OpenPlayerWindows()->Find(kFake), ""); }), kAfterOnePatience);
-  bus_.Daemon().Signal(SIGCONT);
+  bus_.Daemon().Thaw();
   EXPECT_EQ(players_->State(handle), kPlaying);
 }
 

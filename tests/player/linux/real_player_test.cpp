@@ -238,7 +238,7 @@ TEST_F(RealPlayer, CostsASecondWhenItHangs) {
   Add("c:\\long.wav", 100);
   Play(kPlayList);
   const PlayerHandle player = WaitForPlaying();
-  kill(Numbers().at(0), SIGSTOP);
+  Freeze(Numbers().at(0));
   const auto begin = std::chrono::steady_clock::now();
   EXPECT_EQ(players_->State(player), kStopped);
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(kPlayerPatience + 500));
