@@ -292,8 +292,8 @@ void Main::ApplyQUBLETSettings() {
 void Main::ShowBars() {
   Toolbar1->setVisible(settings_.TA);
   StatusBar1->setVisible(settings_.SA);
-  findChild<QAction*>(QStringLiteral("MViewToolbar"))->setChecked(settings_.TA);
-  findChild<QAction*>(QStringLiteral("MViewStatusBar"))->setChecked(settings_.SA);
+  entries_.value(QStringLiteral("MViewToolbar"))->setChecked(settings_.TA);
+  entries_.value(QStringLiteral("MViewStatusBar"))->setChecked(settings_.SA);
 }
 
 void Main::CopyState(AppSettings& settings) {

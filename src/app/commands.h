@@ -4,7 +4,6 @@
 #include <QHash>
 #include <QKeySequence>
 #include <QMenuBar>
-#include <functional>
 #include <vector>
 
 namespace qublet {

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <QHeaderView>
-#include <QHelpEvent>
 #include <QToolButton>
 
 #include "app/appearance.h"

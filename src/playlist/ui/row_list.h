@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QTreeView>
-#include <functional>
 
 #include "playlist/ui/row_model.h"
 #include "playlist/ui/row_selection.h"
