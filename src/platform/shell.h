@@ -15,6 +15,16 @@ class Shell {
   // Opens a file or folder (drive form) with the program that it is associated with. Nothing happens when there is
   // none. Never throws.
   virtual void Open(const std::string& path) = 0;
+  // Shows a folder (drive form) in the file manager, "" the one that it chooses. Never throws.
+  virtual void Explore(const std::string& folder) = 0;
+  // Opens the system's search for files, starting at a folder (drive form). Where there is no such program, shows the
+  // folder. Never throws.
+  virtual void Find(const std::string& folder) = 0;
+  // Shows what the system knows of a file (drive form): size, times, rights. Where nobody shows that, its folder
+  // comes up. Never throws.
+  virtual void ShowFileProperties(const std::string& path) = 0;
+  // Opens the system's volume control. False when there is none. Never throws.
+  virtual bool OpenVolumeControl() = 0;
   // Where a playlist stands that other programs are to open, in drive form without a trailing "\": a folder of this
   // user for playlists in this system's own form, made when missing. "" where programs read the program's own form as
   // it is. Throws Failure.

@@ -74,7 +74,23 @@ void ListCommands::MEditSelImpFol_Click() {
 }
 
 void ListCommands::MEditSelLoc_Click() {
-  Run([&] { OpenCommonFolder(document_, items_, services_.files, services_.shell); });
+  Run([&] { services_.shell.Explore(CommonFolder(document_, items_, services_.files)); });
+}
+
+void ListCommands::MEditFileInfo_Click() {
+  const WaitCursor wait(services_.feedback);
+  ShowFocusedProperties(document_, services_.shell);
+}
+
+void ListCommands::MToolsShortCutFind_Click() {
+  const WaitCursor wait(services_.feedback);
+  services_.shell.Find(CommonFolder(document_, items_, services_.files));
+}
+
+void ListCommands::MToolsShortCutVolume_Click() {
+  if (services_.shell.OpenVolumeControl()) return;
+  services_.dialogs.ShowMessage("There is no volume control on this system.", MessageIcon::kExclamation,
+                                MessageButtons::kOk);
 }
 
 void ListCommands::Mark(RowIcon icon) {

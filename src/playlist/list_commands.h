@@ -46,6 +46,9 @@ class ListCommands {
   void MEditSelFol_Click();
   void MEditSelImpFol_Click();
   void MEditSelLoc_Click();
+  void MEditFileInfo_Click();
+  void MToolsShortCutFind_Click();
+  void MToolsShortCutVolume_Click();
 
   void MEditSeMarkBlue_Click() { Mark(RowIcon::kBlue); }
   void MEditSeMarkGreen_Click() { Mark(RowIcon::kGreen); }

@@ -61,11 +61,16 @@ void ImportFolders(Document& document, Items& items) {
   for (const std::string& folder : FoldersOfSelection(document, items)) items.AddStuff(folder, true);
 }
 
-void OpenCommonFolder(Document& document, Items& items, const FileSystem& files, Shell& shell) {
+std::string CommonFolder(Document& document, Items& items, const FileSystem& files) {
   DestroyFileArray(document);
   items.SaveFileArrayFromList(false);
   const std::string folder = FindCommonFolder(document.FileArray);
-  shell.Open(folder.empty() ? files.CurrentFolder() : folder);
+  return folder.empty() ? files.CurrentFolder() : folder;
+}
+
+void ShowFocusedProperties(Document& document, Shell& shell) {
+  const int row = document.ListView1.FocusedRow();
+  if (row > 0) shell.ShowFileProperties(document.ListView1.At(row).FullPath());
 }
 
 void RemoveSelectedRows(Document& document) {

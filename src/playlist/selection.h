@@ -27,8 +27,10 @@ void SelectCheckMarked(RowStore& rows);
 // Adds all that is in the folders of the selected rows, and below them, to the end of the list, whether or not it is
 // there already. A folder is read as often as the rows come back to it.
 void ImportFolders(Document& document, Items& items);
-// Shows the folder that the selected rows have in common to the user; the current one where there is none.
-void OpenCommonFolder(Document& document, Items& items, const FileSystem& files, Shell& shell);
+// The folder that the selected rows have in common; the current one where there is none.
+std::string CommonFolder(Document& document, Items& items, const FileSystem& files);
+// What the system knows of the focused row's file; nothing when no row has the focus.
+void ShowFocusedProperties(Document& document, Shell& shell);
 
 // "&Remove Item": every selected row goes, and the list counts as changed if any did. Files on disk stay.
 void RemoveSelectedRows(Document& document);

@@ -72,7 +72,7 @@ TEST_F(SelectionCommands, SelectInTheFolders) {
 TEST_F(SelectionCommands, OpenTheFolderThatTheRowsShare) {
   Select({3, 4});
   window.Run("MEditSelLoc");
-  EXPECT_EQ(window.shell.opened, std::vector<std::string>{"c:\\two"});
+  EXPECT_EQ(window.shell.explored, std::vector<std::string>{"c:\\two"});
 }
 
 TEST_F(SelectionCommands, ImportTheFolders) {

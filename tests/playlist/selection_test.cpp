@@ -213,30 +213,28 @@ TEST_F(ImportingFolders, WithoutASelectionOrAFolderDoesNothing) {
   EXPECT_EQ(Names(), "a.mp3");
 }
 
-using OpeningTheFolder = SelectionTest;
+using FolderInCommon = SelectionTest;
 
-TEST_F(OpeningTheFolder, TakesTheFolderThatTheSelectedRowsShare) {
+TEST_F(FolderInCommon, IsTheOneThatTheSelectedRowsShare) {
   Touch({"music/one/a.mp3", "music/two/b.mp3", "c.mp3"});
   Add("c:\\music");
   Add("c:\\c.mp3");
   SelectRows({1});
-  OpenCommonFolder(document_, items_, *files_, shell_);
+  EXPECT_EQ(CommonFolder(document_, items_, *files_), "c:\\music\\one");
   SelectRows({2});
-  OpenCommonFolder(document_, items_, *files_, shell_);
+  EXPECT_EQ(CommonFolder(document_, items_, *files_), "c:\\music");
   SelectRows({3});
-  OpenCommonFolder(document_, items_, *files_, shell_);
-  EXPECT_EQ(shell_.opened, (std::vector<std::string>{"c:\\music\\one", "c:\\music", "c:"}));
+  EXPECT_EQ(CommonFolder(document_, items_, *files_), "c:");
 }
 
-TEST_F(OpeningTheFolder, TakesTheCurrentOneForFilesOnSeveralDrives) {
+TEST_F(FolderInCommon, IsTheCurrentOneForFilesOnSeveralDrives) {
   Touch({"a.mp3", "here/b.mp3"});
   TemporaryDrives::WriteAt(drives_.D() / "b.mp3", "abc");
   Add("c:\\a.mp3");
   Add("d:\\b.mp3");
   SelectRows({1, 2});
   files_->SetCurrentFolder("c:\\here");
-  OpenCommonFolder(document_, items_, *files_, shell_);
-  EXPECT_EQ(shell_.opened, std::vector<std::string>{"c:\\here"});
+  EXPECT_EQ(CommonFolder(document_, items_, *files_), "c:\\here");
 }
 
 using Removing = SelectionTest;

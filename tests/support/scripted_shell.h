@@ -8,14 +8,25 @@
 
 namespace qublet {
 
-// Opens nothing; notes the paths that it was asked to open.
+// Opens nothing; notes what it was asked for.
 class ScriptedShell : public Shell {
  public:
   std::vector<std::string> opened;
   std::string folder;  // of the hand-over
   bool refuses = false;
 
+  std::vector<std::string> explored, searched, properties;
+  int volume_controls = 0;
+  bool has_volume_control = true;
+
   void Open(const std::string& path) override { opened.push_back(path); }
+  void Explore(const std::string& path) override { explored.push_back(path); }
+  void Find(const std::string& path) override { searched.push_back(path); }
+  void ShowFileProperties(const std::string& path) override { properties.push_back(path); }
+  bool OpenVolumeControl() override {
+    ++volume_controls;
+    return has_volume_control;
+  }
   std::string HandOverFolder() override {
     if (refuses) throw Failure("no such folder");
     return folder;

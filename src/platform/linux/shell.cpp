@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/linux/file_manager.h"
 #include "platform/linux/handlers.h"
 #include "platform/linux/user_folders.h"
 
@@ -53,6 +54,25 @@ class StartConditions {
   posix_spawn_file_actions_t actions_{};
 };
 
+using Commands = std::vector<std::vector<std::string>>;
+
+// Of the desktops in their own order; the folder follows the last word.
+const Commands kSearches{{"catfish", "--path="}, {"kfind", ""}, {"mate-search-tool", "--path="}};
+const Commands kVolumeControls{{"pavucontrol"},
+                               {"pavucontrol-qt"},
+                               {"gnome-control-center", "sound"},
+                               {"systemsettings", "kcm_pulseaudio"},
+                               {"cinnamon-settings", "sound"},
+                               {"mate-volume-control"},
+                               {"qasmixer"}};
+
+// The first command whose program can be run; empty when there is none.
+std::vector<std::string> FirstInstalled(const Commands& commands) {
+  for (const std::vector<std::string>& command : commands)
+    if (!FindProgram(command.front()).empty()) return command;
+  return {};
+}
+
 class DesktopShell : public Shell {
  public:
   explicit DesktopShell(const FileSystem& files) : files_(files) {}
@@ -61,6 +81,31 @@ class DesktopShell : public Shell {
     ResumeNext([&] {
       const std::vector<std::string> command = CommandFor(path, files_.ToNative(path));
       if (!command.empty()) Start(command);
+    });
+  }
+
+  void Explore(const std::string& folder) override { Open(folder.empty() ? files_.CurrentFolder() : folder); }
+
+  void Find(const std::string& folder) override {
+    ResumeNext([&] {
+      std::vector<std::string> command = FirstInstalled(kSearches);
+      if (command.empty()) return Explore(folder);
+      command.back() += files_.ToNative(folder);
+      Start(command);
+    });
+  }
+
+  void ShowFileProperties(const std::string& path) override {
+    ResumeNext([&] {
+      if (!ShowItemProperties(bus_, files_.ToNative(path))) Explore(path.substr(0, path.rfind('\\') + 1));
+    });
+  }
+
+  bool OpenVolumeControl() override {
+    return Guarded([&] {
+      const std::vector<std::string> command = FirstInstalled(kVolumeControls);
+      if (command.empty()) throw Failure("no volume control");
+      Start(command);
     });
   }
 
@@ -85,6 +130,7 @@ class DesktopShell : public Shell {
   }
 
   const FileSystem& files_;
+  SessionBus bus_;
   std::vector<pid_t> running_;
 };
 

@@ -13,16 +13,40 @@ class WindowsShell : public Shell {
  public:
   explicit WindowsShell(const FileSystem& files) : files_(files) {}
 
-  void Open(const std::string& path) override {
+  void Open(const std::string& path) override { Execute(L"open", path); }
+  void Explore(const std::string& folder) override { Execute(L"explore", folder); }
+  void Find(const std::string& folder) override { Execute(L"find", folder); }
+
+  void ShowFileProperties(const std::string& path) override {
     ResumeNext([&] {
       const std::wstring native = WideText(files_.ToNative(path));
-      ShellExecuteW(nullptr, L"open", native.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+      SHELLEXECUTEINFOW call{};
+      call.cbSize = sizeof call;
+      call.fMask = SEE_MASK_INVOKEIDLIST | SEE_MASK_FLAG_NO_UI;
+      call.lpVerb = L"properties";
+      call.lpFile = native.c_str();
+      ShellExecuteExW(&call);
     });
   }
+
+  // The old program's name is still served by some systems, the new one by all since then.
+  bool OpenVolumeControl() override { return Start(L"sndvol32") || Start(L"sndvol"); }
 
   std::string HandOverFolder() override { return ""; }
 
  private:
+  // Above 32 is success (ShellExecute's own rule).
+  static bool Start(const wchar_t* program) {
+    const HINSTANCE result = ShellExecuteW(nullptr, L"open", program, nullptr, nullptr, SW_SHOWNORMAL);
+    return reinterpret_cast<INT_PTR>(result) > 32;
+  }
+  void Execute(const wchar_t* verb, const std::string& path) const {
+    ResumeNext([&] {
+      const std::wstring native = WideText(files_.ToNative(path));
+      ShellExecuteW(nullptr, verb, native.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+    });
+  }
+
   const FileSystem& files_;
 };
 

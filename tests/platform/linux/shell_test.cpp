@@ -69,6 +69,44 @@ TEST_F(ShellTest, MindsNeitherAMissingOpenerNorAMissingDrive) {
   EXPECT_TRUE(NothingComes());
 }
 
+TEST_F(ShellTest, ShowsAFolderByTheSystemsOpener) {
+  AddLogger("xdg-open");
+  shell_->Explore("c:\\folder");
+  EXPECT_EQ(Noted(), (desktop_.Drives().C() / "folder").string() + "\nend\n");
+}
+
+TEST_F(ShellTest, SearchesByTheFirstProgramThatIsThere) {
+  AddLogger("mate-search-tool");
+  shell_->Find("c:\\a folder");
+  EXPECT_EQ(Noted(), "--path=" + (desktop_.Drives().C() / "a folder").string() + "\nend\n");
+  std::filesystem::remove(Log());
+  AddLogger("kfind");
+  shell_->Find("c:\\a folder");
+  EXPECT_EQ(Noted(), (desktop_.Drives().C() / "a folder").string() + "\nend\n");
+}
+
+TEST_F(ShellTest, ShowsTheFolderWhereNoProgramSearches) {
+  AddLogger("xdg-open");
+  shell_->Find("c:\\folder");
+  EXPECT_EQ(Noted(), (desktop_.Drives().C() / "folder").string() + "\nend\n");
+}
+
+TEST_F(ShellTest, ShowsTheFolderOfAFileWhosePropertiesNobodyShows) {
+  AddLogger("xdg-open");
+  shell_->ShowFileProperties("c:\\folder\\a.mp3");
+  EXPECT_EQ(Noted(), (desktop_.Drives().C() / "folder").string() + "/\nend\n");
+}
+
+TEST_F(ShellTest, OpensTheVolumeControlThatIsThere) {
+  AddLogger("gnome-control-center");
+  EXPECT_TRUE(shell_->OpenVolumeControl());
+  EXPECT_EQ(Noted(), "sound\nend\n");
+}
+
+TEST_F(ShellTest, SaysThatThereIsNoVolumeControl) {
+  EXPECT_FALSE(shell_->OpenVolumeControl());
+}
+
 TEST_F(ShellTest, HandsPlaylistsOverInTheUsersRuntimeFolder) {
   EXPECT_EQ(files_->ToNative(shell_->HandOverFolder()), (desktop_.Runtime() / "velmora").string());
   EXPECT_TRUE(std::filesystem::is_directory(desktop_.Runtime() / "velmora"));

@@ -1,0 +1,38 @@
+#include "platform/linux/file_manager.h"
+
+#include <array>
+#include <chrono>
+#include <string_view>
+
+namespace qublet {
+
+std::string FileAddress(const std::string& native) {
+  constexpr std::string_view kPlain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string address = "file://";
+  for (const char byte : native) {
+    if (kPlain.find(byte) != std::string_view::npos) {
+      address += byte;
+    } else {
+      const auto value = static_cast<unsigned char>(byte);
+      address += {'%', kDigits[value / 16], kDigits[value % 16]};
+    }
+  }
+  return address;
+}
+
+bool ShowItemProperties(SessionBus& bus, const std::string& native) {
+  BusMessage call = BusCall("org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
+                            "org.freedesktop.FileManager1", "ShowItemProperties");
+  dbus_message_set_auto_start(call.get(), TRUE);
+  const std::string address = FileAddress(native);
+  const std::array<const char*, 1> addresses{address.c_str()};
+  const char* const* list = addresses.data();
+  const char* startup_id = "";
+  dbus_message_append_args(call.get(), DBUS_TYPE_ARRAY, DBUS_TYPE_STRING, &list, 1, DBUS_TYPE_STRING, &startup_id,
+                           DBUS_TYPE_INVALID);
+  const Deadline deadline = std::chrono::steady_clock::now() + std::chrono::seconds(2);
+  return bus.Ask(std::move(call), deadline) || std::chrono::steady_clock::now() >= deadline;
+}
+
+}  // namespace qublet
