@@ -2,18 +2,31 @@
 
 #include <QCloseEvent>
 #include <QHeaderView>
+#include <QScreen>
+#include <QShortcut>
+#include <QTimer>
+#include <QToolTip>
 
+#include "app/ToolbarForm.h"
 #include "app/appearance.h"
 #include "app/command_line.h"
 #include "app/commands.h"
+#include "app/placement.h"
 #include "platform/program.h"
 #include "platform/qt/pictures.h"
+#include "platform/qt/redraw.h"
 #include "playlist/list_status.h"
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/formats.h"
 #include "settings/application.h"
 
 namespace qublet {
+namespace {
+
+constexpr int kPluginRoom = 9;
+constexpr int kTipDelay = 200;  // milliseconds
+
+}  // namespace
 
 Main::Main(Document& document, AppSettings& settings, Services services, Session::Places places)
     : document_(document),
@@ -26,7 +39,8 @@ Main::Main(Document& document, AppSettings& settings, Services services, Session
   BuildStatusBar();
   entries_ = BuildMenus(*MainMenu, *this);
   BuildRecentMenu();
-  Toolbar1 = new Toolbar(*this);
+  BuildPluginMenu();
+  BuildToolbar();
   MainView& view = *this;
   Session::Window& window = *this;
   feedback_ = std::make_unique<WindowFeedback>(*ListView1, Panels[3]->Text(), this);
@@ -84,6 +98,30 @@ void Main::BuildRecentMenu() {
   RefreshRecentMenu();
 }
 
+// Until a plug-in is known, the last entry says so and the others are hidden.
+void Main::BuildPluginMenu() {
+  auto* menu = MainMenu->findChild<QMenu*>(QStringLiteral("MToolsPlugins"));
+  for (int number = 1; number <= kPluginRoom; ++number) {
+    QAction* entry = menu->addAction(tr("None Loaded..."));
+    entry->setObjectName(QStringLiteral("plug%1").arg(number));
+    entry->setEnabled(false);
+    entry->setVisible(number == kPluginRoom);
+  }
+}
+
+void Main::BuildToolbar() {
+  Toolbar1 = new Toolbar(this);
+  // The bars are shown and hidden by the View menu; the toolkit's own menu for that would be a second one.
+  setContextMenuPolicy(Qt::NoContextMenu);
+  connect(Toolbar1, &Toolbar::commandWanted, this,
+          [this](const char* command) { Toolbar1_ButtonClick(CommandNamed(command)); });
+  connect(Toolbar1, &Toolbar::customiseWanted, this, &Main::Toolbar1_Customise);
+  connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_T), this), &QShortcut::activated, this,
+          &Main::Toolbar1_Customise);
+  connect(Toolbar1, &Toolbar::menuWanted, this,
+          [this](QPoint point) { entries_.value(QStringLiteral("MHidOption"))->menu()->popup(point); });
+}
+
 void Main::Connect() {
   connect(ListView1, &RowList::rowsSelected, this, [this] { ListView1_Click(); });
   connect(ListView1, &RowList::filesDropped, this, &Main::ListView1_FilesDropped);
@@ -105,9 +143,8 @@ void Main::Load(const std::string& command_line, QWidget* splash) {
   }
   SetMenuBitmaps();
   DetectPlayer();
-  LoadPluginMenu();
   if (splash != nullptr) splash->hide();
-  // The tip and toolbar timers start here.
+  QTimer::singleShot(kTipDelay, this, &Main::TipTimer_Timer);
   MFileNew_Click();
   OpenCommandLine(command_line);
   RegisterAccessoryTools();
@@ -186,12 +223,40 @@ void Main::MViewStatusBar_Click() {
   ShowBars();
 }
 
-void Main::ToolbarSave_Click() {
-  settings_.SActi ? MFileSaveRel_Click() : MFileSave_Click();
+// The buttons are always enabled; one whose tool isn't there says so.
+void Main::Toolbar1_ButtonClick(const Command& command) {
+  const bool saves = command.handler == &Main::MFileSave_Click;
+  if (saves && settings_.SActi) {
+    MFileSaveRel_Click();
+  } else if (command.handler != nullptr) {
+    (this->*command.handler)();
+  } else {
+    QToolTip::showText(QCursor::pos(), QString::fromUtf8(command.tip), Toolbar1);
+  }
+}
+
+void Main::Toolbar1_Customise() {
+  ToolbarForm form(Toolbar1->Layout(), this);
+  PositionForm(form);
+  if (form.exec() != QDialog::Accepted) return;
+  Toolbar1->ShowLayout(form.Layout());
+  session_->Keep(kToolbarLayout, LayoutText(form.Layout()));
+}
+
+void Main::PositionForm(QWidget& frm) const {
+  const QSize frame = frameGeometry().size() - size();
+  const QRect screen = this->screen()->geometry();
+  frm.move(PlaceBeside(frameGeometry(), frm.size() + frame, screen, frm.pos()));
+}
+
+void Main::TipTimer_Timer() {
+  const std::string wanted = session_->Kept(kShowTips);
+  const Command& tips = CommandNamed("MHelpTip");
+  if ((wanted.empty() || wanted == "1") && tips.handler != nullptr) (this->*tips.handler)();
 }
 
 void Main::MViewDetails_Click() {
-  play_->ShowProperties(this, thousands_separator_, [](QWidget&) {});
+  play_->ShowProperties(this, thousands_separator_, [this](QWidget& frm) { PositionForm(frm); });
 }
 
 void Main::MViewRefresh_Click() {
@@ -220,6 +285,7 @@ void Main::ListView1_FilesDropped(const QStringList& native_paths, QPoint point)
 }
 
 void Main::ListView1_Click() {
+  const LockRedraw lock(*this);
   const ListStatus status = WorkOutStatus(document_.ListView1, services_.files, settings_, thousands_separator_);
   for (std::size_t i = 0; i < status.panels.size(); ++i) {
     Panels[i]->ShowText(QString::fromStdString(status.panels[i]));
@@ -231,7 +297,7 @@ void Main::ListView1_Click() {
     }
   }
   for (const CommandState& command : status.commands) {
-    if (QAction* entry = entries_.value(QString::fromUtf8(command.name))) entry->setEnabled(command.enabled);
+    if (QAction* entry = entries_.value(QString::fromUtf8(command.name))) EnableEntry(*entry, command.enabled);
   }
 }
 
@@ -281,6 +347,7 @@ void Main::RefreshRecentMenu() {
 }
 
 void Main::ApplyQUBLETSettings() {
+  Toolbar1->ShowLayout(LayoutFromText(session_->Kept(kToolbarLayout)));
   Toolbar1->SetLook(settings_.Flat, settings_.ThreeD);
   for (QAction* menu : MainMenu->actions()) menu->setVisible(settings_.Visible);
   ShowBars();

@@ -85,6 +85,7 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   void MEditSeMarkRed_Click() { list_commands_->MEditSeMarkRed_Click(); }
   void MEditSeUnMark_Click() { list_commands_->MEditSeUnMark_Click(); }
   void MEditSelectMark_Click() { list_commands_->MEditSelectMark_Click(); }
+  void MEditFileInfo_Click() { list_commands_->MEditFileInfo_Click(); }
   void Mreloc_Click() { list_commands_->Mreloc_Click(); }
   // As a click on the header of the column, counted from 1.
   template <int column>
@@ -95,8 +96,12 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   void MViewStatusBar_Click();
   void MViewDetails_Click();
   void MViewRefresh_Click();
-  // Saves relative or absolute, as the user has chosen for this button.
-  void ToolbarSave_Click();
+  void MToolsShortCutFind_Click() { list_commands_->MToolsShortCutFind_Click(); }
+  void MToolsShortCutExplore_Click() { list_commands_->MEditSelLoc_Click(); }
+  void MToolsShortCutVolume_Click() { list_commands_->MToolsShortCutVolume_Click(); }
+
+  // Puts a new window beside this one, so that both can be seen, or on its middle. The window isn't shown yet.
+  void PositionForm(QWidget& frm) const;
 
  signals:
   // Everything is stored: the process ends now, other windows aren't asked.
@@ -109,17 +114,21 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   void BuildList();
   void BuildStatusBar();
   void BuildRecentMenu();
+  void BuildPluginMenu();
+  void BuildToolbar();
   void ShowBars();
   void Connect();
 
   void DetectPlayer() { play_->DetectPlayer(entries_); }
-  void LoadPluginMenu() {}
   void SetMenuBitmaps();
   void RegisterAccessoryTools() {}
   void OpenCommandLine(const std::string& command_line);
   void Form_Unload();
   void ListView1_FilesDropped(const QStringList& native_paths, QPoint point);
   void ListView1_KeyDown(int key);
+  void Toolbar1_ButtonClick(const Command& command);
+  void Toolbar1_Customise();
+  void TipTimer_Timer();
 
   // MainView
   void ListView1_Click() override;

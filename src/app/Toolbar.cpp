@@ -2,68 +2,65 @@
 
 #include <qdrawutil.h>
 #include <QAction>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QToolButton>
 
-#include <array>
-
-#include "app/Main.h"
+#include "app/commands.h"
 #include "platform/qt/pictures.h"
 
 namespace qublet {
-namespace {
 
-struct ToolButton {
-  const char* key;  // "Separator" for a gap
-  const char* tip;
-  const char* picture;
-  void (Main::*handler)();  // nothing: its tool isn't there, the button is disabled
-};
+Toolbar::Toolbar(QWidget* window) : QToolBar(window) {
+  setObjectName(QStringLiteral("Toolbar1"));
+  setWindowTitle(tr("Toolbar"));
+  setAccessibleDescription(tr("A double click beside the buttons customises them"));
+  setMovable(false);
+  for (const int button : DefaultToolbarLayout()) {
+    if (button != kSeparatorButton) buttons_[button] = MakeButton(kToolButtons[static_cast<std::size_t>(button)]);
+  }
+  ShowLayout(DefaultToolbarLayout());
+}
 
-// By index from 1, as the buttons stand.
-constexpr std::array<ToolButton, 18> kButtons{{
-    {"New", "New Playlist...", "new", &Main::MFileNew_Click},
-    {"Open", "Open Playlist...", "open", &Main::MFileOpen_Click},
-    {"Save", "Save Playlist...", "save", &Main::ToolbarSave_Click},
-    {"Separator", "", "", nullptr},
-    {"Add Items", "Add Files...", "add", &Main::MEditAddDir_Click},
-    {"Remove Items", "Remove selected Files...", "remove", &Main::MEditRemove_Click},
-    {"Separator", "", "", nullptr},
-    {"Move Items Up", "Move selected Files up...", "move-up", &Main::MEditMoveUp_Click},
-    {"Move Items Down", "Move selected Files down...", "move-down", &Main::MEditMoveDown_Click},
-    {"Separator", "", "", nullptr},
-    {"Play Items", "Play the selected Files...", "play", &Main::MEditPlaySel_Click},
-    {"Preview Playlist", "Preview the Playlist...", "preview", &Main::MEditPlayList_Click},
-    {"Edit Id3 Tag", "Get the File info/Edit the ID3 Tag...", "tag", nullptr},
-    {"Separator", "", "", nullptr},
-    {"Tools Drop Down", "Special Functions", "tools", nullptr},
-    {"Separator", "", "", nullptr},
-    {"Help", "View the Help file...", "help", nullptr},
-    {"Separator", "", "", nullptr},
-}};
-
-QAction* MakeButton(const ToolButton& button, Main& main) {
-  auto* action = new QAction(Picture(QString::fromUtf8(button.picture)), QString::fromUtf8(button.key), &main);
+QAction* Toolbar::MakeButton(const ToolButton& button) {
+  auto* action = new QAction(Picture(QString::fromUtf8(button.picture)), QString::fromUtf8(button.key), this);
   action->setObjectName(QStringLiteral("Toolbar1 %1").arg(QString::fromUtf8(button.key)));
   action->setToolTip(QString::fromUtf8(button.tip));
-  action->setEnabled(button.handler != nullptr);
-  if (button.handler != nullptr) {
-    QObject::connect(action, &QAction::triggered, &main, [&main, handler = button.handler] { (main.*handler)(); });
+  if (*button.command == '\0') {
+    action->setMenu(MakeDropDown());
+  } else {
+    connect(action, &QAction::triggered, this, [this, &button] { emit commandWanted(button.command); });
   }
   return action;
 }
 
-}  // namespace
+QMenu* Toolbar::MakeDropDown() {
+  auto* menu = new QMenu(this);
+  menu->setObjectName(QStringLiteral("Toolbar1 Menu"));
+  for (const ToolEntry& entry : kToolsDropDown) {
+    const Command& command = CommandNamed(entry.command);
+    QAction* action = menu->addAction(QString::fromUtf8(entry.caption));
+    action->setObjectName(QStringLiteral("Toolbar1 %1").arg(QString::fromUtf8(entry.command)));
+    action->setStatusTip(QString::fromUtf8(command.tip));
+    action->setEnabled(command.handler != nullptr);
+    connect(action, &QAction::triggered, this, [this, &entry] { emit commandWanted(entry.command); });
+  }
+  return menu;
+}
 
-Toolbar::Toolbar(Main& main) : QToolBar(&main) {
-  setObjectName(QStringLiteral("Toolbar1"));
-  setWindowTitle(tr("Toolbar"));
-  setMovable(false);
-  for (const ToolButton& button : kButtons) {
-    if (button.tip[0] == '\0') {
+void Toolbar::ShowLayout(const ToolbarLayout& layout) {
+  layout_ = layout;
+  for (QAction* action : actions()) {
+    removeAction(action);
+    if (action->isSeparator()) delete action;
+  }
+  for (const int button : layout_) {
+    if (button == kSeparatorButton) {
       addSeparator();
     } else {
-      addAction(MakeButton(button, main));
+      addAction(buttons_.at(button));
     }
   }
 }
@@ -76,7 +73,10 @@ void Toolbar::SetLook(bool flat, bool three_d) {
 }
 
 void Toolbar::RaiseButtons() {
-  for (QToolButton* button : findChildren<QToolButton*>(Qt::FindDirectChildrenOnly)) button->setAutoRaise(flat_);
+  for (QToolButton* button : findChildren<QToolButton*>(Qt::FindDirectChildrenOnly)) {
+    button->setAutoRaise(flat_);
+    button->setPopupMode(QToolButton::InstantPopup);
+  }
 }
 
 void Toolbar::actionEvent(QActionEvent* event) {
@@ -89,6 +89,20 @@ void Toolbar::paintEvent(QPaintEvent* event) {
   if (!three_d_) return;
   QPainter painter(this);
   qDrawShadePanel(&painter, rect(), palette());
+}
+
+void Toolbar::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton && actionAt(event->position().toPoint()) == nullptr) emit customiseWanted();
+}
+
+void Toolbar::mouseReleaseEvent(QMouseEvent* event) {
+  QToolBar::mouseReleaseEvent(event);
+  if (event->button() == Qt::RightButton) emit menuWanted(event->globalPosition().toPoint());
+}
+
+// The menu comes by the release of the right button, not a second time by this; the key has no release.
+void Toolbar::contextMenuEvent(QContextMenuEvent* event) {
+  if (event->reason() == QContextMenuEvent::Keyboard) emit menuWanted(event->globalPos());
 }
 
 }  // namespace qublet

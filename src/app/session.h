@@ -7,6 +7,7 @@
 #include "platform/startup_entry.h"
 #include "playlist/items.h"
 #include "settings/app_settings.h"
+#include "settings/kept_values.h"
 
 namespace qublet {
 
@@ -40,6 +41,12 @@ class Session {
   void SetFormState(bool SetReg);
   // The defaults of a first start, shown and written at once.
   void BeginFirstStart();
+
+  // A value that is kept apart from the record, "" when there is none; and keeps it at once, or gives up quietly.
+  std::string Kept(const SettingAddress& address) const { return GetSetting(store_, places_.AppKey, address); }
+  void Keep(const SettingAddress& address, const std::string& value) {
+    SaveSetting(store_, places_.AppKey, address, value);
+  }
 
   // "last.m3u" in the program folder: the list of the last session.
   std::string LastPlaylist() const { return places_.program_folder + "\\last.m3u"; }

@@ -1,0 +1,29 @@
+#include "app/placement.h"
+
+namespace qublet {
+namespace {
+
+// Leaves no room beside it: wider than 1/2.5 or higher than 1/1.2 of the screen.
+bool IsLarge(const QRect& main, const QRect& screen) {
+  return screen.width() * 2 / 5 < main.width() || screen.height() * 5 / 6 < main.height();
+}
+
+}  // namespace
+
+QPoint PlaceBeside(const QRect& main, QSize frm, const QRect& screen, QPoint present) {
+  if (IsLarge(main, screen)) {
+    return {main.left() + main.width() / 2 - frm.width() / 2, main.top() + main.height() / 2 - frm.height() / 2};
+  }
+  QPoint place(present.x(), main.top());
+  if (main.left() - screen.left() >= frm.width()) {
+    place.setX(main.left() - frm.width());
+  } else if (main.left() + main.width() + frm.width() <= screen.left() + screen.width()) {
+    place.setX(main.left() + main.width());
+  }
+  if (main.top() + frm.height() > screen.top() + screen.height()) {
+    place.setY(main.top() + main.height() - frm.height());
+  }
+  return place;
+}
+
+}  // namespace qublet
