@@ -11,7 +11,10 @@ namespace {
 QListWidgetItem* MakeItem(int button) {
   const ToolButton& shown = kToolButtons[static_cast<std::size_t>(button)];
   auto* item = new QListWidgetItem(QString::fromUtf8(shown.key));
-  if (!shown.IsSeparator()) item->setIcon(Picture(QString::fromUtf8(shown.picture)));
+  // The empty picture keeps the texts in line.
+  QPixmap none(24, 24);
+  none.fill(Qt::transparent);
+  item->setIcon(shown.IsSeparator() ? QIcon(none) : Picture(QString::fromUtf8(shown.picture)));
   item->setToolTip(QString::fromUtf8(shown.tip));
   item->setData(Qt::UserRole, button);
   return item;

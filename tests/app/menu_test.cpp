@@ -11,8 +11,8 @@ namespace {
 std::string TreeOf(const QList<QAction*>& entries, int depth) {
   std::string text;
   for (const QAction* entry : entries) {
-    const std::string name = entry->menu() != nullptr ? entry->menu()->objectName().toStdString()
-                                                      : entry->objectName().toStdString();
+    const std::string name =
+        entry->menu() != nullptr ? entry->menu()->objectName().toStdString() : entry->objectName().toStdString();
     text += std::string(static_cast<std::size_t>(depth), ' ') +
             (entry->isSeparator() ? "-" : entry->text().toStdString()) + (name.empty() ? "" : "|" + name) + "\n";
     if (entry->menu() != nullptr) text += TreeOf(entry->menu()->actions(), depth + 1);
@@ -70,25 +70,27 @@ TEST_F(MenuTest, NamesTheEntriesOfView) {
 TEST_F(MenuTest, NamesTheEntriesOfTools) {
   std::string plugins;
   for (int i = 1; i <= 9; ++i) plugins += " None Loaded...|plug" + std::to_string(i) + "\n";
-  EXPECT_EQ(Tree("MTools"),
-            "&Search Playlist...|MToolsSearch\n&Purge Playlist Entries...|MToolsFilter\n"
-            "&Rectify MP3 Filenames...|MToolsRename\n-\n&Wizards...|MToolsWizards\n &Generate Report...|MToolsReport\n"
-            " &Autocreate M3U's...|MToolsM3UWiz\n &Create MP3 CD-ROM...|MToolsMP3CDWiz\n-\n&Plugins|MToolsPlugins\n" +
-                plugins +
-                "-\nBookmarks|MToolsBookmark\n Add Selected Items...|MToolsBookmarkAdd\n -\n"
-                " Import/Edit Category|MToolsBookmarkImport\n-|splug\nW&inAmp...|MToolsWinamp\n"
-                " Import WinAmp Bookmark File|MToolsLoadWinamp\n Save As WinAmp Bookmark File|MToolsSaveWinamp\n"
-                " Use different Bookmark File|MToolsLocWinamp\n -\n"
-                " Shutdown PC when WinAmp stops playing...|MToolsWinampShutDown\n-|s101\n"
-                "Shortcuts...|MToolsShortCut\n Find Files...|MToolsShortCutFind\n Explorer...|MToolsShortCutExplore\n"
-                " Volume Control...|MToolsShortCutVolume\n-\nPreferences...|MToolOptions\n");
+  EXPECT_EQ(
+      Tree("MTools"),
+      "&Search Playlist...|MToolsSearch\n&Purge Playlist Entries...|MToolsFilter\n"
+      "&Rectify MP3 Filenames...|MToolsRename\n-\n&Wizards...|MToolsWizards\n &Generate Report...|MToolsReport\n"
+      " &Autocreate M3U's...|MToolsM3UWiz\n &Create MP3 CD-ROM...|MToolsMP3CDWiz\n-\n&Plugins|MToolsPlugins\n" +
+          plugins +
+          "-\nBookmarks|MToolsBookmark\n Add Selected Items...|MToolsBookmarkAdd\n -\n"
+          " Import/Edit Category|MToolsBookmarkImport\n-|splug\nW&inAmp...|MToolsWinamp\n"
+          " Import WinAmp Bookmark File|MToolsLoadWinamp\n Save As WinAmp Bookmark File|MToolsSaveWinamp\n"
+          " Use different Bookmark File|MToolsLocWinamp\n -\n"
+          " Shutdown PC when WinAmp stops playing...|MToolsWinampShutDown\n-|s101\n"
+          "Shortcuts...|MToolsShortCut\n Find Files...|MToolsShortCutFind\n Explorer...|MToolsShortCutExplore\n"
+          " Volume Control...|MToolsShortCutVolume\n-\nPreferences...|MToolOptions\n");
 }
 
 TEST_F(MenuTest, NamesTheEntriesOfHelp) {
-  EXPECT_EQ(Tree("MHelp"),
-            "&Help|MHelpHelp\nQuick Guide...|MHelpQuickguide\nRead Me File...|MHelpReadme\n-\n"
-            "&Tip of the Day|MHelpTip\n-\nVisit Velmora &Website|MHelpWebsite\n-\nCheck for an Update...|MHelpUpdate\n"
-            "-\n&About|MHelpAbout\n");
+  EXPECT_EQ(
+      Tree("MHelp"),
+      "&Help|MHelpHelp\nQuick Guide...|MHelpQuickguide\nRead Me File...|MHelpReadme\n-\n"
+      "&Tip of the Day|MHelpTip\n-\nVisit Velmora &Website|MHelpWebsite\n-\nCheck for an Update...|MHelpUpdate\n"
+      "-\n&About|MHelpAbout\n");
 }
 
 TEST_F(MenuTest, KeepsTheToolbarsOwnMenuOutOfTheBar) {
@@ -99,7 +101,8 @@ TEST_F(MenuTest, KeepsTheToolbarsOwnMenuOutOfTheBar) {
 TEST_F(MenuTest, ShowsOnePluginEntryThatSaysThereAreNone) {
   std::string shown;
   for (const QAction* entry : Menu("MToolsPlugins")->actions()) {
-    if (entry->isVisible()) shown += entry->objectName().toStdString() + (entry->isEnabled() ? " enabled" : " disabled");
+    if (entry->isVisible())
+      shown += entry->objectName().toStdString() + (entry->isEnabled() ? " enabled" : " disabled");
   }
   EXPECT_EQ(shown, "plug9 disabled");
 }
@@ -107,7 +110,8 @@ TEST_F(MenuTest, ShowsOnePluginEntryThatSaysThereAreNone) {
 TEST_F(MenuTest, LeavesWhatHasNoToolYetDisabledWhateverIsSelected) {
   window.drives.Write("a.mp3", kNoise);
   window.Add("c:\\a.mp3");
-  for (const char* name : {"MEditId3", "MToolsSearch", "MToolsBookmarkAdd", "MToolOptions", "MHelpHelp", "MHelpAbout"}) {
+  for (const char* name :
+       {"MEditId3", "MToolsSearch", "MToolsBookmarkAdd", "MToolOptions", "MHelpHelp", "MHelpAbout"}) {
     EXPECT_FALSE(window.Action(name)->isEnabled()) << name;
     EXPECT_FALSE(window.Action(name)->statusTip().isEmpty()) << name;
   }

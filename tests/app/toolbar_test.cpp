@@ -20,9 +20,7 @@ class ToolbarTest : public testing::Test {
   QAction* Button(const char* key) {
     return window.main->findChild<QAction*>(QStringLiteral("Toolbar1 %1").arg(QString::fromUtf8(key)));
   }
-  void Press(const char* key) {
-    QTest::mouseClick(Bar().widgetForAction(Button(key)), Qt::LeftButton);
-  }
+  void Press(const char* key) { QTest::mouseClick(Bar().widgetForAction(Button(key)), Qt::LeftButton); }
   // Keys of the buttons from left to right, "|" for a gap.
   std::string Shown() {
     std::string keys;
@@ -122,7 +120,8 @@ TEST_F(ToolbarTest, IsCustomisedByADoubleClickAndStaysSo) {
     form.accept();
   });
   const std::string wanted =
-      "Open;New;Save;|Add Items;Remove Items;|Move Items Up;Move Items Down;|Play Items;Preview Playlist;Edit Id3 Tag;|"
+      "Open;New;Save;|Add Items;Remove Items;|Move Items Up;Move Items Down;|Play Items;Preview Playlist;Edit Id3 "
+      "Tag;|"
       "Tools Drop Down;||";
   EXPECT_EQ(Shown(), wanted);
   EXPECT_EQ(window.store.GetSetting("QUBLET2021", "PS", "Toolbar1"),
