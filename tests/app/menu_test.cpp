@@ -135,6 +135,7 @@ TEST_F(MenuTest, GivesNoKeyTwice) {
 }
 
 TEST_F(MenuTest, TakesItsKeysAlsoWhileTheMenusAreHidden) {
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.main.get()));
   window.drives.Write("a.mp3", kNoise);
   window.Add("c:\\a.mp3");
   window.Run("MEditSelNone");
