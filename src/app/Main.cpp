@@ -24,7 +24,8 @@ namespace qublet {
 namespace {
 
 constexpr int kPluginRoom = 9;
-constexpr int kTipDelay = 200;  // milliseconds
+constexpr int kTipDelay = 200;      // milliseconds
+constexpr int kRoomBelowMenus = 2;  // pixels
 
 }  // namespace
 
@@ -361,6 +362,13 @@ void Main::ShowBars() {
   StatusBar1->setVisible(settings_.SA);
   entries_.value(QStringLiteral("MViewToolbar"))->setChecked(settings_.TA);
   entries_.value(QStringLiteral("MViewStatusBar"))->setChecked(settings_.SA);
+  Relayout();
+}
+
+// The bars are laid out by the toolkit; the list keeps a little room below the menus where no toolbar stands.
+void Main::Relayout() {
+  const bool below_toolbar = settings_.TA && settings_.Align == 1;
+  ClientLayout->setContentsMargins(0, below_toolbar ? 0 : kRoomBelowMenus, 0, 0);
 }
 
 void Main::CopyState(AppSettings& settings) {

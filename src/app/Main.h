@@ -140,7 +140,7 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   ColumnWidths DefColumnWidths() const override;
   ScreenSize Screen() const override;
   void ShowRecentFiles() override { RefreshRecentMenu(); }
-  void Relayout() override {}
+  void Relayout() override;
 
   Document& document_;
   AppSettings& settings_;

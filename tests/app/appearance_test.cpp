@@ -1,9 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <QHeaderView>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStatusBar>
 #include <QToolButton>
 
 #include "app/appearance.h"
+#include "app/placement.h"
 #include "support/main_window.h"
 
 namespace qublet {
@@ -126,6 +130,36 @@ TEST_F(Appearance, StandsTheToolbarAtTheWantedEdge) {
   window.store.SaveSetting("QUBLET2021", "ToolB", "Align", "2");
   window.Restart();
   EXPECT_EQ(window.main->toolBarArea(window.main->findChild<Toolbar*>("Toolbar1")), Qt::BottomToolBarArea);
+}
+
+TEST_F(Appearance, GivesTheListAllThatTheBarsLeave) {
+  StartWith({{"ToolB", "Align", "1"}});
+  auto* toolbar = window.main->findChild<Toolbar*>("Toolbar1");
+  auto* status_bar = window.main->findChild<QStatusBar*>("StatusBar1");
+  const auto place_of_list = [&] {
+    QCoreApplication::processEvents();
+    return QRect(window.List().mapTo(window.main.get(), QPoint()), window.List().size());
+  };
+  EXPECT_EQ(place_of_list().top(), toolbar->geometry().bottom() + 1);
+  EXPECT_EQ(place_of_list().bottom() + 1, status_bar->geometry().top());
+  EXPECT_EQ(place_of_list().width(), window.main->width());
+  window.Run("MViewToolbar");
+  EXPECT_EQ(place_of_list().top(), window.main->menuBar()->height() + 2);
+  window.Run("MViewStatusBar");
+  EXPECT_EQ(place_of_list().bottom() + 1, window.main->height());
+}
+
+TEST_F(Appearance, PutsNewWindowsBesideTheMainWindow) {
+  StartWith({});
+  window.main->setGeometry(400, 40, 200, 200);
+  QCoreApplication::processEvents();
+  QWidget frm;
+  frm.resize(120, 90);
+  window.main->PositionForm(frm);
+  const QSize frame = window.main->frameGeometry().size() - window.main->size();
+  EXPECT_EQ(frm.pos(), PlaceBeside(window.main->frameGeometry(), frm.size() + frame,
+                                   window.main->screen()->geometry(), QPoint()));
+  EXPECT_NE(frm.pos(), QPoint());
 }
 
 TEST_F(Appearance, RaisesTheButtonsWhenTheyAreNotFlat) {

@@ -99,7 +99,8 @@ class Pictures {
     window_.Run("MEditSelNone");
     for (const int row : rows) {
       const QModelIndex index = window_.List().model()->index(row - 1, 0);
-      window_.List().selectionModel()->setCurrentIndex(index, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+      window_.List().selectionModel()->setCurrentIndex(index,
+                                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
     }
   }
   void Open() {
