@@ -1,9 +1,10 @@
-// What we make of tags, for other programs to judge.
+// What we make of tags, for other programs to judge:
 //
-// tag_tool read FILE...           a line of JSON a file
-// tag_tool same FILE...           takes every value out and puts it back in, as the editor does, then writes both
-// tags tag_tool set ID TEXT FILE...    the same with one frame changed; ID may also be V1Title, Mood, Comment or
-// Cover tag_tool remove v1|v2 FILE...
+//   tag_tool read FILE...           a line of JSON a file
+//   tag_tool same FILE...           takes every value out and puts it back in, as the editor does, then writes both
+//                                   tags
+//   tag_tool set ID TEXT FILE...    the same with one frame changed; ID may also be V1Title, Mood, Comment or Cover
+//   tag_tool remove v1|v2 FILE...
 //
 // The exit code is 1 when a file failed, and its path goes to the standard error output.
 
@@ -13,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/json_text.h"
 #include "media/tag_file.h"
 #include "media/tag_object.h"
 
@@ -22,40 +24,25 @@ namespace {
 constexpr const char* kFrames[] = {"TIT2", "TPE1", "TALB", "TYER", "TRCK", "TCON", "TCOM",
                                    "TOPE", "TCOP", "TENC", "WXXX", "WOAR", "TXXX", "USLT"};
 
-std::string Json(const std::string& text) {
-  std::string json = "\"";
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (c == '"' || c == '\\') json += '\\';
-    if (byte >= 0x20) {
-      json += c;
-    } else {
-      constexpr char kDigits[] = "0123456789abcdef";
-      json += std::string("\\u00") + kDigits[byte >> 4] + kDigits[byte & 15];
-    }
-  }
-  return json + "\"";
-}
-
 void PrintTags(const TagObject& tag) {
-  std::cout << "{\"has_v1\": " << (tag.HasID3v1() ? "true" : "false") << ", \"v1\": [" << Json(tag.V1Title()) << ", "
-            << Json(tag.V1Artist()) << ", " << Json(tag.V1Album()) << ", " << Json(tag.V1Year()) << ", "
-            << Json(tag.V1Comment()) << ", " << int{tag.V1Track()} << ", " << int{tag.V1Genre()}
+  std::cout << "{\"has_v1\": " << (tag.HasID3v1() ? "true" : "false") << ", \"v1\": [" << JsonText(tag.V1Title()) << ", "
+            << JsonText(tag.V1Artist()) << ", " << JsonText(tag.V1Album()) << ", " << JsonText(tag.V1Year()) << ", "
+            << JsonText(tag.V1Comment()) << ", " << int{tag.V1Track()} << ", " << int{tag.V1Genre()}
             << "], \"has_v2\": " << (tag.HasID3v2() ? "true" : "false") << ", \"frames\": {";
   for (const char* id : kFrames)
-    std::cout << (id == kFrames[0] ? "" : ", ") << Json(id) << ": " << Json(tag.Frame(id));
-  std::cout << "}, \"properties\": [" << Json(tag.Preference()) << ", " << Json(tag.Mood()) << ", "
-            << Json(tag.Tempo()) << ", " << Json(tag.Situation()) << "], \"comments\": [";
+    std::cout << (id == kFrames[0] ? "" : ", ") << JsonText(id) << ": " << JsonText(tag.Frame(id));
+  std::cout << "}, \"properties\": [" << JsonText(tag.Preference()) << ", " << JsonText(tag.Mood()) << ", "
+            << JsonText(tag.Tempo()) << ", " << JsonText(tag.Situation()) << "], \"comments\": [";
   const char* separator = "";
   for (const TagComment& comment : tag.Comments()) {
-    std::cout << separator << "[" << Json(comment.description) << ", " << Json(comment.text) << "]";
+    std::cout << separator << "[" << JsonText(comment.description) << ", " << JsonText(comment.text) << "]";
     separator = ", ";
   }
   std::cout << "], \"images\": [";
   separator = "";
   for (const TagPicture& picture : tag.Images()) {
-    std::cout << separator << "[" << Json(picture.description) << ", " << picture.data.size() << ", "
-              << Json(picture.mime_type) << "]";
+    std::cout << separator << "[" << JsonText(picture.description) << ", " << picture.data.size() << ", "
+              << JsonText(picture.mime_type) << "]";
     separator = ", ";
   }
   std::cout << "]}\n";

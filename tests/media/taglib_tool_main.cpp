@@ -19,23 +19,14 @@
 #include <string>
 #include <vector>
 
+#include "cli/json_text.h"
+
 using namespace TagLib;
 
 namespace {
 
 std::string Json(const String& text) {
-  std::string json = "\"";
-  for (const char c : text.to8Bit(true)) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (c == '"' || c == '\\') json += '\\';
-    if (byte >= 0x20) {
-      json += c;
-    } else {
-      constexpr char kDigits[] = "0123456789abcdef";
-      json += std::string("\\u00") + kDigits[byte >> 4] + kDigits[byte & 15];
-    }
-  }
-  return json + "\"";
+  return qublet::JsonText(text.to8Bit(true));
 }
 
 template <typename Kind>
