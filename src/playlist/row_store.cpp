@@ -10,37 +10,32 @@ std::size_t RowStore::Place(int index) const {
   return static_cast<std::size_t>(index - 1);
 }
 
-void RowStore::TellChanged(int first, int last) {
-  if (bulk_ > 0) {
-    bulk_first_ = bulk_first_ == 0 ? first : std::min(bulk_first_, first);
-    bulk_last_ = std::max(bulk_last_, last);
-  } else if (listener_ != nullptr) {
-    listener_->RowsChanged(first, last);
-  }
+void RowStore::SetListener(RowListener* listener) {
+  listener_ = listener;
+  told_count_ = Count();
 }
 
-bool RowStore::BeginStructureChange() {
-  if (bulk_ == 0) return listener_ != nullptr;
-  if (!bulk_reset_ && listener_ != nullptr) listener_->BeforeReset();
-  bulk_reset_ = true;
-  return false;
+void RowStore::NoteChanged(int first, int last) {
+  news_.first = news_.first == 0 ? first : std::min(news_.first, first);
+  news_.last = std::max(news_.last, last);
 }
 
 void RowStore::EndBulk() {
   if (--bulk_ > 0) return;
-  const bool reset = std::exchange(bulk_reset_, false);
-  const bool focus = std::exchange(bulk_focus_, false);
-  const int show = std::exchange(bulk_show_, 0);
-  const int first = std::exchange(bulk_first_, 0);
-  const int last = std::exchange(bulk_last_, 0);
-  if (listener_ == nullptr) return;
-  if (reset) {
-    listener_->AfterReset();
-  } else if (first > 0) {
-    listener_->RowsChanged(first, std::min(last, Count()));
-  }
-  if (focus || reset) listener_->FocusMoved();
-  if (show > 0 && show <= Count()) listener_->ShowRow(show);
+  const News news = std::exchange(news_, {});
+  if (listener_ != nullptr) Tell(news);
+}
+
+void RowStore::Tell(const News& news) {
+  const int count = Count();
+  const int before = std::exchange(told_count_, count);
+  // The focus is never told to be on a row that isn't there yet, nor left on one that goes.
+  if (count > before) listener_->CountChanged(count);
+  if (news.focus) listener_->FocusMoved();
+  if (count < before) listener_->CountChanged(count);
+  const int last = std::min({news.last, before, count});
+  if (news.first > 0 && news.first <= last) listener_->RowsChanged(news.first, last);
+  if (news.show > 0 && news.show <= count) listener_->ShowRow(news.show);
 }
 
 void RowStore::Insert(int index, std::vector<Row> rows) {
@@ -53,47 +48,49 @@ void RowStore::Insert(int index, std::vector<Row> rows) {
   fresh.reserve(rows.size());
   for (Row& row : rows) fresh.push_back(std::make_unique<Row>(std::move(row)));
 
-  const bool tell = BeginStructureChange();
-  if (tell) listener_->BeforeInsert(index, count);
+  const Bulk bulk(*this);
   rows_.insert(rows_.begin() + (index - 1), std::make_move_iterator(fresh.begin()),
                std::make_move_iterator(fresh.end()));
-  if (focused_ >= index) focused_ += count;
-  if (tell) listener_->AfterInsert();
+  NoteChanged(index, MaxRows);
+  if (focused_ >= index) MoveFocus(focused_ + count);
 }
 
 void RowStore::Remove(int index) {
   const std::size_t place = Place(index);
-  const bool tell = BeginStructureChange();
-  if (tell) listener_->BeforeRemove(index, 1);
+  const Bulk bulk(*this);
   rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(place));
-  if (tell) listener_->AfterRemove();
+  NoteChanged(index, MaxRows);
   // The focus of the row itself falls to the next one.
   if (focused_ >= index) MoveFocus(std::min(focused_ > index ? focused_ - 1 : index, Count()));
 }
 
 int RowStore::RemoveIf(const std::function<bool(const Row&)>& doomed) {
-  if (std::none_of(rows_.begin(), rows_.end(), [&](const auto& row) { return doomed(*row); })) return 0;
-  Bulk bulk(*this);
-  BeginStructureChange();
   std::size_t kept = 0;
+  int first = 0;
   int focus = 0;
   for (std::size_t i = 0; i < rows_.size(); ++i) {
+    const int index = static_cast<int>(i) + 1;
     // The focus of a row that goes falls to the next one that stays.
-    if (static_cast<int>(i) + 1 == focused_) focus = static_cast<int>(kept) + 1;
-    if (!doomed(*rows_[i])) std::swap(rows_[kept++], rows_[i]);
+    if (index == focused_) focus = static_cast<int>(kept) + 1;
+    if (!doomed(*rows_[i])) {
+      std::swap(rows_[kept++], rows_[i]);
+    } else if (first == 0) {
+      first = index;
+    }
   }
+  if (first == 0) return 0;
   const int gone = Count() - static_cast<int>(kept);
+  const Bulk bulk(*this);
   rows_.resize(kept);
-  MoveFocus(std::min(focus, Count()));
+  NoteChanged(first, MaxRows);
+  if (focused_ > 0) MoveFocus(std::min(focus, Count()));
   return gone;
 }
 
 void RowStore::Clear() {
-  if (rows_.empty()) return;
-  Bulk bulk(*this);
-  BeginStructureChange();
+  const Bulk bulk(*this);
   rows_.clear();
-  focused_ = 0;
+  if (focused_ > 0) MoveFocus(0);
 }
 
 void RowStore::Reorder(const std::vector<int>& order) {
@@ -119,42 +116,46 @@ void RowStore::Reorder(const std::vector<int>& order) {
   }
   rows_ = std::move(moved);
   if (first == 0) return;
-  Bulk bulk(*this);
-  TellChanged(first, last);
+  const Bulk bulk(*this);
+  NoteChanged(first, last);
   if (focus != focused_) MoveFocus(focus);
 }
 
 void RowStore::SetCell(int index, int column, std::string text) {
   if (column < 0 || column >= kColumnCount) throw Failure("no such column");
+  const Bulk bulk(*this);
   rows_[Place(index)]->cells[static_cast<std::size_t>(column)] = std::move(text);
-  TellChanged(index, index);
+  NoteChanged(index, index);
 }
 
 void RowStore::SetIcon(int index, RowIcon icon) {
+  const Bulk bulk(*this);
   rows_[Place(index)]->icon = icon;
-  TellChanged(index, index);
+  NoteChanged(index, index);
 }
 
 void RowStore::SetGhosted(int index, bool ghosted) {
+  const Bulk bulk(*this);
   rows_[Place(index)]->ghosted = ghosted;
-  TellChanged(index, index);
+  NoteChanged(index, index);
 }
 
 void RowStore::SetSelected(int index, bool selected) {
   Row& row = *rows_[Place(index)];
   if (row.selected == selected) return;
+  const Bulk bulk(*this);
   row.selected = selected;
-  TellChanged(index, index);
+  NoteChanged(index, index);
 }
 
 void RowStore::SelectWhere(const std::function<bool(int index, const Row& row)>& wanted) {
-  Bulk bulk(*this);
+  const Bulk bulk(*this);
   int index = 0;
   for (const std::unique_ptr<Row>& row : rows_) {
     const bool selected = wanted(++index, *row);
     if (selected == row->selected) continue;
     row->selected = selected;
-    TellChanged(index, index);
+    NoteChanged(index, index);
   }
 }
 
@@ -163,23 +164,20 @@ int RowStore::SelectedCount() const {
 }
 
 void RowStore::SwapRows(int a, int b) {
-  Bulk bulk(*this);
+  const Bulk bulk(*this);
   std::unique_ptr<Row>& first = rows_[Place(a)];
   std::unique_ptr<Row>& second = rows_[Place(b)];
   std::swap(first, second);
   std::swap(first->selected, second->selected);
   second->selected = true;
-  TellChanged(std::min(a, b), std::max(a, b));
+  NoteChanged(std::min(a, b), std::max(a, b));
   EnsureVisible(b);
 }
 
 void RowStore::MoveFocus(int index) {
+  const Bulk bulk(*this);
   focused_ = index;
-  if (bulk_ > 0) {
-    bulk_focus_ = true;
-  } else if (listener_ != nullptr) {
-    listener_->FocusMoved();
-  }
+  news_.focus = true;
 }
 
 void RowStore::SetFocusedRow(int index) {
@@ -188,12 +186,10 @@ void RowStore::SetFocusedRow(int index) {
 }
 
 void RowStore::EnsureVisible(int index) {
-  SetFocusedRow(static_cast<int>(Place(index)) + 1);
-  if (bulk_ > 0) {
-    bulk_show_ = index;
-  } else if (listener_ != nullptr) {
-    listener_->ShowRow(index);
-  }
+  Place(index);
+  const Bulk bulk(*this);
+  SetFocusedRow(index);
+  news_.show = index;
 }
 
 }  // namespace qublet

@@ -28,16 +28,12 @@ struct Row {
   std::string FullPath() const { return cells[kPath] + cells[kFileName]; }
 };
 
-// Who shows the rows hears of each change here. A Before call is always followed by its After call.
+// Who shows the rows hears of each change here, after it is made. Rows are told apart by what they hold alone: when
+// some come or go in the middle, others are at the end or no longer there, and the ones between have changed.
 class RowListener {
  public:
   virtual ~RowListener() = default;
-  virtual void BeforeInsert(int first, int count) = 0;
-  virtual void AfterInsert() = 0;
-  virtual void BeforeRemove(int first, int count) = 0;
-  virtual void AfterRemove() = 0;
-  virtual void BeforeReset() = 0;
-  virtual void AfterReset() = 0;
+  virtual void CountChanged(int count) = 0;           // rows came at the end or went from it
   virtual void RowsChanged(int first, int last) = 0;  // cells, icons or selection of these rows
   virtual void FocusMoved() = 0;
   virtual void ShowRow(int index) = 0;  // scroll so that the row can be seen
@@ -53,7 +49,7 @@ class RowStore {
   RowStore(const RowStore&) = delete;
   RowStore& operator=(const RowStore&) = delete;
 
-  void SetListener(RowListener* listener) { listener_ = listener; }
+  void SetListener(RowListener* listener);
 
   int Count() const { return static_cast<int>(rows_.size()); }
   const Row& At(int index) const { return *rows_[Place(index)]; }
@@ -62,7 +58,7 @@ class RowStore {
   // fit; nothing is inserted then.
   void Insert(int index, std::vector<Row> rows);
   void Remove(int index);
-  // Removes every row that `doomed` names (it may be asked twice); gives how many went. Linear in the rows.
+  // Removes every row that `doomed` names; gives how many went. Linear in the rows.
   int RemoveIf(const std::function<bool(const Row&)>& doomed);
   void Clear();
   // Row k becomes what row `order[k - 1]` was. Rows take their selected states along, the focus stays with its row;
@@ -99,21 +95,26 @@ class RowStore {
   };
 
  private:
+  // What the listener has to hear when the outermost Bulk ends.
+  struct News {
+    int first = 0;  // 0: no row has changed
+    int last = 0;
+    bool focus = false;
+    int show = 0;
+  };
+
   std::size_t Place(int index) const;
-  void TellChanged(int first, int last);
-  bool BeginStructureChange();  // true when the listener is to hear of this change by itself
+  void NoteChanged(int first, int last);
   void MoveFocus(int index);
   void EndBulk();
+  void Tell(const News& news);
 
   std::vector<std::unique_ptr<Row>> rows_;
   RowListener* listener_ = nullptr;
+  int told_count_ = 0;
   int focused_ = 0;
   int bulk_ = 0;
-  bool bulk_reset_ = false;
-  bool bulk_focus_ = false;
-  int bulk_show_ = 0;
-  int bulk_first_ = 0;  // 0: nothing changed yet
-  int bulk_last_ = 0;
+  News news_;
 };
 
 }  // namespace qublet

@@ -29,7 +29,7 @@ QString SpokenText(const Row& row, int column, const QString& cell) {
 
 }  // namespace
 
-RowModel::RowModel(RowStore& rows, QObject* parent) : QAbstractTableModel(parent), rows_(rows) {
+RowModel::RowModel(RowStore& rows, QObject* parent) : QAbstractTableModel(parent), rows_(rows), count_(rows.Count()) {
   rows_.SetListener(this);
 }
 
@@ -38,7 +38,7 @@ RowModel::~RowModel() {
 }
 
 int RowModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : rows_.Count();
+  return parent.isValid() ? 0 : count_;
 }
 
 int RowModel::columnCount(const QModelIndex& parent) const {
@@ -78,12 +78,16 @@ QVariant RowModel::headerData(int section, Qt::Orientation orientation, int role
   return {};
 }
 
-void RowModel::BeforeInsert(int first, int count) {
-  beginInsertRows({}, first - 1, first + count - 2);
-}
-
-void RowModel::BeforeRemove(int first, int count) {
-  beginRemoveRows({}, first - 1, first + count - 2);
+void RowModel::CountChanged(int count) {
+  if (count > count_) {
+    beginInsertRows({}, count_, count - 1);
+    count_ = count;
+    endInsertRows();
+  } else {
+    beginRemoveRows({}, count, count_ - 1);
+    count_ = count;
+    endRemoveRows();
+  }
 }
 
 void RowModel::RowsChanged(int first, int last) {

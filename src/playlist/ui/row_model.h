@@ -29,17 +29,13 @@ class RowModel : public QAbstractTableModel, private RowListener {
   void showRow(int row);
 
  private:
-  void BeforeInsert(int first, int count) override;
-  void AfterInsert() override { endInsertRows(); }
-  void BeforeRemove(int first, int count) override;
-  void AfterRemove() override { endRemoveRows(); }
-  void BeforeReset() override { beginResetModel(); }
-  void AfterReset() override { endResetModel(); }
+  void CountChanged(int count) override;
   void RowsChanged(int first, int last) override;
   void FocusMoved() override { emit focusMoved(rows_.FocusedRow()); }
   void ShowRow(int index) override { emit showRow(index); }
 
   RowStore& rows_;
+  int count_;  // what the views know of
   RowIcons icons_;
 };
 
