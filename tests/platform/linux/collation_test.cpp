@@ -2,8 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <locale.h>
+#include <string.h>
+
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
+#include <random>
 #include <vector>
 
 namespace qublet {
@@ -52,6 +57,43 @@ TEST_F(CollationTest, IgnoresCaseInEveryScript) {
     EXPECT_EQ(collation->Key("\u041F\u0440\u0438"), collation->Key("\u043F\u0420\u0418")) << locale;
     EXPECT_EQ(collation->Key("\U00010400"), collation->Key("\U00010428")) << locale;
   }
+}
+
+// A text of printable ASCII, of any length up to a long file name's.
+std::string RandomText(std::mt19937& random) {
+  std::string text(random() % 300, ' ');
+  for (char& c : text) c = static_cast<char>(' ' + random() % 95);
+  return text;
+}
+
+// The key of the C library itself, of the text in small letters.
+std::string KeyOfTheLibrary(std::string text, const char* name) {
+  for (char& c : text) c = static_cast<char>(std::tolower(c));
+  locale_t locale = newlocale(LC_ALL_MASK, name, nullptr);
+  if (locale == nullptr) locale = newlocale(LC_ALL_MASK, "C", nullptr);
+  std::string key(strxfrm_l(nullptr, text.c_str(), 0, locale) + 1, ' ');
+  strxfrm_l(key.data(), text.c_str(), key.size(), locale);
+  key.pop_back();
+  freelocale(locale);
+  return key;
+}
+
+// A language that this system doesn't know counts as "C". In Czech and Hungarian some letters stand together for one.
+TEST_F(CollationTest, GivesAsciiTextsTheKeysOfTheLibrary) {
+  std::mt19937 random(2);
+  for (const char* locale : {"C.UTF-8", "C", "en_US.UTF-8", "de_DE.UTF-8", "cs_CZ.UTF-8", "hu_HU.UTF-8"}) {
+    const auto collation = CollationOf(locale);
+    EXPECT_EQ(collation->Key(""), KeyOfTheLibrary("", locale)) << locale;
+    for (int i = 0; i < 300; ++i) {
+      const std::string text = RandomText(random);
+      ASSERT_EQ(collation->Key(text), KeyOfTheLibrary(text, locale)) << locale << ": " << text;
+    }
+  }
+}
+
+TEST_F(CollationTest, PutsAsciiTextsAndOthersIntoOneOrder) {
+  const auto collation = CollationOf("C.UTF-8");
+  EXPECT_EQ(Sorted(*collation, {"\u00DCber", "zu", "Uhr", "\u00FCb"}), (Texts{"Uhr", "zu", "\u00FCb", "\u00DCber"}));
 }
 
 TEST_F(CollationTest, PutsLettersInTheirOrder) {
