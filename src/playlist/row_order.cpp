@@ -4,7 +4,10 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <functional>
+#include <future>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "playlist/paths/numbers.h"
@@ -89,14 +92,26 @@ void SortByKeys(RowStore& rows, std::vector<KeyedRow<Key>> keyed, bool descendin
   rows.Reorder(order);
 }
 
+// Calls `work` with parts of the rows from `first` to `last`, at the same time on each core.
+void InParts(int first, int last, const std::function<void(int first, int last)>& work) {
+  const int cores = static_cast<int>(std::max(1U, std::thread::hardware_concurrency()));
+  const int share = (last - first) / cores + 1;
+  std::vector<std::future<void>> helpers;
+  for (; last - first >= share; first += share) helpers.push_back(std::async(work, first, first + share - 1));
+  work(first, last);
+  for (std::future<void>& helper : helpers) helper.get();
+}
+
 std::vector<std::string> KeysOf(const RowStore& rows, int lncol, const Collation& collation) {
-  std::vector<std::string> keys;
-  keys.reserve(static_cast<std::size_t>(rows.Count()));
-  for (int i = 1; i <= rows.Count(); ++i) {
-    // Neighbours are often alike: the folder of an album, the rate of a collection.
-    const bool alike = i > 1 && CellOf(rows, i, lncol) == CellOf(rows, i - 1, lncol);
-    keys.push_back(alike ? keys.back() : collation.Key(CellOf(rows, i, lncol)));
-  }
+  std::vector<std::string> keys(static_cast<std::size_t>(rows.Count()));
+  InParts(1, rows.Count(), [&](int first, int last) {
+    for (int i = first; i <= last; ++i) {
+      // Neighbours are often alike: the folder of an album, the rate of a collection.
+      const bool alike = i > first && CellOf(rows, i, lncol) == CellOf(rows, i - 1, lncol);
+      const auto place = static_cast<std::size_t>(i - 1);
+      keys[place] = alike ? keys[place - 1] : collation.Key(CellOf(rows, i, lncol));
+    }
+  });
   return keys;
 }
 
