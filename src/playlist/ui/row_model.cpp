@@ -45,6 +45,15 @@ int RowModel::columnCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : kColumnCount;
 }
 
+QModelIndex RowModel::index(int row, int column, const QModelIndex& parent) const {
+  const bool here = row >= 0 && row < count_ && column >= 0 && column < kColumnCount && !parent.isValid();
+  return here ? createIndex(row, column) : QModelIndex();
+}
+
+Qt::ItemFlags RowModel::flags(const QModelIndex& index) const {
+  return index.isValid() ? Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren : Qt::NoItemFlags;
+}
+
 QVariant RowModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || index.row() >= rows_.Count()) return {};
   const Row& row = rows_.At(index.row() + 1);

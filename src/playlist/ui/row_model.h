@@ -21,6 +21,9 @@ class RowModel : public QAbstractTableModel, private RowListener {
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
+  // The views ask both for every row whenever rows come or go: answered here without the base class's detours.
+  QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
