@@ -21,6 +21,7 @@ SplashFrm::SplashFrm(std::function<void(QWidget& splash)> ShowMain)
     move(screen->availableGeometry().center() - rect().center());
   }
   Timer1.setInterval(200);
+  Timer1.setTimerType(Qt::PreciseTimer);
   Timer1.setSingleShot(true);
   connect(&Timer1, &QTimer::timeout, this, &SplashFrm::Timer1_Timer);
   Timer1.start();

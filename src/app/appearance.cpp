@@ -35,8 +35,9 @@ void ApplyListLook(const AppSettings& settings, RowList& list) {
   font.setBold(settings.Bold);
   font.setStrikeOut(settings.Strikethrough);
   font.setUnderline(settings.Underline);
-  list.setFont(font);
+  // First, so that the header isn't measured in the list's font.
   list.header()->setFont(OwnFont(QGuiApplication::font()));
+  list.setFont(font);
 
   list.SetGridLines(settings.GRID);
   list.SetHotTracking(settings.HOTTRACK);

@@ -82,11 +82,13 @@ int Start(House& house, QApplication& application, const std::string& command_li
   house.store = OpenSettingsStore();
   house.startup = OpenStartupEntries(*house.files);
   SplashFrm splash([&](QWidget& window) {
-    MakeMain(house);
     house.main->Load(command_line, &window);
     house.main->show();
   });
   splash.show();
+  // The splash window stands for a while by design; the main window is made meanwhile.
+  QCoreApplication::processEvents();
+  MakeMain(house);
   return application.exec();
 }
 
