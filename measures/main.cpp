@@ -5,7 +5,8 @@
 #ifdef QUBLET_MEASURES_WINDOWS
 #include <QApplication>
 
-#include "repaint_measures.h"
+#include "start_measures.h"
+#include "window_measures.h"
 #endif
 
 namespace qublet::measures {
@@ -22,7 +23,8 @@ int Main(int argc, char** argv) {
   // Painted in memory, as fast as this machine can, whatever display it has.
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
-  add(RepaintMeasures());
+  add(WindowMeasures());
+  add(StartMeasures());
 #endif
   return RunMeasures(table, {argv + 1, argv + argc});
 }

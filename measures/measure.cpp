@@ -29,13 +29,20 @@ Medians TakeTurns(const Contest& contest) {
   return {Median(ours), Median(floor)};
 }
 
+std::string Text(double value, Unit unit) {
+  char text[64];
+  const bool bytes = unit == Unit::kBytes;
+  std::snprintf(text, sizeof text, bytes ? "%.0f bytes" : "%.2f ms", bytes ? value : value * 1000);
+  return text;
+}
+
 bool Take(const Measure& measure, Workplace& workplace) {
   try {
     const Medians medians = TakeTurns(measure.prepare(workplace));
     const double ratio = medians.ours / medians.floor;
     const bool passes = ratio <= measure.goal;
-    std::printf("%s\t%.2f ms\t%.2f ms\t%.2f\t%.2f\t%s\n", measure.name.c_str(), medians.ours * 1000,
-                medians.floor * 1000, ratio, measure.goal, passes ? "pass" : "FALL SHORT");
+    std::printf("%s\t%s\t%s\t%.2f\t%.2f\t%s\n", measure.name.c_str(), Text(medians.ours, measure.unit).c_str(),
+                Text(medians.floor, measure.unit).c_str(), ratio, measure.goal, passes ? "pass" : "FALL SHORT");
     std::fflush(stdout);
     return passes;
   } catch (const std::exception& error) {

@@ -9,7 +9,8 @@ namespace qublet::measures {
 
 class Workplace;
 
-// Does a job once and gives the seconds that the job itself took, without what had to be laid out for it.
+// Does a job once and gives the seconds that the job itself took, without what had to be laid out for it; or the
+// bytes that it needs.
 using Run = std::function<double()>;
 
 // The same job done by the program and by the least work that this machine can do it with.
@@ -18,10 +19,13 @@ struct Contest {
   Run floor;
 };
 
+enum class Unit { kSeconds, kBytes };
+
 struct Measure {
   std::string name;
   double goal = 1;  // it passes while median of ours / median of floor is not above this
   std::function<Contest(Workplace&)> prepare;
+  Unit unit = Unit::kSeconds;
 };
 
 template <typename Job>
