@@ -25,9 +25,9 @@ constexpr const char* kFrames[] = {"TIT2", "TPE1", "TALB", "TYER", "TRCK", "TCON
                                    "TOPE", "TCOP", "TENC", "WXXX", "WOAR", "TXXX", "USLT"};
 
 void PrintTags(const TagObject& tag) {
-  std::cout << "{\"has_v1\": " << (tag.HasID3v1() ? "true" : "false") << ", \"v1\": [" << JsonText(tag.V1Title()) << ", "
-            << JsonText(tag.V1Artist()) << ", " << JsonText(tag.V1Album()) << ", " << JsonText(tag.V1Year()) << ", "
-            << JsonText(tag.V1Comment()) << ", " << int{tag.V1Track()} << ", " << int{tag.V1Genre()}
+  std::cout << "{\"has_v1\": " << (tag.HasID3v1() ? "true" : "false") << ", \"v1\": [" << JsonText(tag.V1Title())
+            << ", " << JsonText(tag.V1Artist()) << ", " << JsonText(tag.V1Album()) << ", " << JsonText(tag.V1Year())
+            << ", " << JsonText(tag.V1Comment()) << ", " << int{tag.V1Track()} << ", " << int{tag.V1Genre()}
             << "], \"has_v2\": " << (tag.HasID3v2() ? "true" : "false") << ", \"frames\": {";
   for (const char* id : kFrames)
     std::cout << (id == kFrames[0] ? "" : ", ") << JsonText(id) << ": " << JsonText(tag.Frame(id));
