@@ -93,8 +93,9 @@ void Main::BuildRecentMenu() {
     const int number = static_cast<int>(i) + 1;
     MFileRecent[i] = menu->addAction(QString());
     MFileRecent[i]->setObjectName(QStringLiteral("MFileRecent%1").arg(number));
-    connect(MFileRecent[i], &QAction::triggered, this,
-            [this, number] { playlist_files_->MFileRecent_Click(number); });
+    connect(MFileRecent[i], &QAction::triggered, this, [this, number] {
+      if (!feedback_->Busy()) playlist_files_->MFileRecent_Click(number);
+    });
   }
   RefreshRecentMenu();
 }
@@ -183,6 +184,10 @@ void Main::Form_Unload() {
   emit ended();
 }
 
+void Main::Run(void (Main::*handler)()) {
+  if (!feedback_->Busy()) (this->*handler)();
+}
+
 void Main::MFileNew_Click() {
   playlist_files_->MFileNew_Click();
 }
@@ -228,9 +233,9 @@ void Main::MViewStatusBar_Click() {
 void Main::Toolbar1_ButtonClick(const Command& command) {
   const bool saves = command.handler == &Main::MFileSave_Click;
   if (saves && settings_.SActi) {
-    MFileSaveRel_Click();
+    Run(&Main::MFileSaveRel_Click);
   } else if (command.handler != nullptr) {
-    (this->*command.handler)();
+    Run(command.handler);
   } else {
     QToolTip::showText(QCursor::pos(), QString::fromUtf8(command.tip), Toolbar1);
   }

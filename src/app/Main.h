@@ -54,6 +54,9 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   // the last session. `splash` is hidden on the way.
   void Load(const std::string& command_line, QWidget* splash);
 
+  // Runs a command's handler; not while a batch runs, however the command is reached.
+  void Run(void (Main::*handler)());
+
   void MFileNew_Click();
   void MFileOpen_Click();
   void MFileImport_Click();
