@@ -61,6 +61,9 @@ Main::Main(Document& document, AppSettings& settings, Services services, Session
       places.program_folder);
   session_ = std::make_unique<Session>(document_, settings_, *items_, services_.files, services_.store,
                                        services_.startup, std::move(places), window);
+  list_events_ = std::make_unique<ListEvents>(
+      document_, *items_, services_.files, *feedback_, view,
+      ListEvents::Places{*ListView1, *entries_.value(QStringLiteral("MEdit"))->menu(), [this] { Relayout(); }});
   Connect();
 }
 
@@ -126,7 +129,6 @@ void Main::BuildToolbar() {
 
 void Main::Connect() {
   connect(ListView1, &RowList::rowsSelected, this, [this] { ListView1_Click(); });
-  connect(ListView1, &RowList::filesDropped, this, &Main::ListView1_FilesDropped);
   connect(ListView1, &RowList::keyPressed, this, &Main::ListView1_KeyDown);
   connect(ListView1, &RowList::doubleClickedAnywhere, this, [this] { play_->PlayDoubleClicked(); });
   connect(ListView1->header(), &QHeaderView::sectionClicked, this,
@@ -273,21 +275,6 @@ void Main::ListView1_KeyDown(int key) {
   if (key == Qt::Key_Insert) MEditAddDir_Click();
   if (key == Qt::Key_Delete) MEditRemove_Click();
   if (key == Qt::Key_Return || key == Qt::Key_Enter) MEditPlaySel_Click();
-}
-
-void Main::ListView1_FilesDropped(const QStringList& native_paths, QPoint point) {
-  if (feedback_->Busy()) return;
-  document_.Dropping = true;
-  // Going backwards with one insertion point keeps the order of the names.
-  const int at = ListView1->GetRowAtPoint(point.y()) + 1;
-  for (auto path = native_paths.crbegin(); path != native_paths.crend(); ++path) {
-    ResumeNext([&] {
-      int InsertPoint = at;
-      items_->AddStuff(services_.files.FromNative(path->toStdString()), true, InsertPoint);
-    });
-  }
-  document_.Dropping = false;
-  ListView1_Click();
 }
 
 void Main::ListView1_Click() {

@@ -9,6 +9,7 @@
 #include "app/StatusPanel.h"
 #include "app/Toolbar.h"
 #include "app/commands.h"
+#include "app/list_events.h"
 #include "app/play_commands.h"
 #include "app/session.h"
 #include "app/window_feedback.h"
@@ -127,7 +128,6 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   void RegisterAccessoryTools() {}
   void OpenCommandLine(const std::string& command_line);
   void Form_Unload();
-  void ListView1_FilesDropped(const QStringList& native_paths, QPoint point);
   void ListView1_KeyDown(int key);
   void Toolbar1_ButtonClick(const Command& command);
   void Toolbar1_Customise();
@@ -160,6 +160,7 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   std::unique_ptr<ListCommands> list_commands_;
   std::unique_ptr<PlayCommands> play_;
   std::unique_ptr<Session> session_;
+  std::unique_ptr<ListEvents> list_events_;
 };
 
 }  // namespace qublet
