@@ -61,6 +61,9 @@ Main::Main(Document& document, AppSettings& settings, Services services, Session
       places.program_folder);
   session_ = std::make_unique<Session>(document_, settings_, *items_, services_.files, services_.store,
                                        services_.startup, std::move(places), window);
+  list_events_ = std::make_unique<ListEvents>(
+      document_, *items_, services_.files, *feedback_, view,
+      ListEvents::Places{*ListView1, *entries_.value(QStringLiteral("MEdit"))->menu(), [this] { Relayout(); }});
   Connect();
 }
 
@@ -93,8 +96,9 @@ void Main::BuildRecentMenu() {
     const int number = static_cast<int>(i) + 1;
     MFileRecent[i] = menu->addAction(QString());
     MFileRecent[i]->setObjectName(QStringLiteral("MFileRecent%1").arg(number));
-    connect(MFileRecent[i], &QAction::triggered, this,
-            [this, number] { playlist_files_->MFileRecent_Click(number); });
+    connect(MFileRecent[i], &QAction::triggered, this, [this, number] {
+      if (!feedback_->Busy()) playlist_files_->MFileRecent_Click(number);
+    });
   }
   RefreshRecentMenu();
 }
@@ -125,7 +129,6 @@ void Main::BuildToolbar() {
 
 void Main::Connect() {
   connect(ListView1, &RowList::rowsSelected, this, [this] { ListView1_Click(); });
-  connect(ListView1, &RowList::filesDropped, this, &Main::ListView1_FilesDropped);
   connect(ListView1, &RowList::keyPressed, this, &Main::ListView1_KeyDown);
   connect(ListView1, &RowList::doubleClickedAnywhere, this, [this] { play_->PlayDoubleClicked(); });
   connect(ListView1->header(), &QHeaderView::sectionClicked, this,
@@ -183,6 +186,10 @@ void Main::Form_Unload() {
   emit ended();
 }
 
+void Main::Run(void (Main::*handler)()) {
+  if (!feedback_->Busy()) (this->*handler)();
+}
+
 void Main::MFileNew_Click() {
   playlist_files_->MFileNew_Click();
 }
@@ -228,9 +235,9 @@ void Main::MViewStatusBar_Click() {
 void Main::Toolbar1_ButtonClick(const Command& command) {
   const bool saves = command.handler == &Main::MFileSave_Click;
   if (saves && settings_.SActi) {
-    MFileSaveRel_Click();
+    Run(&Main::MFileSaveRel_Click);
   } else if (command.handler != nullptr) {
-    (this->*command.handler)();
+    Run(command.handler);
   } else {
     QToolTip::showText(QCursor::pos(), QString::fromUtf8(command.tip), Toolbar1);
   }
@@ -268,21 +275,6 @@ void Main::ListView1_KeyDown(int key) {
   if (key == Qt::Key_Insert) MEditAddDir_Click();
   if (key == Qt::Key_Delete) MEditRemove_Click();
   if (key == Qt::Key_Return || key == Qt::Key_Enter) MEditPlaySel_Click();
-}
-
-void Main::ListView1_FilesDropped(const QStringList& native_paths, QPoint point) {
-  if (feedback_->Busy()) return;
-  document_.Dropping = true;
-  // Going backwards with one insertion point keeps the order of the names.
-  const int at = ListView1->GetRowAtPoint(point.y()) + 1;
-  for (auto path = native_paths.crbegin(); path != native_paths.crend(); ++path) {
-    ResumeNext([&] {
-      int InsertPoint = at;
-      items_->AddStuff(services_.files.FromNative(path->toStdString()), true, InsertPoint);
-    });
-  }
-  document_.Dropping = false;
-  ListView1_Click();
 }
 
 void Main::ListView1_Click() {

@@ -9,6 +9,7 @@
 #include "app/StatusPanel.h"
 #include "app/Toolbar.h"
 #include "app/commands.h"
+#include "app/list_events.h"
 #include "app/play_commands.h"
 #include "app/session.h"
 #include "app/window_feedback.h"
@@ -53,6 +54,9 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   // Brings the program up to its first picture: stored state, then what the command line names or else the list of
   // the last session. `splash` is hidden on the way.
   void Load(const std::string& command_line, QWidget* splash);
+
+  // Runs a command's handler; not while a batch runs, however the command is reached.
+  void Run(void (Main::*handler)());
 
   void MFileNew_Click();
   void MFileOpen_Click();
@@ -124,7 +128,6 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   void RegisterAccessoryTools() {}
   void OpenCommandLine(const std::string& command_line);
   void Form_Unload();
-  void ListView1_FilesDropped(const QStringList& native_paths, QPoint point);
   void ListView1_KeyDown(int key);
   void Toolbar1_ButtonClick(const Command& command);
   void Toolbar1_Customise();
@@ -157,6 +160,7 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   std::unique_ptr<ListCommands> list_commands_;
   std::unique_ptr<PlayCommands> play_;
   std::unique_ptr<Session> session_;
+  std::unique_ptr<ListEvents> list_events_;
 };
 
 }  // namespace qublet

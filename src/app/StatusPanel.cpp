@@ -11,9 +11,10 @@ constexpr int kPictureSide = 16;
 
 StatusPanel::StatusPanel(int number, const QString& name, QWidget* parent)
     : QFrame(parent), picture_(new QLabel(this)), text_(new QLabel(this)) {
+  // The text is what there is to be read; its frame says what it's about.
+  setAccessibleName(name);
   setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
   text_->setObjectName(QStringLiteral("Panel%1").arg(number));
-  text_->setAccessibleName(name);
   text_->setTextFormat(Qt::PlainText);
   picture_->setObjectName(QStringLiteral("Panel%1Picture").arg(number));
   picture_->hide();

@@ -16,6 +16,7 @@ namespace qublet {
 Toolbar::Toolbar(QWidget* window) : QToolBar(window) {
   setObjectName(QStringLiteral("Toolbar1"));
   setWindowTitle(tr("Toolbar"));
+  setAccessibleName(windowTitle());
   setAccessibleDescription(tr("A double click beside the buttons customises them"));
   setMovable(false);
   for (const int button : DefaultToolbarLayout()) {

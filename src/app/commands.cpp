@@ -18,7 +18,7 @@ QAction* MakeAction(const Command& command, Main& main) {
   // The window knows it too, so that its key works while the menus are hidden.
   main.addAction(action);
   if (command.handler != nullptr) {
-    QObject::connect(action, &QAction::triggered, &main, [&main, handler = command.handler] { (main.*handler)(); });
+    QObject::connect(action, &QAction::triggered, &main, [&main, handler = command.handler] { main.Run(handler); });
   }
   return action;
 }

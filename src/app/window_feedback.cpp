@@ -12,7 +12,7 @@ WindowFeedback::WindowFeedback(QWidget& list, QLabel& activity, QWidget* window)
   last_pump_.start();
 }
 
-void WindowFeedback::PumpNowAndThen() {
+void WindowFeedback::LetRepaint() {
   if (last_pump_.elapsed() < kPumpEvery) return;
   lock_.Pump();
   last_pump_.restart();
@@ -28,7 +28,7 @@ void WindowFeedback::EndWait() {
 
 void WindowFeedback::ShowActivity(const std::string& text) {
   activity_.setText(QString::fromStdString(text));
-  PumpNowAndThen();
+  LetRepaint();
 }
 
 void WindowFeedback::BeginProgress(const std::string& caption, int maximum) {
@@ -39,7 +39,7 @@ void WindowFeedback::BeginProgress(const std::string& caption, int maximum) {
 void WindowFeedback::ShowProgress(int value) {
   if (last_pump_.elapsed() < kPumpEvery) return;
   status_.Move(value);
-  PumpNowAndThen();
+  LetRepaint();
 }
 
 void WindowFeedback::EndProgress() {

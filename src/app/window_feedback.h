@@ -19,6 +19,9 @@ class WindowFeedback : public Feedback {
   // True while a batch runs; the window takes no command then.
   bool Busy() const { return waiting_ > 0; }
 
+  // Repaints now and then in the middle of work that shows no progress; what the user presses is thrown away.
+  void LetRepaint();
+
   void BeginWait() override;
   void EndWait() override;
   void ShowActivity(const std::string& text) override;
@@ -27,8 +30,6 @@ class WindowFeedback : public Feedback {
   void EndProgress() override;
 
  private:
-  void PumpNowAndThen();
-
   QWidget& list_;
   QLabel& activity_;
   Status status_;

@@ -17,7 +17,7 @@ struct Document {
 
   std::string CurrentPlaylist;  // normalised path of the open file, "" for a list without one
   bool PlaylistChanged = false;
-  bool Dropping = false;  // a bulk row operation runs: selecting rows doesn't refresh the window
+  bool Dropping = false;  // names dropped at once come in: selecting rows doesn't refresh the window
 
   std::string WorkFolder;  // folder or file last picked by "&Add Item"
   Collection RecentFiles;  // oldest first

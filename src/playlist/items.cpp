@@ -106,7 +106,7 @@ void Items::MEditSelNone_Click() {
     const WaitCursor wait(feedback_);
     document_.ListView1.SelectWhere([](int, const Row&) { return false; });
   }
-  view_.ListView1_Click();
+  if (!document_.Dropping) view_.ListView1_Click();
 }
 
 void Items::MViewRefresh_Click() {

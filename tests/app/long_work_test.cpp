@@ -1,8 +1,13 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <QDialog>
 #include <QEvent>
 #include <QProgressBar>
+#include <QSocketNotifier>
+#include <QTimer>
 #include <set>
 
 #include "support/main_window.h"
@@ -64,6 +69,113 @@ TEST(LongWork, KeepsTheWindowPaintedItsProgressHonestAndItsInputLocked) {
   EXPECT_LE(*watcher.progress.rbegin(), 200);
   EXPECT_GE(watcher.list_paints, 5);
   EXPECT_FALSE(window.main->findChild<QDialog*>("Status")->isVisible());
+}
+
+// Runs something each time a window is painted in the middle of a batch.
+class AtEachPaint : public QObject {
+ public:
+  AtEachPaint(MainWindow& window, std::function<void()> step) : window_(window), step_(std::move(step)) {
+    qApp->installEventFilter(this);
+  }
+  ~AtEachPaint() override { qApp->removeEventFilter(this); }
+
+  int steps = 0;
+
+  bool eventFilter(QObject*, QEvent* event) override {
+    auto* status = window_.main->findChild<QDialog*>("Status");
+    if (event->type() == QEvent::Paint && status != nullptr && status->isVisible()) {
+      ++steps;
+      step_();
+    }
+    return false;
+  }
+
+ private:
+  MainWindow& window_;
+  std::function<void()> step_;
+};
+
+class SlowBatch : public testing::Test {
+ protected:
+  SlowBatch() {
+    window.Start();
+    for (int i = 0; i < 150; ++i) window.drives.Write("m/" + std::to_string(1000 + i) + ".mp3", kNoise);
+  }
+
+  MainWindow window{[] { return std::make_unique<SlowFileSystem>(std::chrono::milliseconds(5)); }};
+};
+
+TEST_F(SlowBatch, LetsNoTimerFireBeforeItsEnd) {
+  int ticks = 0;
+  int shots = 0;
+  QTimer repeating;
+  QObject::connect(&repeating, &QTimer::timeout, [&] { ++ticks; });
+  repeating.start(1);
+  QTimer::singleShot(20, qApp, [&] { ++shots; });
+  AtEachPaint watch(window, [] {});
+  window.Add("c:\\m");
+  EXPECT_EQ(ticks, 0);
+  EXPECT_EQ(shots, 0);
+  EXPECT_GE(watch.steps, 5) << "the window was painted meanwhile";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return shots == 1 && ticks > 0; })) << "they wait, they aren't lost";
+}
+
+TEST_F(SlowBatch, LeavesSocketsUnreadUntilItsEnd) {
+  const auto place = window.drives.Root() / "pipe";
+  ASSERT_EQ(mkfifo(place.c_str(), 0600), 0);
+  const int end = open(place.c_str(), O_RDWR | O_NONBLOCK);
+  ASSERT_GE(end, 0);
+  ASSERT_EQ(write(end, "x", 1), 1);
+  int reads = 0;
+  QSocketNotifier notifier(end, QSocketNotifier::Read);
+  QObject::connect(&notifier, &QSocketNotifier::activated, [&] {
+    ++reads;
+    notifier.setEnabled(false);
+  });
+  window.Add("c:\\m");
+  EXPECT_EQ(reads, 0);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return reads == 1; }));
+  close(end);
+}
+
+TEST_F(SlowBatch, RunsNoCommandHoweverItIsReached) {
+  window.Run("MEditSelNone");
+  AtEachPaint watch(window, [&] {
+    // As a screen reader's "press" or a desktop's global menu does.
+    window.Run("MFileNew");
+    window.Run("MEditSelInv");
+    window.Action("Toolbar1 New")->trigger();
+    window.Action("Toolbar1 Remove Items")->trigger();
+  });
+  window.Add("c:\\m");
+  EXPECT_GE(watch.steps, 5);
+  EXPECT_EQ(window.Rows().Count(), 150);
+  EXPECT_EQ(window.Panel(1), "150 Items");
+  window.document->PlaylistChanged = false;
+  window.Run("MFileNew");
+  EXPECT_EQ(window.Rows().Count(), 0) << "afterwards they run again";
+}
+
+TEST_F(SlowBatch, MovesNoRowsUnderARightButtonThatIsHeld) {
+  window.drives.Write("two/a.mp3", kNoise);
+  window.drives.Write("two/b.mp3", kNoise);
+  window.Add("c:\\two");
+  QWidget* view = window.List().viewport();
+  const auto on = [&](int row) {
+    return window.List().visualRect(window.List().model()->index(row - 1, 0)).center();
+  };
+  const auto move = [&](int row) {
+    QCoreApplication::postEvent(view, new QMouseEvent(QEvent::MouseMove, on(row), view->mapToGlobal(on(row)),
+                                                      Qt::NoButton, Qt::RightButton, Qt::NoModifier));
+  };
+  window.Run("MEditSelNone");
+  QTest::mousePress(view, Qt::RightButton, {}, on(1));
+  move(1);
+  QCoreApplication::processEvents();
+  AtEachPaint watch(window, [&] { move(2); });
+  window.Add("c:\\m");
+  EXPECT_EQ(window.Rows().At(1).cells[kFileName], "a.mp3");
+  EXPECT_EQ(window.Rows().At(2).cells[kFileName], "b.mp3");
 }
 
 TEST(LongWork, ShowsEachFolderOfAWalkInTheLastPanelAndClearsIt) {

@@ -87,7 +87,7 @@ TEST_F(SelectionCommands, MarkUnmarkAndSelectMarkedRows) {
   Select({1});
   window.Run("MEditSeMarkBlue");
   EXPECT_EQ(Icons(), "3111");
-  EXPECT_EQ(Spoken(1), "a.mp3, blue mark");
+  EXPECT_EQ(Spoken(1), "a.mp3, 0:00, blue mark");
   window.Run("MEditSelNone");
   Select({2});
   window.Run("MEditSeMarkGreen");

@@ -4,16 +4,21 @@
 
 namespace qublet {
 
-// Lets the windows repaint in the middle of long work: whatever waits on the message loop is handled, but input
-// (keys, buttons, drops, a press on the close box) is thrown away, also what the user did since the last time.
+// Lets the windows repaint in the middle of long work and answers the window system. Input (keys, buttons, drops, a
+// press on the close box) is thrown away, also what the user did since the last time. No timer fires and no socket is
+// read: a timer comes again after its interval, what a socket holds stays there.
 class InputLock : public QObject {
   Q_OBJECT
 
  public:
+  // Does nothing inside itself.
   void Pump();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  bool pumping_ = false;
 };
 
 }  // namespace qublet

@@ -5,9 +5,11 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QUrl>
+#include <QScrollBar>
+#include <QStyleHints>
 #include <algorithm>
 
+#include "platform/qt/file_urls.h"
 #include "playlist/ui/row_delegate.h"
 
 namespace qublet {
@@ -20,12 +22,13 @@ const Flags kAlso = QItemSelectionModel::Select | QItemSelectionModel::Rows;
 const Flags kNot = QItemSelectionModel::Deselect | QItemSelectionModel::Rows;
 const Flags kRange = QItemSelectionModel::Clear | QItemSelectionModel::SelectCurrent | QItemSelectionModel::Rows;
 
-QStringList LocalFiles(const QMimeData* data) {
-  QStringList paths;
-  for (const QUrl& url : data->urls()) {
-    if (url.isLocalFile()) paths << url.toLocalFile();
-  }
-  return paths;
+// Keys that run a command of the list.
+bool IsCommandKey(int key) {
+  return key == Qt::Key_Insert || key == Qt::Key_Delete || key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+bool IsMenuKey(const QKeyEvent& event) {
+  return event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier;
 }
 
 }  // namespace
@@ -84,6 +87,12 @@ int RowList::GetRowAtPoint(int y) const {
   return index.isValid() ? index.row() : model_->rowCount();
 }
 
+void RowList::scrollTo(const QModelIndex& index, ScrollHint hint) {
+  const int across = horizontalScrollBar()->value();
+  QTreeView::scrollTo(index, hint);
+  horizontalScrollBar()->setValue(across);
+}
+
 bool RowList::IsSelected(const QModelIndex& index) const {
   return index.isValid() && model_->Rows().At(index.row() + 1).selected;
 }
@@ -110,9 +119,9 @@ Flags RowList::MouseCommand(const QModelIndex& index, const QMouseEvent& event) 
   const bool control = event.modifiers() & Qt::ControlModifier;
   const bool right = event.button() == Qt::RightButton || event.buttons() & Qt::RightButton;
   if (event.type() == QEvent::MouseButtonRelease) {
-    // A press on a selected row may have begun a drag; it is alone only when the button comes up on it.
-    const bool settle = !right && !shift && !control && pressed_on_selected_ && index.isValid();
-    return settle ? kOnly : kNoUpdate;
+    // A press on a selected row may have begun a drag; it is chosen or left out only when the button comes up on it.
+    if (right || shift || !pressed_on_selected_ || !index.isValid()) return kNoUpdate;
+    return control ? kNot : kOnly;
   }
   if (event.type() == QEvent::MouseMove) {
     if (right || event.buttons() == Qt::NoButton) return kNoUpdate;
@@ -121,9 +130,8 @@ Flags RowList::MouseCommand(const QModelIndex& index, const QMouseEvent& event) 
   if (!index.isValid()) return shift || control || right ? kNoUpdate : Flags(QItemSelectionModel::Clear);
   if (right) return IsSelected(index) || shift || control ? kNoUpdate : kOnly;
   if (shift) return kRange;
-  // The base class would turn a toggle over by asking its own empty ranges.
-  if (control) return IsSelected(index) ? kNot : kAlso;
-  return IsSelected(index) ? kNoUpdate : kOnly;
+  if (IsSelected(index)) return kNoUpdate;
+  return control ? kAlso : kOnly;
 }
 
 Flags RowList::selectionCommand(const QModelIndex& index, const QEvent* event) const {
@@ -148,36 +156,95 @@ Flags RowList::selectionCommand(const QModelIndex& index, const QEvent* event) c
   }
 }
 
+bool RowList::event(QEvent* event) {
+  // The list takes its keys before a menu entry of the same key does: a disabled entry would swallow them.
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    const bool alone = (key.modifiers() & ~Qt::KeypadModifier) == 0;
+    if ((alone && IsCommandKey(key.key())) || IsMenuKey(key)) {
+      event->accept();
+      return true;
+    }
+  }
+  return QTreeView::event(event);
+}
+
 void RowList::mousePressEvent(QMouseEvent* event) {
-  pressed_on_selected_ = event->button() == Qt::LeftButton && IsSelected(indexAt(event->position().toPoint()));
+  pressed_at_ = event->position().toPoint();
+  const QModelIndex index = indexAt(pressed_at_);
+  const bool left = event->button() == Qt::LeftButton;
+  pressed_on_selected_ = left && IsSelected(index);
+  emit mousePressed();
   QTreeView::mousePressEvent(event);
+  // By its name any row can be taken hold of; elsewhere on a row that isn't selected a selection is drawn.
+  may_drag_ = left && IsSelected(index) && !(event->modifiers() & Qt::ShiftModifier) &&
+              (pressed_on_selected_ || index.column() == kFileName);
+}
+
+void RowList::mouseMoveEvent(QMouseEvent* event) {
+  const QPoint point = event->position().toPoint();
+  emit mouseMoved(point, event->buttons());
+  if (!may_drag_ || !(event->buttons() & Qt::LeftButton)) {
+    QTreeView::mouseMoveEvent(event);
+  } else if ((point - pressed_at_).manhattanLength() >= QGuiApplication::styleHints()->startDragDistance()) {
+    may_drag_ = false;
+    pressed_on_selected_ = false;
+    emit dragBegun();
+  }
+}
+
+void RowList::mouseReleaseEvent(QMouseEvent* event) {
+  QTreeView::mouseReleaseEvent(event);
+  pressed_on_selected_ = false;
+  may_drag_ = false;
+  emit mouseReleased(event->position().toPoint(), event->button());
 }
 
 void RowList::mouseDoubleClickEvent(QMouseEvent* event) {
+  emit mousePressed();
   QTreeView::mouseDoubleClickEvent(event);
   if (event->button() == Qt::LeftButton) emit doubleClickedAnywhere();
 }
 
 void RowList::keyPressEvent(QKeyEvent* event) {
-  switch (event->key()) {
-    case Qt::Key_Insert:
-    case Qt::Key_Delete:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      emit keyPressed(event->key());
-      event->accept();
-      return;
-    default:
-      QTreeView::keyPressEvent(event);
+  if (IsCommandKey(event->key())) {
+    emit keyPressed(event->key());
+  } else if (IsMenuKey(*event)) {
+    PressMenuKey();
+  } else {
+    QTreeView::keyPressEvent(event);
+    return;
   }
+  event->accept();
+}
+
+void RowList::contextMenuEvent(QContextMenuEvent* event) {
+  // The right button's menu comes when the button goes up, if it comes.
+  if (event->reason() == QContextMenuEvent::Keyboard) PressMenuKey();
+  event->accept();
+}
+
+void RowList::PressMenuKey() {
+  const QModelIndex row = currentIndex().siblingAtColumn(kFileName);
+  if (row.isValid()) scrollTo(row);
+  const QRect place = visualRect(row);
+  emit menuKeyPressed(place.isValid() ? QPoint(std::max(place.left(), 0) + iconSize().width(), place.center().y())
+                                      : viewport()->rect().topLeft());
+}
+
+bool RowList::MayDrop(const QDropEvent& event) const {
+  // The toolkit keeps drops off no window that a modal one blocks.
+  return event.source() != this && QApplication::activeModalWidget() == nullptr;
 }
 
 void RowList::dragEnterEvent(QDragEnterEvent* event) {
+  // Asked once a drag: a move would read all the addresses again.
+  offers_files_ = MayDrop(*event) && !NativePaths(*event->mimeData()).empty();
   dragMoveEvent(event);
 }
 
 void RowList::dragMoveEvent(QDragMoveEvent* event) {
-  if (event->mimeData()->hasUrls() && event->source() != this) {
+  if (offers_files_) {
     event->setDropAction(Qt::CopyAction);
     event->accept();
   } else {
@@ -186,8 +253,8 @@ void RowList::dragMoveEvent(QDragMoveEvent* event) {
 }
 
 void RowList::dropEvent(QDropEvent* event) {
-  const QStringList paths = LocalFiles(event->mimeData());
-  if (event->source() == this || paths.isEmpty()) return;
+  const std::vector<std::string> paths = NativePaths(*event->mimeData());
+  if (!MayDrop(*event) || paths.empty()) return;
   event->setDropAction(Qt::CopyAction);
   event->accept();
   emit filesDropped(paths, event->position().toPoint());

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QTreeView>
+#include <string>
+#include <vector>
 
 #include "playlist/ui/row_model.h"
 #include "playlist/ui/row_selection.h"
@@ -9,7 +11,8 @@ namespace qublet {
 
 class RowDelegate;
 
-// The list of the main window: twelve columns over the row store, selected by the rows' own flags.
+// The list of the main window: twelve columns over the row store, selected by the rows' own flags. What mouse, keys
+// and drops mean beyond selecting is said by signals; points are those of the viewport.
 class RowList : public QTreeView {
   Q_OBJECT
 
@@ -26,19 +29,33 @@ class RowList : public QTreeView {
   // Row under a point of the viewport, from 0; only y counts. The row count when there is none.
   int GetRowAtPoint(int y) const;
 
+  // Scrolls up or down; the columns stay where they are.
+  void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
  signals:
   void rowsSelected();
-  // Files dropped at a point of the viewport.
-  void filesDropped(const QStringList& native_paths, QPoint point);
   void keyPressed(int key);
+  // The context-menu key or Shift+F10; the point is at the current row, which can be seen then.
+  void menuKeyPressed(QPoint point);
+  void mousePressed();
+  void mouseMoved(QPoint point, Qt::MouseButtons held);
+  void mouseReleased(QPoint point, Qt::MouseButton button);
+  // The left button has taken hold of the selected rows and moves away with them.
+  void dragBegun();
+  // Files of this machine, in their order.
+  void filesDropped(const std::vector<std::string>& native_paths, QPoint point);
   // By the left button, on a row or beside the rows.
   void doubleClickedAnywhere();
 
  protected:
   QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index, const QEvent* event) const override;
+  bool event(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dragMoveEvent(QDragMoveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
@@ -47,12 +64,17 @@ class RowList : public QTreeView {
 
  private:
   bool IsSelected(const QModelIndex& index) const;
+  void PressMenuKey();
+  bool MayDrop(const QDropEvent& event) const;
   QItemSelectionModel::SelectionFlags MouseCommand(const QModelIndex& index, const QMouseEvent& event) const;
 
   RowModel* model_ = nullptr;
   RowSelection* selection_ = nullptr;
   RowDelegate* delegate_ = nullptr;
+  QPoint pressed_at_;
   bool pressed_on_selected_ = false;
+  bool may_drag_ = false;      // the left button holds selected rows
+  bool offers_files_ = false;  // the drag over the list
 };
 
 }  // namespace qublet

@@ -22,9 +22,14 @@ QString StateText(const Row& row) {
   return {};
 }
 
+// The name speaks for its row: "name, length, state".
 QString SpokenText(const Row& row, int column, const QString& cell) {
-  const QString state = column == kFileName ? StateText(row) : QString();
-  return state.isEmpty() ? cell : cell + QStringLiteral(", ") + state;
+  if (column != kFileName) return cell;
+  QStringList words{cell};
+  if (row.icon != RowIcon::kMissing) words << QString::fromStdString(row.cells[kTime]);
+  words << StateText(row);
+  words.removeAll(QString());
+  return words.join(QStringLiteral(", "));
 }
 
 }  // namespace

@@ -1,0 +1,110 @@
+#include "app/list_events.h"
+
+#include <QDrag>
+
+#include "platform/failure.h"
+#include "platform/qt/file_urls.h"
+#include "platform/qt/pictures.h"
+#include "playlist/row_order.h"
+
+namespace qublet {
+
+ListEvents::ListEvents(Document& document, Items& items, const FileSystem& files, WindowFeedback& feedback,
+                       MainView& view, Places places)
+    : document_(document),
+      items_(items),
+      files_(files),
+      feedback_(feedback),
+      view_(view),
+      places_(std::move(places)) {
+  RowList* list = &places_.ListView1;
+  connect(list, &RowList::mousePressed, this, &ListEvents::ListView1_MouseDown);
+  connect(list, &RowList::mouseMoved, this, &ListEvents::ListView1_MouseMove);
+  connect(list, &RowList::mouseReleased, this, &ListEvents::ListView1_MouseUp);
+  connect(list, &RowList::menuKeyPressed, this, &ListEvents::PopUpMenu);
+  connect(list, &RowList::dragBegun, this, &ListEvents::ListView1_StartDrag);
+  connect(list, &RowList::filesDropped, this, &ListEvents::ListView1_FilesDropped);
+}
+
+void ListEvents::ListView1_MouseMove(QPoint point, Qt::MouseButtons held) {
+  if (!(held & Qt::RightButton)) {
+    MoveAnchorRow = kIdle;
+    return;
+  }
+  const RowStore& rows = document_.ListView1;
+  const int row = places_.ListView1.GetRowAtPoint(point.y()) + 1;
+  if (row > rows.Count()) return;
+  if (MoveAnchorRow == kIdle) MoveAnchorRow = static_cast<std::int16_t>(row);
+  const int way = row - MoveAnchorRow;
+  if (way >= 1 && !rows.At(rows.Count()).selected) {
+    RowsWereDragged |= rows.SelectedCount() > 0;
+    MoveRowsDown(document_);
+    ++MoveAnchorRow;
+  }
+  if (way < 0 && !rows.At(1).selected) {
+    RowsWereDragged |= rows.SelectedCount() > 0;
+    MoveRowsUp(document_);
+    --MoveAnchorRow;
+  }
+}
+
+void ListEvents::ListView1_MouseUp(QPoint point, Qt::MouseButton button) {
+  view_.ListView1_Click();
+  if (button == Qt::RightButton && !RowsWereDragged) PopUpMenu(point);
+  MoveAnchorRow = kIdle;
+}
+
+void ListEvents::PopUpMenu(QPoint point) {
+  places_.MEdit.popup(places_.ListView1.viewport()->mapToGlobal(point));
+}
+
+std::unique_ptr<QMimeData> ListEvents::SelectedFiles() {
+  const WaitCursor wait(feedback_);
+  DestroyFileArray(document_);
+  items_.SaveFileArrayFromList(false);
+  QList<QUrl> addresses;
+  for (const std::string& path : document_.FileArray) {
+    // A row without a place on this system (its drive is gone) has no address to be taken along by.
+    ResumeNext([&] {
+      const QUrl address = FileUrl(files_.ToNative(path));
+      if (address.path().startsWith(u'/')) addresses << address;
+    });
+  }
+  if (addresses.empty()) return nullptr;
+  auto data = std::make_unique<QMimeData>();
+  data->setUrls(addresses);
+  return data;
+}
+
+void ListEvents::ListView1_StartDrag() {
+  DragSourceActive = true;
+  if (std::unique_ptr<QMimeData> data = SelectedFiles()) {
+    auto* drag = new QDrag(&places_.ListView1);  // Qt deletes it when it's over
+    drag->setMimeData(data.release());
+    drag->setPixmap(Picture(QStringLiteral("row-normal")).pixmap(places_.ListView1.iconSize()));
+    drag->exec(Qt::CopyAction);
+  }
+  DragSourceActive = false;
+}
+
+void ListEvents::ListView1_FilesDropped(const std::vector<std::string>& native_paths, QPoint point) {
+  if (DragSourceActive || feedback_.Busy()) return;
+  document_.Dropping = true;
+  {
+    const WaitCursor wait(feedback_);
+    // Going backwards with one insertion point keeps the order of the names.
+    const int at = places_.ListView1.GetRowAtPoint(point.y()) + 1;
+    for (auto path = native_paths.crbegin(); path != native_paths.crend(); ++path) {
+      ResumeNext([&] {
+        int InsertPoint = at;
+        items_.AddStuff(files_.FromNative(*path), true, InsertPoint);
+      });
+      feedback_.LetRepaint();
+    }
+  }
+  document_.Dropping = false;
+  view_.ListView1_Click();
+  places_.resize();
+}
+
+}  // namespace qublet
