@@ -2,6 +2,8 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <stdio.h>
+#include <sys/stat.h>
 #include <taglib/fileref.h>
 #include <unistd.h>
 
@@ -44,6 +46,12 @@ int ReadHeads(const std::filesystem::path& folder) {
   return ReadHeadsBelow(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
 }
 
+int ReadHeads(const std::vector<std::string>& files) {
+  int count = 0;
+  for (const std::string& file : files) count += ReadHead(AT_FDCWD, file.c_str()) ? 1 : 0;
+  return count;
+}
+
 int ReadByTagLib(const std::filesystem::path& folder) {
   int count = 0;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
@@ -56,6 +64,25 @@ int ReadByTagLib(const std::filesystem::path& folder) {
     }
   }
   return count;
+}
+
+void ReplaceFile(const std::string& path, const std::string& bytes) {
+  const std::string temporary = path + ".new";
+  const int file = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  const bool written = write(file, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());
+  const bool flushed = written && fsync(file) == 0;
+  close(file);
+  if (!flushed || rename(temporary.c_str(), path.c_str()) != 0) throw std::runtime_error("can't replace " + path);
+}
+
+std::string ReadWholeFile(const std::string& path) {
+  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  struct stat status {};
+  std::string bytes(fstat(file, &status) == 0 ? static_cast<std::size_t>(status.st_size) : 0, '\0');
+  const bool whole = read(file, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size());
+  close(file);
+  if (!whole || bytes.empty()) throw std::runtime_error("can't read " + path);
+  return bytes;
 }
 
 }  // namespace qublet::measures

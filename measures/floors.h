@@ -1,6 +1,8 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
+#include <vector>
 
 namespace qublet::measures {
 
@@ -10,7 +12,14 @@ namespace qublet::measures {
 // Walks a folder, opens each file below, reads its first 4 KiB and closes it; one thread, bare system calls.
 int ReadHeads(const std::filesystem::path& folder);
 
+// Opens each of these files, reads its first 4 KiB and closes it.
+int ReadHeads(const std::vector<std::string>& files);
+
 // Walks a folder and asks TagLib for the length and the rates of each file below; one thread.
 int ReadByTagLib(const std::filesystem::path& folder);
+
+// Writes bytes under a temporary name beside `path`, flushes them and renames the file.
+void ReplaceFile(const std::string& path, const std::string& bytes);
+std::string ReadWholeFile(const std::string& path);
 
 }  // namespace qublet::measures

@@ -1,6 +1,7 @@
 #include "measure.h"
 #include "order_measures.h"
 #include "playlist_measures.h"
+#include "tag_measures.h"
 
 #ifdef QUBLET_MEASURES_WINDOWS
 #include <QApplication>
@@ -18,6 +19,7 @@ int Main(int argc, char** argv) {
     table.insert(table.end(), measures.begin(), measures.end());
   };
   add(PlaylistMeasures());
+  add(TagMeasures());
   add(OrderMeasures());
 #ifdef QUBLET_MEASURES_WINDOWS
   // Painted in memory, as fast as this machine can, whatever display it has.

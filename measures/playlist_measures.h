@@ -6,7 +6,7 @@
 
 namespace qublet::measures {
 
-// How fast files come into the list.
+// How fast files and playlists come into the list, and how fast a playlist is saved.
 std::vector<Measure> PlaylistMeasures();
 
 }  // namespace qublet::measures

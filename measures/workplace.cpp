@@ -1,7 +1,9 @@
 #include "workplace.h"
 
 #include <stdlib.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <stdexcept>
@@ -26,6 +28,11 @@ void WriteFile(const std::filesystem::path& path, const std::string& bytes) {
   std::ofstream out(path, std::ios::binary);
   out << bytes;
   if (!out.flush()) throw std::runtime_error("can't write " + path.string());
+}
+
+// So that a later flush waits for its own bytes alone.
+void FlushAll() {
+  sync();
 }
 
 }  // namespace
@@ -56,7 +63,34 @@ const std::filesystem::path& Workplace::Collection() {
       }
     }
   }
+  FlushAll();
   return collection_ = collection;
+}
+
+std::vector<std::string> Workplace::Tracks(int count) {
+  std::vector<std::string> tracks;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(Collection())) {
+    if (entry.is_regular_file()) tracks.push_back(entry.path().string());
+  }
+  std::sort(tracks.begin(), tracks.end());
+  for (std::size_t i = 0; tracks.size() < static_cast<std::size_t>(count); ++i) tracks.push_back(tracks[i]);
+  tracks.resize(static_cast<std::size_t>(count));
+  return tracks;
+}
+
+const std::vector<std::string>& Workplace::Tagged() {
+  if (!tagged_.empty()) return tagged_;
+  std::vector<std::string> kinds = MakeMp3Files();
+  std::erase_if(kinds, [](const std::string& kind) { return !kind.starts_with("ID3"); });
+  const std::filesystem::path folder = root_ / "tagged";
+  std::filesystem::create_directories(folder);
+  for (std::size_t i = 0; i < kTagged; ++i) {
+    const auto file = folder / Numbered("%04d - A title of usual length.mp3", static_cast<int>(i));
+    WriteFile(file, kinds[i % kinds.size()]);
+    tagged_.push_back(file.string());
+  }
+  FlushAll();
+  return tagged_;
 }
 
 }  // namespace qublet::measures

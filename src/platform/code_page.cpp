@@ -9,6 +9,13 @@ namespace {
 
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
 
+// Looks at all characters whatever they are, because the compiler makes that many times as fast as to stop at one.
+bool IsAscii(std::string_view text) {
+  char bits = 0;
+  for (const char character : text) bits = static_cast<char>(bits | character);
+  return (bits & 0x80) == 0;
+}
+
 }  // namespace
 
 bool IsValidUtf8(std::string_view bytes) {
@@ -35,11 +42,12 @@ std::string DecodeText(std::string_view bytes) {
   return IsValidUtf8(text) ? std::string(text) : FromCodePage(text);
 }
 
-std::string EncodeText(std::string_view utf8) {
+std::string EncodeText(std::string utf8) {
+  if (IsAscii(utf8)) return utf8;
   const auto bytes = ToCodePage(utf8);
   if (bytes && DecodeText(*bytes) == utf8) return *bytes;
   // A text that begins with the mark's own character would lose it in reading.
-  return utf8.starts_with(kMark) ? std::string(kMark).append(utf8) : std::string(utf8);
+  return utf8.starts_with(kMark) ? std::string(kMark).append(utf8) : utf8;
 }
 
 }  // namespace qublet

@@ -24,6 +24,6 @@ std::string_view WithoutMark(std::string_view bytes);
 std::string DecodeText(std::string_view bytes);
 // UTF-8 text as bytes for a text file: code page bytes when every character fits and DecodeText reads them back as
 // the same text, else UTF-8 without a mark. Never loses a character.
-std::string EncodeText(std::string_view utf8);
+std::string EncodeText(std::string utf8);
 
 }  // namespace qublet

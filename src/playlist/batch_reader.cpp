@@ -1,11 +1,8 @@
 #include "playlist/batch_reader.h"
 
 #include <algorithm>
-#include <atomic>
 #include <chrono>
-#include <condition_variable>
-#include <mutex>
-#include <thread>
+#include <iterator>
 
 #include "playlist/row_filling.h"
 
@@ -13,71 +10,83 @@ namespace qublet {
 namespace {
 
 constexpr std::size_t kWorthThreads = 16;  // fewer files are read sooner than threads start
+constexpr std::size_t kPart = 16;
 constexpr std::chrono::milliseconds kShowEvery{25};
-
-// The shared work of one batch: each thread takes the next path from the end.
-class Batch {
- public:
-  Batch(const FileSystem& files, const std::vector<std::string>& paths, int first_order,
-        const std::string& thousands_separator)
-      : files_(files),
-        paths_(paths),
-        first_order_(first_order),
-        thousands_separator_(thousands_separator),
-        rows_(paths.size()),
-        left_(paths.size()) {}
-
-  // Makes rows until none is left; safe from several threads.
-  void Work() {
-    for (std::size_t taken = left_.fetch_sub(1); taken > 0 && taken <= paths_.size(); taken = left_.fetch_sub(1)) {
-      const std::size_t i = taken - 1;
-      // A row that couldn't be filled to its end stays as it is; the batch goes on.
-      ReadRow(files_, paths_[i], first_order_ + static_cast<int>(i), thousands_separator_, rows_[i]);
-      if (done_.fetch_add(1) + 1 == paths_.size()) {
-        const std::lock_guard lock(mutex_);
-        finished_.notify_all();
-      }
-    }
-  }
-
-  void WaitAndShow(Feedback& feedback) {
-    std::unique_lock lock(mutex_);
-    while (!finished_.wait_for(lock, kShowEvery, [&] { return done_ == paths_.size(); })) {
-      lock.unlock();
-      feedback.ShowProgress(static_cast<int>(done_));
-      lock.lock();
-    }
-  }
-
-  std::vector<Row> TakeRows() { return std::move(rows_); }
-
- private:
-  const FileSystem& files_;
-  const std::vector<std::string>& paths_;
-  const int first_order_;
-  const std::string& thousands_separator_;
-  std::vector<Row> rows_;
-  std::atomic<std::size_t> left_;
-  std::atomic<std::size_t> done_{0};
-  std::mutex mutex_;
-  std::condition_variable finished_;
-};
 
 }  // namespace
 
-std::vector<Row> ReadRows(const FileSystem& files, const std::vector<std::string>& paths, int first_order,
-                          const std::string& thousands_separator, Feedback& feedback) {
-  Batch batch(files, paths, first_order, thousands_separator);
-  if (paths.size() < kWorthThreads) {
-    batch.Work();
-  } else {
-    std::vector<std::jthread> threads;
-    const unsigned count = std::max(2u, std::thread::hardware_concurrency());
-    for (unsigned i = 0; i < count; ++i) threads.emplace_back([&] { batch.Work(); });
-    batch.WaitAndShow(feedback);
+void BatchReader::Add(std::span<const std::string> paths) {
+  added_ += paths.size();
+  {
+    const std::lock_guard lock(mutex_);
+    while (!paths.empty()) {
+      const auto part = paths.first(std::min(paths.size(), kPart));
+      parts_.push_back({{part.begin(), part.end()}, next_order_, {}});
+      next_order_ += static_cast<int>(part.size());
+      paths = paths.subspan(part.size());
+    }
   }
-  feedback.ShowProgress(static_cast<int>(paths.size()));
-  return batch.TakeRows();
+  if (threads_.empty() && added_ >= kWorthThreads) StartThreads();
+  changed_.notify_all();
+}
+
+void BatchReader::StartThreads() {
+  const unsigned count = std::max(2u, std::thread::hardware_concurrency());
+  // A system that allows no (more) threads leaves the work to those there are.
+  ResumeNext([&] {
+    for (unsigned i = 0; i < count; ++i) threads_.emplace_back([this] { Work(); });
+  });
+}
+
+void BatchReader::Work() {
+  while (Part* part = TakePart()) {
+    int order = part->first_order;
+    for (const std::string& path : part->paths) {
+      part->rows.push_back(std::make_unique<Row>());
+      // A row that couldn't be filled to its end stays as it is; the batch goes on.
+      ReadRow(files_, path, order++, thousands_separator_, *part->rows.back());
+      ++done_;
+    }
+  }
+  const std::lock_guard lock(mutex_);
+  ++ended_;
+  changed_.notify_all();
+}
+
+BatchReader::Part* BatchReader::TakePart() {
+  std::unique_lock lock(mutex_);
+  changed_.wait(lock, [&] { return complete_ || taken_ < parts_.size(); });
+  return taken_ < parts_.size() ? &parts_[taken_++] : nullptr;
+}
+
+std::vector<std::unique_ptr<Row>> BatchReader::Finish(Feedback& feedback) {
+  std::unique_lock lock(mutex_);
+  complete_ = true;
+  changed_.notify_all();
+  if (threads_.empty()) {
+    lock.unlock();
+    Work();
+    lock.lock();
+  }
+  while (!changed_.wait_for(lock, kShowEvery, [&] { return ended_ >= threads_.size(); })) {
+    lock.unlock();
+    feedback.ShowProgress(static_cast<int>(done_));
+    lock.lock();
+  }
+  lock.unlock();
+  feedback.ShowProgress(static_cast<int>(done_));
+
+  std::vector<std::unique_ptr<Row>> rows;
+  rows.reserve(done_);
+  for (Part& part : parts_) std::move(part.rows.begin(), part.rows.end(), std::back_inserter(rows));
+  return rows;
+}
+
+BatchReader::~BatchReader() {
+  const std::lock_guard lock(mutex_);
+  complete_ = true;
+  taken_ = parts_.size();
+  changed_.notify_all();
 }
 
 }  // namespace qublet

@@ -1,6 +1,15 @@
 #pragma once
 
+#include <atomic>
+#include <condition_variable>
+#include <cstddef>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <span>
 #include <string>
+#include <thread>
+#include <utility>
 #include <vector>
 
 #include "platform/feedback.h"
@@ -9,10 +18,51 @@
 
 namespace qublet {
 
-// Reads the media facts of `paths` and makes a row of each, in their order; row i (from 0) gets the original order
-// `first_order` + i. Files are read ahead by several threads, the last path first; meanwhile this thread shows the
-// count of finished rows, at least every few hundredths of a second, so that the window stays painted.
-std::vector<Row> ReadRows(const FileSystem& files, const std::vector<std::string>& paths, int first_order,
-                          const std::string& thousands_separator, Feedback& feedback);
+// Reads the media facts of a batch of files ahead, by a thread for each processor, and makes a row of each. Reading
+// goes on while the paths of further files are still being found.
+class BatchReader {
+ public:
+  // Path i (from 0) gets the original order `first_order` + i. Nothing is started yet.
+  BatchReader(const FileSystem& files, int first_order, std::string thousands_separator)
+      : files_(files), thousands_separator_(std::move(thousands_separator)), next_order_(first_order) {}
+  // Files that no thread has taken by then aren't read.
+  ~BatchReader();
+  BatchReader(const BatchReader&) = delete;
+  BatchReader& operator=(const BatchReader&) = delete;
+
+  // Appends paths to the batch.
+  void Add(std::span<const std::string> paths);
+  // Waits for the whole batch and gives its rows in the order of the paths; to be called once, at the end. Meanwhile
+  // this thread shows the count of finished rows, at least every few hundredths of a second, so that the window stays
+  // painted.
+  std::vector<std::unique_ptr<Row>> Finish(Feedback& feedback);
+
+ private:
+  // What a thread takes at once.
+  struct Part {
+    std::vector<std::string> paths;
+    int first_order = 0;
+    std::vector<std::unique_ptr<Row>> rows;
+  };
+
+  void StartThreads();
+  void Work();
+  Part* TakePart();  // waits for one; nothing when there will be no more
+
+  const FileSystem& files_;
+  const std::string thousands_separator_;
+  int next_order_;
+  std::size_t added_ = 0;
+  std::atomic<std::size_t> done_{0};
+
+  std::mutex mutex_;  // of what stands below
+  std::condition_variable changed_;
+  std::deque<Part> parts_;  // a deque, because those that are being read stay in their place when more come
+  std::size_t taken_ = 0;
+  bool complete_ = false;
+  std::size_t ended_ = 0;  // threads
+
+  std::vector<std::jthread> threads_;  // the last member: they end before what they use
+};
 
 }  // namespace qublet

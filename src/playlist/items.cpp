@@ -4,7 +4,6 @@
 #include <utility>
 #include <vector>
 
-#include "playlist/batch_reader.h"
 #include "playlist/m3u_lines.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/folder_walk.h"
@@ -25,9 +24,7 @@ bool Items::AddFile(const std::string& filename, int Index, int OrigIndex) {
 
 void Items::AddByKind(const FileDetails& details, int InsertPoint) {
   if (details.IsFolder) {
-    DestroyFileArray(document_);
-    WalkFolder(files_, feedback_, details.Path, FileFilters(), document_.FileArray, true, false);
-    LoadFileArrayToList(InsertPoint);
+    AddFolder(details.Path, InsertPoint);
     return;
   }
   if (!details.IsFile) return;
@@ -69,25 +66,46 @@ bool Items::AddStuff(std::string filename, bool ReSelect, int& InsertPoint) {
 void Items::SaveFileArrayFromList(bool Mode) {
   const WaitCursor wait(feedback_);
   const RowStore& list = document_.ListView1;
+  if (Mode) document_.FileArray.reserve(document_.FileArray.size() + static_cast<std::size_t>(list.Count()));
   for (int i = 1; i <= list.Count(); ++i) {
     if (Mode || list.At(i).selected) document_.FileArray.push_back(list.At(i).FullPath());
   }
 }
 
 void Items::LoadFileArrayToList(int InsertPoint) {
+  BatchReader reader(files_, document_.ListView1.Count() + 1, thousands_separator_);
+  AddFromFileArray(reader, 0);
+  LoadBatch(reader, InsertPoint);
+}
+
+void Items::AddFolder(const std::string& folder, int InsertPoint) {
+  DestroyFileArray(document_);
+  BatchReader reader(files_, document_.ListView1.Count() + 1, thousands_separator_);
+  std::size_t handed_over = 0;
+  WalkFolder(files_, feedback_, folder, FileFilters(), document_.FileArray, true, false, [&] {
+    AddFromFileArray(reader, handed_over);
+    handed_over = document_.FileArray.size();
+  });
+  LoadBatch(reader, InsertPoint);
+}
+
+// "Original Order" is a 16-bit number: the items beyond it are refused one by one, which leaves the first ones.
+void Items::AddFromFileArray(BatchReader& reader, std::size_t from) {
+  const auto room = static_cast<std::size_t>(RowStore::MaxRows - document_.ListView1.Count());
+  const std::span<const std::string> paths = document_.FileArray;
+  const std::size_t end = std::min(paths.size(), room);
+  if (from < end) reader.Add(paths.subspan(from, end - from));
+}
+
+void Items::LoadBatch(BatchReader& reader, int InsertPoint) {
   const WaitCursor wait(feedback_);
   RowStore& list = document_.ListView1;
-  const int base = list.Count();
-  // "Original Order" is a 16-bit number: the items beyond it are refused one by one, which leaves the first ones.
-  std::vector<std::string> paths = document_.FileArray;
-  paths.resize(std::min(paths.size(), static_cast<std::size_t>(RowStore::MaxRows - base)));
-
   feedback_.BeginProgress("Get File Info...", static_cast<int>(document_.FileArray.size()));
   ResumeNext([&] {
-    std::vector<Row> rows = ReadRows(files_, paths, base + 1, thousands_separator_, feedback_);
+    std::vector<std::unique_ptr<Row>> rows = reader.Finish(feedback_);
     // Without an insertion point each row would go to the end, the last one first.
     if (InsertPoint < 1) std::reverse(rows.begin(), rows.end());
-    list.Insert(InsertPoint < 1 ? base + 1 : InsertPoint, std::move(rows));
+    list.Adopt(InsertPoint < 1 ? list.Count() + 1 : InsertPoint, std::move(rows));
   });
   feedback_.EndProgress();
 }

@@ -5,6 +5,7 @@
 
 #include "platform/feedback.h"
 #include "platform/file_system.h"
+#include "playlist/batch_reader.h"
 #include "playlist/document.h"
 #include "playlist/main_view.h"
 #include "playlist/paths/file_details.h"
@@ -48,6 +49,9 @@ class Items {
 
  private:
   void AddByKind(const FileDetails& details, int InsertPoint);
+  void AddFolder(const std::string& folder, int InsertPoint);
+  void AddFromFileArray(BatchReader& reader, std::size_t from);
+  void LoadBatch(BatchReader& reader, int InsertPoint);
   void SelectRowRange(int first, int last);
 
   Document& document_;

@@ -1,5 +1,7 @@
 #include "playlist/m3u_lines.h"
 
+#include <utility>
+
 #include "platform/code_page.h"
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/path_text.h"
@@ -48,19 +50,16 @@ std::string TakeIn(const FileSystem& files, const std::string& line, bool native
   std::string path = IsValidUtf8(line) ? line : FromCodePage(line);
   ResumeNext([&] { path = native ? FromNativeLine(files, line, path) : FromPlainLine(files, line); });
   const std::string first = FirstCharacters(path, 1);
-  if (path.substr(first.size()).starts_with(':')) path.replace(0, first.size(), LowerCase(first));
+  if (std::string_view(path).substr(first.size()).starts_with(':')) path.replace(0, first.size(), LowerCase(first));
   return path;
 }
 
-// What is written for each path by a playlist in `folder`: relative, but for an item that would read as a comment or
-// lose its beginning as a byte-order mark.
-Collection RelativeLines(const Collection& paths, const std::string& folder) {
-  Collection lines = paths;
-  MakeLinesRelative(lines, folder);
-  for (std::size_t i = 0; i < lines.size(); ++i) {
-    if (lines[i].starts_with('#') || WithoutMark(lines[i]) != lines[i]) lines[i] = paths[i];
-  }
-  return lines;
+// What a playlist in `folder` says for an item: its relative line, but for one that would read as a comment or lose
+// its beginning as a byte-order mark.
+std::string LineBelow(const std::string& folder, const std::string& item) {
+  std::string line = RelativeLine(item, folder);
+  const bool misread = line.starts_with('#') || WithoutMark(line) != line;
+  return misread ? item : line;
 }
 
 // The line of a path in this system's own form; a path that this form can't say keeps its drive form.
@@ -102,13 +101,29 @@ bool ReadPlaylistLines(const FileSystem& files, const std::string& path, Collect
   return bytes && ReadPlaylistText(files, *bytes, IsNativeForm(path), lines);
 }
 
+PlaylistText::PlaylistText(const FileSystem& files, const std::string& path, bool Relative)
+    : files_(files), path_(path), native_(IsNativeForm(path)) {
+  if (Relative) relative_to_ = ReplaceAll(path, "\\" + GetFileName(path), "");
+}
+
+void PlaylistText::Add(const std::string& folder, const std::string& name) {
+  if (!native_ && !relative_to_) {
+    text_.append(folder).append(name).append("\r\n");
+    return;
+  }
+  const std::string item = folder + name;
+  const std::string line = relative_to_ ? LineBelow(*relative_to_, item) : item;
+  text_.append(native_ ? NativeLine(files_, item, line) + "\n" : line + "\r\n");
+}
+
+bool PlaylistText::Write() {
+  return WriteTextFile(files_, path_, native_ ? std::move(text_) : EncodeText(std::move(text_)));
+}
+
 bool WritePlaylistLines(const FileSystem& files, const std::string& path, const Collection& paths, bool Relative) {
-  const std::string folder = ReplaceAll(path, "\\" + GetFileName(path), "");
-  const Collection lines = Relative ? RelativeLines(paths, folder) : paths;
-  if (!IsNativeForm(path)) return WriteLinesToFile(files, path, lines);
-  std::string text;
-  for (std::size_t i = 0; i < lines.size(); ++i) text += NativeLine(files, paths[i], lines[i]) + "\n";
-  return WriteTextFile(files, path, text);
+  PlaylistText text(files, path, Relative);
+  for (const std::string& item : paths) text.Add("", item);
+  return text.Write();
 }
 
 }  // namespace qublet

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,10 +24,29 @@ bool ReadPlaylistLines(const FileSystem& files, const std::string& path, Collect
 // The same on a playlist's content already in memory. `native` says that the paths are in this system's form.
 bool ReadPlaylistText(const FileSystem& files, std::string_view bytes, bool native, Collection& lines);
 
-// Replaces `path` by a playlist of `paths`, in the form that its extension asks for; with `Relative` the playlist's
+// A playlist file put together item by item, in the form that its extension asks for; with `Relative` the playlist's
 // own folder and its "\" are cut from every line. What would be misread as a relative line keeps its full path, and
 // what this system can't say in its own form (a drive it doesn't have, an end of line in a name) its drive form.
-// False on any error; the old file is then as it was.
+class PlaylistText {
+ public:
+  PlaylistText(const FileSystem& files, const std::string& path, bool Relative);
+
+  // Makes room ahead.
+  void Reserve(std::size_t bytes) { text_.reserve(bytes); }
+  // Appends an item. The two parts of its path come apart, as rows hold them: most lines need no joined text.
+  void Add(const std::string& folder, const std::string& name);
+  // Replaces the file by what was added; to be called once. False on any error; the old file is then as it was.
+  bool Write();
+
+ private:
+  const FileSystem& files_;
+  const std::string path_;
+  const bool native_;
+  std::optional<std::string> relative_to_;  // the playlist's folder; nothing when lines are full paths
+  std::string text_;
+};
+
+// Replaces `path` by a playlist of `paths`; see PlaylistText.
 bool WritePlaylistLines(const FileSystem& files, const std::string& path, const Collection& paths, bool Relative);
 
 }  // namespace qublet

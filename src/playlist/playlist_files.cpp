@@ -124,6 +124,8 @@ std::string PlaylistFiles::ProposeName() {
 }
 
 bool PlaylistFiles::AskForTarget(bool& Relative, std::string& target) {
+  DestroyFileArray(document_);
+  items_.SaveFileArrayFromList(true);
   const std::string proposed = Relative ? ProposeRelativeName(Relative) : ProposeName();
   const std::optional<std::string> chosen = services_.dialogs.ShowSave({proposed, kPlaylistFilter, "m3u"});
   if (chosen) target = *chosen;
@@ -134,8 +136,6 @@ bool PlaylistFiles::SavePlaylistFile(bool AsNew, bool Relative) {
   if (document_.ListView1.Count() == 0) return false;
   bool saved = false;
   ResumeNext([&] {
-    DestroyFileArray(document_);
-    items_.SaveFileArrayFromList(true);
     std::string target = document_.CurrentPlaylist;
     if ((AsNew || target.empty()) && !AskForTarget(Relative, target)) return;
     FileDetails details;
@@ -147,11 +147,9 @@ bool PlaylistFiles::SavePlaylistFile(bool AsNew, bool Relative) {
 }
 
 bool PlaylistFiles::WriteTo(const std::string& path, bool Relative) {
-  DestroyFileArray(document_);
-  items_.SaveFileArrayFromList(true);
   const WaitCursor wait(services_.feedback);
   services_.feedback.ShowActivity("Saving file: " + path);
-  const bool written = WritePlaylistLines(services_.files, path, document_.FileArray, Relative);
+  const bool written = WriteRows(path, Relative);
   if (written) {
     document_.CurrentPlaylist = path;
     view_.ShowCaption();
@@ -162,6 +160,15 @@ bool PlaylistFiles::WriteTo(const std::string& path, bool Relative) {
   }
   services_.feedback.ShowActivity("");
   return written;
+}
+
+bool PlaylistFiles::WriteRows(const std::string& path, bool Relative) {
+  constexpr std::size_t kUsualLine = 100;  // bytes
+  const RowStore& rows = document_.ListView1;
+  PlaylistText text(services_.files, path, Relative);
+  text.Reserve(static_cast<std::size_t>(rows.Count()) * kUsualLine);
+  for (int i = 1; i <= rows.Count(); ++i) text.Add(rows.At(i).cells[kPath], rows.At(i).cells[kFileName]);
+  return text.Write();
 }
 
 void PlaylistFiles::AddRecent() {

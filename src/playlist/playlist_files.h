@@ -43,6 +43,7 @@ class PlaylistFiles {
   std::string ProposeName();
   std::string NameFor(const std::string& common);
   bool WriteTo(const std::string& path, bool Relative);
+  bool WriteRows(const std::string& path, bool Relative);
   void AddRecent();
 
   Document& document_;

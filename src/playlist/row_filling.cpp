@@ -1,5 +1,7 @@
 #include "playlist/row_filling.h"
 
+#include <utility>
+
 #include "media/media_info.h"
 #include "playlist/paths/formats.h"
 #include "playlist/paths/text.h"
@@ -11,12 +13,12 @@ bool ReadRow(const FileSystem& files, const std::string& path, int original_orde
   MediaInfo info;
   GetMediaInfo(files, path, info);
   if (!info.Valid && !Contains(path, ":")) ResumeNext([&] { CompleteFolder(files, info); });
-  row.cells[kFileName] = info.FileName;
+  row.cells[kFileName] = std::move(info.FileName);
   return Guarded([&] {
     if (Contains(info.Bitrate, "VBR")) info.Length = VbrLength(info.Size, info.Bitrate);
     row.cells[kTime] = FormatTime(info.Length);
     row.cells[kSize] = FormatSize(info.Size, thousands_separator);
-    row.cells[kPath] = info.Path;
+    row.cells[kPath] = std::move(info.Path);
     if (info.Size == 0) {
       row.icon = RowIcon::kMissing;
       row.ghosted = true;

@@ -39,18 +39,21 @@ void RowStore::Tell(const News& news) {
 }
 
 void RowStore::Insert(int index, std::vector<Row> rows) {
+  std::vector<std::unique_ptr<Row>> fresh;
+  fresh.reserve(rows.size());
+  for (Row& row : rows) fresh.push_back(std::make_unique<Row>(std::move(row)));
+  Adopt(index, std::move(fresh));
+}
+
+void RowStore::Adopt(int index, std::vector<std::unique_ptr<Row>> rows) {
   if (index < 1 || index > Count() + 1) throw Failure("no such row");
   if (rows.empty()) return;
   const int count = static_cast<int>(rows.size());
   if (rows.size() > static_cast<std::size_t>(MaxRows - Count())) throw Failure("the list is full");
 
-  std::vector<std::unique_ptr<Row>> fresh;
-  fresh.reserve(rows.size());
-  for (Row& row : rows) fresh.push_back(std::make_unique<Row>(std::move(row)));
-
   const Bulk bulk(*this);
-  rows_.insert(rows_.begin() + (index - 1), std::make_move_iterator(fresh.begin()),
-               std::make_move_iterator(fresh.end()));
+  rows_.insert(rows_.begin() + (index - 1), std::make_move_iterator(rows.begin()),
+               std::make_move_iterator(rows.end()));
   NoteChanged(index, MaxRows);
   if (focused_ >= index) MoveFocus(focused_ + count);
 }

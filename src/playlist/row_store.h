@@ -25,7 +25,11 @@ struct Row {
   bool selected = false;
 
   // The one way to get a path from a row.
-  std::string FullPath() const { return cells[kPath] + cells[kFileName]; }
+  std::string FullPath() const {
+    std::string path;
+    path.reserve(cells[kPath].size() + cells[kFileName].size());
+    return path.append(cells[kPath]).append(cells[kFileName]);
+  }
 };
 
 // Who shows the rows hears of each change here, after it is made. Rows are told apart by what they hold alone: when
@@ -57,6 +61,8 @@ class RowStore {
   // Inserts before row `index` (1 to Count() + 1), keeping the order of `rows`. Throws Failure when they don't all
   // fit; nothing is inserted then.
   void Insert(int index, std::vector<Row> rows);
+  // Insert for rows that have their place in memory already and stay there.
+  void Adopt(int index, std::vector<std::unique_ptr<Row>> rows);
   void Remove(int index);
   // Removes every row that `doomed` names; gives how many went. Linear in the rows.
   int RemoveIf(const std::function<bool(const Row&)>& doomed);

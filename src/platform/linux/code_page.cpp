@@ -29,6 +29,11 @@ std::optional<std::string> ToCodePage(std::string_view utf8) {
   std::string bytes;
   bytes.reserve(utf8.size());
   while (!utf8.empty()) {
+    if (static_cast<unsigned char>(utf8.front()) < 0x80) {
+      bytes += utf8.front();
+      utf8.remove_prefix(1);
+      continue;
+    }
     std::int32_t character = -1;
     const auto* next = reinterpret_cast<const utf8proc_uint8_t*>(utf8.data());
     const auto length = utf8proc_iterate(next, static_cast<utf8proc_ssize_t>(utf8.size()), &character);

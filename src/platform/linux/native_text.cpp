@@ -2,6 +2,7 @@
 
 #include <utf8proc.h>
 
+#include <algorithm>
 #include <cstdint>
 
 #include "platform/failure.h"
@@ -83,6 +84,12 @@ std::string TextFromNative(std::string_view native) {
 std::string NativeFromText(std::string_view text) {
   if (text.find('\0') != std::string_view::npos) throw Failure("a path holds a zero character");
   std::string native;
+  // Whatever stands for another begins with this byte, and few paths hold one.
+  if (text.find('\xEF') == text.npos) {
+    native = text;
+    std::replace(native.begin(), native.end(), '\\', '/');
+    return native;
+  }
   native.reserve(text.size());
   for (std::size_t i = 0; i < text.size();) {
     if (text[i] != '\xEF') {

@@ -85,9 +85,11 @@ bool FilterLinesContaining(const Collection& lines, std::vector<int>& results, s
 }
 
 void MakeLinesRelative(Collection& lines, std::string_view base_folder) {
-  const std::string base = std::string(base_folder) + "\\";
-  for (std::string& line : lines)
-    if (Contains(line, base)) line = ReplaceAll(line, base, "");
+  for (std::string& line : lines) line = RelativeLine(line, base_folder);
+}
+
+std::string RelativeLine(std::string_view line, std::string_view base_folder) {
+  return ReplaceAll(line, std::string(base_folder) + "\\", "");
 }
 
 bool KeepExistingFiles(const FileSystem& files, Collection& lines) {

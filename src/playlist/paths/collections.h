@@ -26,6 +26,7 @@ bool FilterLinesContaining(const Collection& lines, std::vector<int>& results, s
 
 // Removes every occurrence of `base_folder` + "\", wherever in a line it stands.
 void MakeLinesRelative(Collection& lines, std::string_view base_folder);
+std::string RelativeLine(std::string_view line, std::string_view base_folder);
 
 // Drops the lines for which FileExists is False. True when none was dropped.
 bool KeepExistingFiles(const FileSystem& files, Collection& lines);

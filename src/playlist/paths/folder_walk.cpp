@@ -133,8 +133,9 @@ class FilterSet {
 
 class Walk {
  public:
-  Walk(const FileSystem& files, Feedback& feedback, const Collection& filters, Collection& results)
-      : files_(files), feedback_(feedback), filters_(filters), results_(results) {}
+  Walk(const FileSystem& files, Feedback& feedback, const Collection& filters, Collection& results,
+       const std::function<void()>& folder_done)
+      : files_(files), feedback_(feedback), filters_(filters), results_(results), folder_done_(folder_done) {}
 
   void Run(const std::string& folder, bool recurse, bool quiet) {
     Enter(folder, quiet);
@@ -163,6 +164,7 @@ class Walk {
     if (!quiet) feedback_.ShowActivity(folder);
     Level level{WithSlash(folder), quiet, files_.IdentityOf(WithSlash(folder)), {}, 0};
     if (MayEnter(level)) ResumeNext([&] { Collect(level); });
+    if (folder_done_) folder_done_();
     levels_.push_back(std::move(level));
   }
 
@@ -185,6 +187,7 @@ class Walk {
   Feedback& feedback_;
   const FilterSet filters_;
   Collection& results_;
+  const std::function<void()>& folder_done_;
   std::vector<Level> levels_;
   std::map<std::pair<std::uint64_t, std::uint64_t>, int> ways_;  // times each folder has been entered
 };
@@ -206,8 +209,8 @@ void ListFolderFiles(const FileSystem& files, const std::string& folder, const s
 }
 
 void WalkFolder(const FileSystem& files, Feedback& feedback, const std::string& folder, const Collection& filters,
-                Collection& results, bool Recurse, bool Quiet) {
-  ResumeNext([&] { Walk(files, feedback, filters, results).Run(folder, Recurse, Quiet); });
+                Collection& results, bool Recurse, bool Quiet, const std::function<void()>& folder_done) {
+  ResumeNext([&] { Walk(files, feedback, filters, results, folder_done).Run(folder, Recurse, Quiet); });
 }
 
 }  // namespace qublet

@@ -22,6 +22,10 @@ Character CharacterAt(std::string_view text, std::size_t at) {
 }
 
 void Append(std::string& text, utf8proc_int32_t code) {
+  if (code < 0x80) {
+    text += static_cast<char>(code);
+    return;
+  }
   utf8proc_uint8_t bytes[4];
   const auto length = utf8proc_encode_char(code, bytes);
   text.append(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length));

@@ -1,7 +1,9 @@
 #include "playlist/paths/text_files.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <span>
+#include <utility>
 
 #include "platform/code_page.h"
 
@@ -35,7 +37,8 @@ bool WriteTextFile(const FileSystem& files, const std::string& path, std::string
 }
 
 std::string_view TakeLine(std::string_view& text) {
-  const std::string_view line = text.substr(0, text.find_first_of("\r\n"));
+  const auto end = std::find_if(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; });
+  const std::string_view line = text.substr(0, static_cast<std::size_t>(end - text.begin()));
   text.remove_prefix(line.size());
   text.remove_prefix(text.starts_with("\r\n") ? 2 : text.empty() ? 0 : 1);
   return line;
@@ -54,9 +57,12 @@ bool ReadLinesFromFile(const FileSystem& files, Collection& lines, const std::st
 }
 
 std::string EncodeLines(const Collection& lines) {
+  std::size_t size = 0;
+  for (const std::string& line : lines) size += line.size() + 2;
   std::string text;
+  text.reserve(size);
   for (const std::string& line : lines) text.append(line).append("\r\n");
-  return EncodeText(text);
+  return EncodeText(std::move(text));
 }
 
 bool WriteLinesToFile(const FileSystem& files, const std::string& path, const Collection& lines) {

@@ -1,0 +1,113 @@
+#include "playlist/batch_reader.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+
+#include "support/forwarding_file_system.h"
+#include "support/list_test_base.h"
+#include "support/slow_file_system.h"
+
+namespace qublet {
+namespace {
+
+class BatchReaderTest : public ListTestBase {
+ protected:
+  Collection Files(const std::string& folder, int count) const {
+    Collection paths;
+    for (int i = 0; i < count; ++i) {
+      const std::string name = std::to_string(100 + i) + ".mp3";
+      drives_.Write(folder + "/" + name, "abc");
+      paths.push_back("c:\\" + folder + "\\" + name);
+    }
+    return paths;
+  }
+
+  static Collection FullPaths(const std::vector<std::unique_ptr<Row>>& rows) {
+    Collection paths;
+    for (const auto& row : rows) paths.push_back(row->FullPath());
+    return paths;
+  }
+
+  std::vector<std::unique_ptr<Row>> Finish(BatchReader& reader) {
+    feedback_.BeginProgress("", 0);
+    return reader.Finish(feedback_);
+  }
+};
+
+TEST_F(BatchReaderTest, GivesNothingForNothing) {
+  BatchReader reader(*files_, 1, ",");
+  EXPECT_TRUE(Finish(reader).empty());
+}
+
+TEST_F(BatchReaderTest, KeepsTheOrderOfThePathsHoweverTheyCome) {
+  const Collection paths = Files("m", 100);
+  const std::span<const std::string> all = paths;
+  BatchReader reader(*files_, 7, ",");
+  reader.Add(all.first(1));
+  reader.Add(all.subspan(1, 50));
+  reader.Add(all.subspan(51, 0));
+  reader.Add(all.subspan(51));
+  const auto rows = Finish(reader);
+  EXPECT_EQ(FullPaths(rows), paths);
+  EXPECT_EQ(rows.front()->cells[kOriginalOrder], "7");
+  EXPECT_EQ(rows.back()->cells[kOriginalOrder], "106");
+  EXPECT_EQ(feedback_.progress.back().values.back(), 100);
+  EXPECT_FALSE(feedback_.foreign_thread);
+}
+
+TEST_F(BatchReaderTest, LeavesOutWhatNoThreadHasTakenWhenItIsDropped) {
+  const Collection paths = Files("m", 500);
+  const SlowFileSystem slow(std::chrono::milliseconds(20));
+  const auto start = std::chrono::steady_clock::now();
+  {
+    BatchReader reader(slow, 1, ",");
+    reader.Add(paths);
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2)) << "all would take 5 s";
+}
+
+// Lists the folder "b" only when a file has been opened, or after a while.
+class WaitingFileSystem : public ForwardingFileSystem {
+ public:
+  using ForwardingFileSystem::ForwardingFileSystem;
+
+  std::vector<FolderEntry> ReadFolder(const std::string& folder) const override {
+    if (folder.ends_with("\\b\\")) {
+      std::unique_lock lock(mutex_);
+      opened_in_time = opened_.wait_for(lock, std::chrono::seconds(10), [&] { return any_open_; });
+    }
+    return ForwardingFileSystem::ReadFolder(folder);
+  }
+  std::unique_ptr<InputFile> OpenForReading(const std::string& path) const override {
+    const std::lock_guard lock(mutex_);
+    any_open_ = true;
+    opened_.notify_all();
+    return ForwardingFileSystem::OpenForReading(path);
+  }
+
+  mutable bool opened_in_time = false;
+
+ private:
+  mutable std::mutex mutex_;
+  mutable std::condition_variable opened_;
+  mutable bool any_open_ = false;
+};
+
+TEST_F(BatchReaderTest, ReadsTheFilesOfAFolderWhileTheWalkIsInTheNext) {
+  Collection all = Files("m/a", 100);
+  for (std::string& path : all) path.replace(4, 1, "\\");
+  for (int i = 0; i < 5; ++i) drives_.Write("m/b/" + std::to_string(i) + ".mp3", "abc");
+  WaitingFileSystem waiting(*files_);
+  Items items(document_, waiting, feedback_, view_, ",");
+  EXPECT_TRUE(items.AddStuff("c:\\m", true));
+  EXPECT_TRUE(waiting.opened_in_time);
+  EXPECT_EQ(Rows().Count(), 105);
+  EXPECT_EQ(Rows().At(100).FullPath(), all.back());
+  EXPECT_EQ(Rows().At(105).FullPath(), "c:\\m\\b\\4.mp3");
+}
+
+}  // namespace
+}  // namespace qublet
