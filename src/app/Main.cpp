@@ -145,7 +145,7 @@ void Main::Load(const std::string& command_line, QWidget* splash) {
   } else {
     session_->SetFormState(false);
   }
-  SetMenuBitmaps();
+  SetMenuBitmaps(entries_);
   DetectPlayer();
   if (splash != nullptr) splash->hide();
   QTimer::singleShot(kTipDelay, this, &Main::TipTimer_Timer);
@@ -296,35 +296,6 @@ void Main::ListView1_Click() {
 
 void Main::ShowCaption() {
   setWindowTitle(QString::fromStdString(CaptionText(AppTitle(), document_.CurrentPlaylist)));
-}
-
-void Main::SetMenuBitmaps() {
-  struct MenuPicture {
-    const char* entry;
-    std::size_t image;  // in ImageList1
-  };
-  constexpr std::array<MenuPicture, 17> kMenuPictures{{{"MFileNew", 1},
-                                                       {"MFileOpen", 2},
-                                                       {"MFileSave", 3},
-                                                       {"MFileSaveAs", 3},
-                                                       {"MFileSaveRel", 13},
-                                                       {"MEditPlay", 8},
-                                                       {"MEditAddDir", 4},
-                                                       {"MEditRemove", 5},
-                                                       {"MEditMoveUp", 6},
-                                                       {"MEditMoveDown", 7},
-                                                       {"MEditId3", 10},
-                                                       {"MViewDetails", 10},
-                                                       {"MToolsFilter", 13},
-                                                       {"MToolsSearch", 14},
-                                                       {"MToolsRename", 12},
-                                                       {"MHelpHelp", 15},
-                                                       {"MHelpQuickguide", 15}}};
-  for (const MenuPicture& picture : kMenuPictures) {
-    if (QAction* entry = entries_.value(QString::fromUtf8(picture.entry))) {
-      entry->setIcon(Picture(QString::fromUtf8(ImageList1[picture.image])));
-    }
-  }
 }
 
 void Main::RefreshRecentMenu() {

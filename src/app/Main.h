@@ -124,7 +124,6 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   void Connect();
 
   void DetectPlayer() { play_->DetectPlayer(entries_); }
-  void SetMenuBitmaps();
   void RegisterAccessoryTools() {}
   void OpenCommandLine(const std::string& command_line);
   void Form_Unload();

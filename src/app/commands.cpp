@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "app/Main.h"
+#include "platform/qt/pictures.h"
 
 namespace qublet {
 
@@ -56,6 +57,35 @@ MenuEntries BuildMenus(QMenuBar& bar, Main& main) {
 
 void EnableEntry(QAction& entry, bool enabled) {
   entry.setEnabled(enabled && CommandNamed(entry.objectName().toStdString()).handler != nullptr);
+}
+
+void SetMenuBitmaps(const MenuEntries& entries) {
+  struct MenuPicture {
+    const char* entry;
+    std::size_t image;  // in ImageList1
+  };
+  constexpr std::array<MenuPicture, 17> kMenuPictures{{{"MFileNew", 1},
+                                                       {"MFileOpen", 2},
+                                                       {"MFileSave", 3},
+                                                       {"MFileSaveAs", 3},
+                                                       {"MFileSaveRel", 13},
+                                                       {"MEditPlay", 8},
+                                                       {"MEditAddDir", 4},
+                                                       {"MEditRemove", 5},
+                                                       {"MEditMoveUp", 6},
+                                                       {"MEditMoveDown", 7},
+                                                       {"MEditId3", 10},
+                                                       {"MViewDetails", 10},
+                                                       {"MToolsFilter", 13},
+                                                       {"MToolsSearch", 14},
+                                                       {"MToolsRename", 12},
+                                                       {"MHelpHelp", 15},
+                                                       {"MHelpQuickguide", 15}}};
+  for (const MenuPicture& picture : kMenuPictures) {
+    if (QAction* entry = entries.value(QString::fromUtf8(picture.entry))) {
+      entry->setIcon(Picture(QString::fromUtf8(ImageList1[picture.image])));
+    }
+  }
 }
 
 }  // namespace qublet

@@ -44,4 +44,7 @@ MenuEntries BuildMenus(QMenuBar& bar, Main& main);
 // An entry whose tool isn't there stays disabled.
 void EnableEntry(QAction& entry, bool enabled);
 
+// Puts the pictures beside the entries that have one.
+void SetMenuBitmaps(const MenuEntries& entries);
+
 }  // namespace qublet
