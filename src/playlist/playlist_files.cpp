@@ -167,7 +167,10 @@ bool PlaylistFiles::WriteRows(const std::string& path, bool Relative) {
   const RowStore& rows = document_.ListView1;
   PlaylistText text(services_.files, path, Relative);
   text.Reserve(static_cast<std::size_t>(rows.Count()) * kUsualLine);
-  for (int i = 1; i <= rows.Count(); ++i) text.Add(rows.At(i).cells[kPath], rows.At(i).cells[kFileName]);
+  for (int i = 1; i <= rows.Count(); ++i) {
+    rows.ExpectPaths(i);
+    text.Add(rows.At(i).cells[kPath], rows.At(i).cells[kFileName]);
+  }
   return text.Write();
 }
 

@@ -10,6 +10,20 @@ std::size_t RowStore::Place(int index) const {
   return static_cast<std::size_t>(index - 1);
 }
 
+void RowStore::ExpectPaths(int index) const {
+  constexpr int kRowAhead = 24, kTextAhead = 12;  // the row itself has to be there before its texts can be asked for
+  if (index + kRowAhead <= Count()) {
+    const Row& row = At(index + kRowAhead);
+    __builtin_prefetch(&row.cells[kPath]);
+    __builtin_prefetch(&row.cells[kFileName]);
+  }
+  if (index + kTextAhead <= Count()) {
+    const Row& row = At(index + kTextAhead);
+    __builtin_prefetch(row.cells[kPath].data());
+    __builtin_prefetch(row.cells[kFileName].data());
+  }
+}
+
 void RowStore::SetListener(RowListener* listener) {
   listener_ = listener;
   told_count_ = Count();

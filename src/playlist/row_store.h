@@ -57,6 +57,9 @@ class RowStore {
 
   int Count() const { return static_cast<int>(rows_.size()); }
   const Row& At(int index) const { return *rows_[Place(index)]; }
+  // For a loop over all paths, at each row: has the memory of those soon to come, scattered as rows are, ready by
+  // then.
+  void ExpectPaths(int index) const;
 
   // Inserts before row `index` (1 to Count() + 1), keeping the order of `rows`. Throws Failure when they don't all
   // fit; nothing is inserted then.
