@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "platform/program.h"
+#include "playlist/paths/text.h"
 
 namespace qublet {
 
@@ -29,7 +30,7 @@ std::string PathFromArgument(const FileSystem& files, const std::string& argumen
       !argument.empty() && ((argument[0] >= 'a' && argument[0] <= 'z') || (argument[0] >= 'A' && argument[0] <= 'Z'));
   const bool drive_form =
       letter && argument.size() > 1 && argument[1] == ':' && (argument.size() == 2 || argument[2] == '\\');
-  return drive_form ? argument : files.FromNative(argument);
+  return drive_form ? ReplaceAll(argument, "/", "\\") : files.FromNative(argument);
 }
 
 std::string OwnFolder(const FileSystem& files) {

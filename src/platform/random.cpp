@@ -21,7 +21,8 @@ double SystemRandom::Draw() {
 
 void SystemRandom::Reseed() {
   const auto ticks = std::chrono::high_resolution_clock::now().time_since_epoch().count();
-  state_ += Mixed(static_cast<std::uint64_t>(ticks));
+  // Two that are made within one tick of a slow clock are told apart by their places.
+  state_ += Mixed(static_cast<std::uint64_t>(ticks)) ^ Mixed(reinterpret_cast<std::uintptr_t>(this));
 }
 
 }  // namespace qublet

@@ -78,6 +78,12 @@ TEST_F(CommandLine, HelpsWithEveryCommand) {
   }
 }
 
+TEST_F(ListRows, TakesEitherSeparatorBehindADrive) {
+  Touch({"m/1.mp3"});
+  EXPECT_EQ(Run({"list", "C:\\m/1.mp3"}), 0);
+  EXPECT_EQ(Listed(), Collection{"c:\\m\\1.mp3"});
+}
+
 #ifndef _WIN32
 TEST_F(CommandLine, IsNotDoneWhenNothingTakesItsOutput) {
   const std::string program = (std::filesystem::canonical("/proc/self/exe").parent_path() / "qublet").string();

@@ -1,11 +1,21 @@
 #pragma once
 
+#ifndef _WIN32
 #include <unistd.h>
+#endif
 
 #include <filesystem>
 
 namespace qublet {
 
+#ifdef _WIN32
+// Nobody is set apart from the rights of others there by a mode.
+class OrdinaryUser {
+ public:
+  explicit OrdinaryUser(const std::filesystem::path& /*folder*/) {}
+  bool Changed() const { return false; }
+};
+#else
 // For as long as it lives a test run by the superuser is an ordinary user, to whom `folder` and all in it belongs:
 // permissions count then. For others nothing changes.
 class OrdinaryUser {
@@ -34,5 +44,6 @@ class OrdinaryUser {
 
   bool changed_ = false;
 };
+#endif
 
 }  // namespace qublet

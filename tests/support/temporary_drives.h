@@ -1,11 +1,12 @@
 #pragma once
 
-#include <stdlib.h>
-
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
+
+#include "support/environment.h"
 
 namespace qublet {
 
@@ -13,19 +14,14 @@ namespace qublet {
 // The current folder is the root of c: meanwhile.
 class TemporaryDrives {
  public:
-  TemporaryDrives() : before_(std::filesystem::current_path()) {
-    std::string pattern = (std::filesystem::temp_directory_path() / "qublet-test-XXXXXX").string();
-    root_ = mkdtemp(pattern.data());
+  TemporaryDrives() : before_(std::filesystem::current_path()), root_(MakeFolder()) {
     std::filesystem::create_directories(root_ / "c");
     std::filesystem::create_directories(root_ / "d");
-    std::filesystem::create_directories(root_ / "dosdevices");
-    std::filesystem::create_directory_symlink(root_ / "c", root_ / "dosdevices" / "c:");
-    std::filesystem::create_directory_symlink(root_ / "d", root_ / "dosdevices" / "d:");
-    setenv("QUBLET_DOSDEVICES", (root_ / "dosdevices").c_str(), 1);
-    setenv("XDG_CONFIG_HOME", (root_ / "config").c_str(), 1);
-    setenv("XDG_DATA_HOME", (root_ / "data").c_str(), 1);
+    setenv("QUBLET_DOSDEVICES", MakeDrives().string().c_str(), 1);
+    setenv("XDG_CONFIG_HOME", (root_ / "config").string().c_str(), 1);
+    setenv("XDG_DATA_HOME", (root_ / "data").string().c_str(), 1);
     std::filesystem::current_path(root_ / "c");
-    setenv("PWD", (root_ / "c").c_str(), 1);
+    setenv("PWD", (root_ / "c").string().c_str(), 1);
   }
 
   ~TemporaryDrives() {
@@ -42,8 +38,11 @@ class TemporaryDrives {
   std::filesystem::path C() const { return root_ / "c"; }
   std::filesystem::path D() const { return root_ / "d"; }
 
+  // A native path given in UTF-8, whatever this system's own code page is.
+  static std::filesystem::path PathOf(const std::string& utf8) { return std::u8string(utf8.begin(), utf8.end()); }
+
   // Writes a file below C() ("music/a.mp3"), with its folders.
-  void Write(const std::string& name, const std::string& content) const { WriteAt(C() / name, content); }
+  void Write(const std::string& name, const std::string& content) const { WriteAt(C() / PathOf(name), content); }
 
   static void WriteAt(const std::filesystem::path& place, const std::string& content) {
     std::filesystem::create_directories(place.parent_path());
@@ -53,11 +52,11 @@ class TemporaryDrives {
   // A file below C() of this length that takes no room on the disk.
   void WriteSparse(const std::string& name, const std::string& start, std::uintmax_t size) const {
     Write(name, start);
-    std::filesystem::resize_file(C() / name, size);
+    std::filesystem::resize_file(C() / PathOf(name), size);
   }
 
   // Content of a file below C(), "" when there is none.
-  std::string Read(const std::string& name) const { return ReadAt(C() / name); }
+  std::string Read(const std::string& name) const { return ReadAt(C() / PathOf(name)); }
 
   static std::string ReadAt(const std::filesystem::path& place) {
     std::ifstream in(place, std::ios::binary);
@@ -65,6 +64,26 @@ class TemporaryDrives {
   }
 
  private:
+  static std::filesystem::path MakeFolder() {
+    std::random_device chance;
+    const std::filesystem::path folder =
+        std::filesystem::temp_directory_path() / ("qublet-test-" + std::to_string(chance()));
+    std::filesystem::create_directory(folder);
+    return folder;
+  }
+
+  // The folder that says what c: and d: are: folders on Windows, where no name holds a ":", links elsewhere.
+  std::filesystem::path MakeDrives() const {
+#ifdef _WIN32
+    return root_;
+#else
+    std::filesystem::create_directories(root_ / "dosdevices");
+    std::filesystem::create_directory_symlink(root_ / "c", root_ / "dosdevices" / "c:");
+    std::filesystem::create_directory_symlink(root_ / "d", root_ / "dosdevices" / "d:");
+    return root_ / "dosdevices";
+#endif
+  }
+
   std::filesystem::path before_;
   std::filesystem::path root_;
 };

@@ -5,10 +5,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <filesystem>
-#include <vector>
 
+#include "platform/file_content.h"
 #include "platform/linux/descriptor.h"
 #include "platform/linux/open_files.h"
 #include "platform/linux/replacement.h"
@@ -68,19 +67,6 @@ int ChangeCase(const std::string& from, const std::string& to) {
   const int error = MoveWithoutReplacing(AT_FDCWD, between, to);
   if (error != 0) rename(between.c_str(), from.c_str());
   return error;
-}
-
-bool SameContent(InputFile& a, InputFile& b) {
-  if (a.Size() != b.Size()) return false;
-  constexpr std::size_t kChunk = 64 * 1024;
-  std::vector<std::uint8_t> left(kChunk);
-  std::vector<std::uint8_t> right(kChunk);
-  for (std::int64_t offset = 0; offset < a.Size(); offset += kChunk) {
-    const std::size_t count = a.ReadAt(offset, left);
-    if (b.ReadAt(offset, right) != count) return false;
-    if (!std::equal(left.begin(), left.begin() + static_cast<std::ptrdiff_t>(count), right.begin())) return false;
-  }
-  return true;
 }
 
 void MoveAcross(const std::string& from, const std::string& to) {

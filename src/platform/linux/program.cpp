@@ -6,21 +6,18 @@
 #include "platform/linux/user_folders.h"
 
 namespace qublet {
-namespace {
-
-std::string FolderOf(const std::string& path) {
-  return path.substr(0, path.rfind('\\'));
-}
-
-bool FilesCanBeMadeIn(const FileSystem& files, const std::string& folder) {
-  return Guarded([&] { files.BeginReplacement(folder + "\\.qublet-probe"); });
-}
-
-}  // namespace
 
 int GetPlatformId() {
   return 3;
 }
+
+std::vector<std::string> CommandLineArguments(int count, char** arguments) {
+  return {arguments + 1, arguments + count};
+}
+
+// It is shown so without our doing.
+Utf8Console::Utf8Console() = default;
+Utf8Console::~Utf8Console() = default;
 
 std::string ExecutablePath(const FileSystem& files) {
   std::error_code error;
@@ -29,11 +26,7 @@ std::string ExecutablePath(const FileSystem& files) {
   return files.FromNative(place.string());
 }
 
-std::string ProgramFolder(const FileSystem& files) {
-  std::string beside;
-  ResumeNext([&] { beside = FolderOf(ExecutablePath(files)); });
-  if (!beside.empty() && FilesCanBeMadeIn(files, beside)) return beside;
-
+std::string OwnFolderOfUser(const FileSystem& files) {
   const std::string data = DataFolder();
   if (data.empty()) throw Failure("this user has no home folder");
   MakeFolders(data + "/velmora");

@@ -4,8 +4,7 @@
 #include <stdio.h>
 #include <unistd.h>
 
-#include <algorithm>
-
+#include "platform/file_content.h"
 #include "platform/linux/file_metadata.h"
 #include "platform/linux/move.h"
 #include "platform/linux/temporary_file.h"
@@ -101,14 +100,7 @@ void Replacement::CopyFrom(InputFile& source, std::int64_t offset, std::int64_t 
     offset += copied;
     length -= copied;
   }
-  std::vector<std::uint8_t> chunk(static_cast<std::size_t>(std::clamp<std::int64_t>(length, 0, kBufferSize)));
-  while (length > 0) {
-    const auto wanted = static_cast<std::size_t>(std::min<std::int64_t>(length, kBufferSize));
-    if (source.ReadAt(offset, std::span(chunk).first(wanted)) != wanted) throw Failure("the source ends early");
-    Write(std::span(chunk).first(wanted));
-    offset += static_cast<std::int64_t>(wanted);
-    length -= static_cast<std::int64_t>(wanted);
-  }
+  AppendContent(source, offset, length, *this);
 }
 
 // Gives how much was copied; what is left has to be read and written.

@@ -7,8 +7,9 @@
 #include <QPainter>
 #include <QPalette>
 #include <QPixmapCache>
-#include <QSvgRenderer>
 #include <utility>
+
+#include "platform/qt/drawing.h"
 
 // The macro declares a function of the global namespace. A static library's resources are left out unless asked for.
 static void HoldPictures() {
@@ -98,9 +99,7 @@ class PictureEngine : public QIconEngine {
     QPixmap picture(size);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
-    QSvgRenderer renderer(Tinted(drawing_, tints));
-    renderer.setAspectRatioMode(Qt::KeepAspectRatio);
-    renderer.render(&painter, QRectF(QPointF(), size));
+    PaintDrawing(painter, Tinted(drawing_, tints), QRectF(QPointF(), size));
     return picture;
   }
 

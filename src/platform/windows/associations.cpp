@@ -1,18 +1,15 @@
 #include "platform/associations.h"
 
-#include <windows.h>
+#include "platform/windows/windows_api.h"
 
-#include <shellapi.h>
+#include <shlwapi.h>
 
-#include <array>
-
-#include "platform/windows/registry.h"
+#include "platform/windows/wide_text.h"
 
 namespace qublet {
 namespace {
 
-// Above this FindExecutable has found one.
-constexpr INT_PTR kMostError = 32;
+constexpr DWORD kMostPathUnits = 32768;
 
 // A program is known by its path alone here.
 class ShellAssociations : public Associations {
@@ -22,10 +19,14 @@ class ShellAssociations : public Associations {
   AssociatedProgram ProgramFor(const std::string& path) const override {
     AssociatedProgram program;
     ResumeNext([&] {
-      std::array<wchar_t, MAX_PATH + 1> found{};
-      const std::wstring native = WideText(files_.ToNative(path));
-      const HINSTANCE result = FindExecutableW(native.c_str(), L"", found.data());
-      if (reinterpret_cast<INT_PTR>(result) > kMostError) program.path = files_.FromNative(NarrowText(found.data()));
+      const std::size_t dot = path.find_last_of(".\\");
+      if (dot == path.npos || path[dot] != '.') return;
+      std::wstring found(kMostPathUnits, L'\0');
+      DWORD length = kMostPathUnits;
+      // The program that only asks the user which one to take is none.
+      const HRESULT result = AssocQueryStringW(ASSOCF_NOTRUNCATE | ASSOCF_INIT_IGNOREUNKNOWN, ASSOCSTR_EXECUTABLE,
+                                               WideText(path.substr(dot)).c_str(), L"open", found.data(), &length);
+      if (result == S_OK) program.path = files_.FromNative(NarrowText(found.c_str()));
     });
     return program;
   }

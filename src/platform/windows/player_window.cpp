@@ -1,8 +1,8 @@
 #include "platform/player_window.h"
 
-#include <windows.h>
-
 #include <cstdlib>
+
+#include "platform/windows/windows_api.h"
 
 namespace qublet {
 namespace {
@@ -39,7 +39,7 @@ class MessagePlayers : public PlayerWindows {
   }
 
   PlayingState State(const PlayerHandle& player) override {
-    const LRESULT state = player.empty() ? kStopped : Send(player, WM_USER, 0, kAskState, kStopped);
+    const LRESULT state = player.empty() ? LRESULT{kStopped} : Send(player, WM_USER, 0, kAskState, kStopped);
     return state == kPlaying ? kPlaying : state == kPaused ? kPaused : kStopped;
   }
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/failure.h"
+#include "platform/windows/wide_text.h"
 
 namespace qublet {
 namespace {
@@ -12,21 +13,6 @@ namespace {
 constexpr DWORD kMostNameCharacters = 16384;
 
 }  // namespace
-
-std::wstring WideText(const std::string& text) {
-  const int length = MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), nullptr, 0);
-  std::wstring wide(static_cast<std::size_t>(length), L'\0');
-  MultiByteToWideChar(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), wide.data(), length);
-  return wide;
-}
-
-std::string NarrowText(const std::wstring& text) {
-  const int size = static_cast<int>(text.size());
-  const int length = WideCharToMultiByte(CP_UTF8, 0, text.data(), size, nullptr, 0, nullptr, nullptr);
-  std::string narrow(static_cast<std::size_t>(length), '\0');
-  WideCharToMultiByte(CP_UTF8, 0, text.data(), size, narrow.data(), length, nullptr, nullptr);
-  return narrow;
-}
 
 RegistryKey RegistryKey::Create(HKEY root, const std::string& path, REGSAM rights) {
   HKEY key = nullptr;

@@ -1,17 +1,14 @@
 #pragma once
 
-#include <windows.h>
-
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/windows/windows_api.h"
+
 namespace qublet {
 
 // Text values of the registry. All texts are UTF-8.
-
-std::wstring WideText(const std::string& text);
-std::string NarrowText(const std::wstring& text);
 
 // A key that is closed with its owner.
 class RegistryKey {

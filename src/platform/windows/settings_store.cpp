@@ -45,16 +45,16 @@ class RegistrySettingsStore : public SettingsStore {
   }
 
  private:
-  // What can't stand in the name of a registry key is written as "%" and two digits.
+  // What can't stand in the name of a registry key is written as "%" and two digits, no name at all as "%".
   static std::string KeyName(const std::string& name) {
-    std::string escaped;
+    std::string escaped = name.empty() ? "%" : "";
     for (const char c : name) escaped += c == '\\' ? "%5c" : c == '%' ? "%25" : c == '\0' ? "%00" : std::string(1, c);
     return escaped;
   }
 
   static std::string NameOfKey(const std::string& key) {
     std::string name;
-    for (std::size_t i = 0; i < key.size(); ++i) {
+    for (std::size_t i = 0; key != "%" && i < key.size(); ++i) {
       const std::string code = key.substr(i, 3);
       const bool escaped = code == "%5c" || code == "%25" || code == "%00";
       name += code == "%5c" ? '\\' : code == "%00" ? '\0' : key[i];

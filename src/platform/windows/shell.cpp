@@ -1,10 +1,10 @@
 #include "platform/shell.h"
 
-#include <windows.h>
+#include "platform/windows/windows_api.h"
 
 #include <shellapi.h>
 
-#include "platform/windows/registry.h"
+#include "platform/windows/wide_text.h"
 
 namespace qublet {
 namespace {

@@ -1,8 +1,6 @@
 #include "playlist/paths/formats.h"
 
-#include <locale>
-
-#include "platform/failure.h"
+#include "platform/user_locale.h"
 #include "playlist/paths/text.h"
 
 namespace qublet {
@@ -32,14 +30,8 @@ bool FlagToBool(int value) {
 }
 
 std::string UserThousandsSeparator() {
-  std::string separator = ",";
-  // Asked for as a wide character: in UTF-8 many locales have a separator of more than one byte.
-  ResumeNext([&] {
-    const std::locale user("");
-    const wchar_t mark = std::use_facet<std::numpunct<wchar_t>>(user).thousands_sep();
-    if (mark != 0) separator = CharacterText(static_cast<char32_t>(mark));
-  });
-  return separator;
+  const std::string mark = DigitGroupMark();
+  return mark.empty() ? "," : mark;
 }
 
 std::string GroupedNumber(std::int64_t number, std::string_view thousands_separator) {

@@ -1,9 +1,10 @@
 #include "playlist/paths/formats.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <limits>
+
+#include "support/environment.h"
 
 namespace qublet {
 namespace {

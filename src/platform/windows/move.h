@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace qublet {
+
+// Renames a file or folder; an existing target is a failure, except when it is the same file under a name of other
+// letter case. To another volume a file is copied, checked and deleted. Throws Failure.
+void Move(const std::wstring& from, const std::wstring& to);
+
+}  // namespace qublet

@@ -1,0 +1,46 @@
+#include "platform/program.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/user_locale.h"
+#include "support/file_system_test_base.h"
+
+namespace qublet {
+namespace {
+
+class WindowsProgramTest : public FileSystemTestBase {};
+
+TEST_F(WindowsProgramTest, IsOnTheServerLine) {
+  EXPECT_EQ(GetPlatformId(), 3);
+}
+
+TEST_F(WindowsProgramTest, KnowsItsOwnExecutable) {
+  EXPECT_TRUE(ExecutablePath(*files_).ends_with("\\platform_tests.exe")) << ExecutablePath(*files_);
+  EXPECT_GT(files_->FileLength(ExecutablePath(*files_)), 1000);
+}
+
+TEST_F(WindowsProgramTest, KeepsItsFilesBesideTheExecutableWhereItMay) {
+  const std::string path = ExecutablePath(*files_);
+  EXPECT_EQ(ProgramFolder(*files_), path.substr(0, path.rfind('\\')));
+}
+
+TEST_F(WindowsProgramTest, HasAFolderOfThisUserElse) {
+  unsetenv("QUBLET_DOSDEVICES");  // the real drives
+  files_ = OpenFileSystem();
+  const std::string folder = OwnFolderOfUser(*files_);
+  EXPECT_TRUE(folder.ends_with("\\Velmora")) << folder;
+  EXPECT_EQ(files_->Attributes(folder), kFolder);
+}
+
+TEST_F(WindowsProgramTest, KnowsItsArgumentsBesideMain) {
+  // The program's own name is left out, whatever main() was told.
+  for (const std::string& argument : CommandLineArguments(0, nullptr))
+    EXPECT_FALSE(argument.ends_with("platform_tests.exe"));
+}
+
+TEST(DigitGroupMark, IsTheOneOfTheUsersCountry) {
+  EXPECT_LE(DigitGroupMark().size(), 3u);
+}
+
+}  // namespace
+}  // namespace qublet
