@@ -1,0 +1,236 @@
+"""windows_files.py LINUX_BIN WINDOWS_BIN: holds what qublet.exe writes and prints, run by Wine, against qublet.
+
+Both work on the same files under the same drive letters ($WINEPREFIX/dosdevices). Whatever they write must be the same
+byte for byte, and each must take in what the other has written.
+"""
+
+import os
+import pathlib
+import re
+import stat
+import struct
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+LINUX, WINDOWS = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
+PREFIX = pathlib.Path(os.environ["WINEPREFIX"])
+FRAME = bytes.fromhex("fffb9064") + bytes(413)  # 128 kbit/s, 44,100 Hz
+NAMES = ["plain.mp3", "Bj\u00f6rk \u2013 \u20ac.mp3", "sub/two words & more.mp3", "sub/deeper/x.wav", "\u00c3\u00a9.mp3"]
+BEYOND = "\u97f3\u697d \U0001f3b5.mp3"  # in no 8-bit page of the west
+
+
+def wav(seconds):
+    data = bytes(8000 * seconds)
+    head = struct.pack("<4sI4s4sIHHIIHH4sI", b"RIFF", 36 + len(data), b"WAVE", b"fmt ", 16, 1, 1, 8000, 8000, 1, 8,
+                       b"data", len(data))
+    return head + data
+
+
+def run(program, arguments, cwd):
+    own = {"QUBLET_DOSDEVICES": str(PREFIX / "dosdevices")} if program == "linux" else {}
+    command = [str(LINUX / "qublet")] if program == "linux" else ["wine", str(WINDOWS / "qublet.exe")]
+    environment = {name: value for name, value in os.environ.items() if name != "QUBLET_DOSDEVICES"} | own
+    done = subprocess.run(command + list(arguments), cwd=cwd, env=environment, capture_output=True, timeout=120)
+    return done.returncode, done.stdout.decode(), done.stderr.decode()
+
+
+class Files(unittest.TestCase):
+    """Each test has a folder of music of its own, below z:."""
+
+    def setUp(self):
+        holder = tempfile.TemporaryDirectory()
+        self.addCleanup(holder.cleanup)
+        self.folder = pathlib.Path(holder.name) / "music"
+        for number, name in enumerate(NAMES, 1):
+            self.write(name, wav(number) if name.endswith("wav") else FRAME * (40 * number))
+
+    def write(self, name, content):
+        place = self.folder / name
+        place.parent.mkdir(parents=True, exist_ok=True)
+        place.write_bytes(content)
+        return place
+
+    def drive_form(self, name=""):
+        return ("z:" + str(self.folder / name)).replace("/", "\\")
+
+    def both(self, *arguments, code=0):
+        """What both print, which must be the same."""
+        linux, windows = (run(program, arguments, self.folder) for program in ("linux", "windows"))
+        self.assertEqual(linux, windows)
+        self.assertEqual(linux[0], code, linux[2])
+        return linux[1]
+
+    def saved(self, name, *arguments, what="."):
+        """What both write as the same file, which must be the same bytes."""
+        contents = []
+        for program in ("linux", "windows"):
+            code, _, complaint = run(program, ["save", *arguments, name, what], self.folder)
+            self.assertEqual((code, complaint), (0, ""), program)
+            contents.append((self.folder / name).read_bytes())
+            (self.folder / name).unlink()
+        self.assertEqual(contents[0], contents[1])
+        return contents[0]
+
+    def rows(self, program, name):
+        code, out, complaint = run(program, ["list", "--json", name], self.folder)
+        self.assertEqual((code, complaint), (0, ""), program)
+        self.assertNotEqual(out, "")
+        return out
+
+
+class Playlists(Files):
+    def test_full_paths_in_the_code_page(self):
+        (self.folder / NAMES[4]).unlink()
+        content = self.saved("all.m3u")
+        self.assertEqual(content.count(b"\r\n"), len(NAMES) - 1)
+        self.assertEqual(content.count(b"\n"), len(NAMES) - 1)
+        self.assertIn(self.drive_form("Bj").encode() + b"\xf6rk \x96 \x80.mp3\r\n", content)
+
+    def test_utf8_where_the_code_page_lacks_a_character_or_would_be_misread(self):
+        self.assertEqual(self.saved("odd.m3u", what=NAMES[4]), self.drive_form(NAMES[4]).encode() + b"\r\n")
+        self.write(BEYOND, FRAME * 50)
+        content = self.saved("all.m3u")
+        self.assertIn(self.drive_form(BEYOND).encode() + b"\r\n", content)
+        self.assertFalse(content.startswith(b"\xef\xbb\xbf"))
+
+    def test_relative_paths(self):
+        content = self.saved("all.m3u", "--relative")
+        self.assertIn(b"sub\\deeper\\x.wav\r\n", content)
+        self.assertNotIn(b":", content)
+
+    def test_each_opens_what_the_other_saved(self):
+        self.write(BEYOND, FRAME * 50)
+        for name, options in (("a.m3u", []), ("b.m3u", ["--relative"]), ("c.m3u8", []), ("d.m3u8", ["--relative"])):
+            for writer in ("linux", "windows"):
+                code, _, complaint = run(writer, ["save", *options, name, "."], self.folder)
+                self.assertEqual((code, complaint), (0, ""), writer)
+                rows = [self.rows(reader, name) for reader in ("linux", "windows")]
+                self.assertEqual(rows[0], rows[1], (name, writer))
+                self.assertEqual(rows[0].count("\n"), len(NAMES) + 1)
+                self.assertNotIn('"State": 2', rows[0])
+                (self.folder / name).unlink()
+
+    def test_every_byte_of_the_code_page_is_read_alike(self):
+        upper = bytes(range(0x80, 0x100))
+        self.write("bytes.m3u", b"".join(b"c:\\%c.mp3\r\n" % byte for byte in upper) + b"z:\\" + upper + b".mp3\n")
+        self.assertEqual(self.both("list", "bytes.m3u").count("\n"), len(upper) + 2)
+
+    def test_lines_of_any_kind_are_read_alike(self):
+        name = self.write("lines.m3u", b"\xef\xbb\xbf#EXTM3U\r#x\n\r\nplain.mp3\r\nsub\\two words & more.mp3\rZ:\\gone.mp3\n"
+                          b"..\\music\\plain.mp3\nhttp://a.b/c.mp3\nsub/deeper/x.wav\n").name
+        self.assertEqual(self.both("list", name).count("plain.mp3"), 2)
+
+    def test_a_read_only_playlist_is_refused(self):
+        place = self.write("old.m3u", b"old")
+        place.chmod(stat.S_IRUSR)
+        self.both("save", "--replace", "old.m3u", "plain.mp3", code=1)
+        self.assertEqual(place.read_bytes(), b"old")
+
+    def test_an_existing_playlist_is_kept_unless_told(self):
+        place = self.write("old.m3u", b"old")
+        self.both("save", "old.m3u", "plain.mp3", code=1)
+        self.assertEqual(place.read_bytes(), b"old")
+        self.both("save", "--replace", "old.m3u", "plain.mp3")
+        self.assertEqual(place.read_bytes(), self.drive_form("plain.mp3").encode() + b"\r\n")
+        self.assertEqual([other.name for other in self.folder.iterdir() if "qublet" in other.name], [])
+
+
+class Lists(Files):
+    def test_folders_with_hidden_names_links_and_loops(self):
+        self.write(".hidden.mp3", FRAME)
+        self.write(".hidden/a.mp3", FRAME)
+        (self.folder / "sub/loop").symlink_to(self.folder)
+        (self.folder / "link.mp3").symlink_to("plain.mp3")
+        (self.folder / "dead.mp3").symlink_to("gone.mp3")
+        (self.folder / "again").symlink_to("sub")
+        self.assertEqual(self.both("list", "--json", ".").count("\n"), len(NAMES) + 3)
+
+    def test_paths_of_more_than_260_characters(self):
+        deep = "/".join(["a folder of a long path"] * 30)
+        self.write(deep + "/deep.mp3", FRAME * 40)
+        self.assertIn("deep.mp3", self.both("list", "."))
+        self.assertIn(b"deep.mp3\r\n", self.saved("all.m3u"))
+
+    def test_paths_in_every_form(self):
+        out = self.both("list", self.drive_form("plain.mp3"), "sub", "./sub/../plain.mp3")
+        self.assertEqual(out.count("plain.mp3"), 2)
+
+    def test_what_is_missing_is_told_alike(self):
+        self.both("list", "gone.mp3", "plain.mp3", "q:\\gone.mp3", code=1)
+
+    def test_properties_names_and_help(self):
+        # Which program opens playlists is each system's own affair.
+        linux, windows = (re.sub("Opens with:.*", "", run(program, ["properties", "."], self.folder)[1])
+                          for program in ("linux", "windows"))
+        self.assertEqual(linux, windows)
+        self.assertIn("5 items", linux)
+        for arguments in (["name", "<1> - <2>", "sub/deeper"], ["help"], ["--version"]):
+            self.assertNotEqual(self.both(*arguments), "")
+
+
+class Tags(Files):
+    def test_a_changed_tag_is_the_same_bytes(self):
+        contents = []
+        for program in ("linux", "windows"):
+            self.write("tagged.mp3", FRAME * 40)
+            done = run(program, ["tag", "--set", "TIT2=Bj\u00f6rk \u97f3", "--set", "TPE1=x", "tagged.mp3"], self.folder)
+            self.assertEqual(done[0], 0, done)
+            contents.append((self.folder / "tagged.mp3").read_bytes())
+        self.assertEqual(contents[0], contents[1])
+        self.assertIn("\u97f3", self.both("tag", "--json", "tagged.mp3"))
+
+
+class Settings(Files):
+    VALUES = [("SSE", "GRID", "1"), ("RF", "20", "z:\\m\\Bj\u00f6rk.m3u"), ("RF", "Wkdir", "z:\\\u97f3")]
+
+    def test_values_are_the_same_text_in_the_registry(self):
+        subprocess.run(["wine", "reg", "delete", "HKCU\\Software\\Velmora", "/f"], capture_output=True, check=False)
+        for section, key, value in self.VALUES:
+            self.both("settings", "set", section, key, value)
+        for section, key, value in self.VALUES:
+            self.assertEqual(self.both("settings", "get", section, key), value + "\n")
+        lists = [run(program, ["settings", "list"], self.folder) for program in ("linux", "windows")]
+        lines = [sorted(line for line in out.splitlines()) for _, out, _ in lists]
+        self.assertEqual(lines[0], lines[1])
+        text = (PREFIX / "user.reg").read_text(errors="replace") if self.flushed() else ""
+        self.assertRegex(text, r"\[Software\\\\Velmora\\\\[A-Za-z0-9]+\\\\RF\]")
+        self.assertRegex(text, re.escape('"20"="z:\\\\m\\\\Bj\\xf6rk.m3u"'))
+
+    def flushed(self):
+        subprocess.run(["wineserver", "-k"], timeout=60, check=False)
+        subprocess.run(["wineserver", "-w"], timeout=60, check=False)
+        return True
+
+
+class Player(Files):
+    """The link to the player by its window, which another process shows."""
+
+    def test_is_asked_and_told_by_messages(self):
+        log = self.folder / "told.txt"
+        player = subprocess.Popen(["wine", str(WINDOWS / "player_stand_in.exe"), str(log)])
+        self.addCleanup(player.wait, 30)
+        end = time.monotonic() + 30
+        while time.monotonic() < end and not (log.exists() and log.read_text()):
+            time.sleep(0.1)
+        done = run("windows", ["player"], self.folder)
+        self.assertRegex(done[1], "state\tplaying\nposition\t12.345\n")
+        self.assertEqual(run("windows", ["player", "jump", "65"], self.folder)[0], 0)
+        self.assertRegex(run("windows", ["player", "status"], self.folder)[1], "position\t65.000\n")
+        self.assertEqual(run("windows", ["player", "stop"], self.folder)[0], 0)
+        self.assertEqual(log.read_text().split("\n"), ["ready", "jump 65000", "stop", ""])
+
+    def test_is_missed_where_none_runs(self):
+        self.assertEqual(run("windows", ["player"], self.folder)[0], 1)
+
+
+if __name__ == "__main__":
+    os.environ["WINEDEBUG"] = "-all"
+    outcome = unittest.main(argv=sys.argv[:1] + sys.argv[3:], exit=False, verbosity=1).result
+    failed = len(outcome.failures) + len(outcome.errors)
+    # As ctest says it, for ./test.
+    share = 100 * (outcome.testsRun - failed) // max(1, outcome.testsRun)
+    print(f"{share}% tests passed, {failed} tests failed out of {outcome.testsRun}")
+    sys.exit(1 if failed or not outcome.testsRun else 0)

@@ -1,0 +1,132 @@
+"""windows_program.py LINUX_BIN ZIP PICTURE: the whole program for Windows, unpacked and used on the present display.
+
+It is given a folder, shows it, and is closed by its close box. What it leaves is held against what the programs for Linux
+make of the same folder: last.m3u, the settings in the registry, and the list that the next start brings back. PICTURE is
+made of its window.
+"""
+
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+import zipfile
+
+LINUX = pathlib.Path(sys.argv[1]).resolve()
+ZIP = pathlib.Path(sys.argv[2]).resolve()
+PICTURE = pathlib.Path(sys.argv[3]).resolve()
+FRAME = bytes.fromhex("fffb9064") + bytes(413)  # 128 kbit/s, 44,100 Hz
+PATIENCE = 40  # seconds; a first start by Wine is slow
+KEY = r"HKCU\Software\Velmora\QUBLET2021"
+ALBUMS = {
+    "Bj\u00f6rk/Post": ["01 Army of Me", "02 Hyperballad", "03 The Modern Things", "04 It's Oh So Quiet"],
+    "Kraftwerk/Autobahn": ["01 Autobahn", "02 Kometenmelodie 1", "03 Kometenmelodie 2", "04 Mitternacht"],
+    "Sigur R\u00f3s/\u00c1g\u00e6tis byrjun": ["01 Intro", "02 Svefn-g-englar", "03 Star\u00e1lfur", "04 Flugufrelsarinn"],
+}
+
+
+def run(*command, **options):
+    return subprocess.run(command, capture_output=True, text=True, timeout=PATIENCE, **options)
+
+
+def wait_for(what, question):
+    end = time.monotonic() + PATIENCE
+    while time.monotonic() < end:
+        if answer := question():
+            return answer
+        time.sleep(0.2)
+    raise AssertionError(f"waited in vain for {what}")
+
+
+class Program:
+    def __init__(self, folder, *arguments):
+        self.process = subprocess.Popen(["wine", str(folder / "QUBLET20.exe"), *arguments], stderr=subprocess.DEVNULL)
+        self.window = wait_for("the window", self.main_window)
+
+    def main_window(self):
+        for line in run("wmctrl", "-l").stdout.splitlines():
+            if "Playlist Editor v" in line:
+                return line.split()[0]
+        return ""
+
+    def title(self):
+        return run("xdotool", "getwindowname", str(int(self.window, 16))).stdout.strip()
+
+    def close(self):
+        time.sleep(2)  # it may still be reading
+        run("wmctrl", "-ic", self.window)
+        wait_for("the end of the program", lambda: self.process.poll() is not None)
+        return self.process.returncode
+
+
+class WholeProgram(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        holder = tempfile.TemporaryDirectory()
+        cls.addClassCleanup(holder.cleanup)
+        place = pathlib.Path(holder.name)
+        zipfile.ZipFile(ZIP).extractall(place / "program")
+        cls.programs = next((place / "program").iterdir())
+        cls.music = place / "Music"
+        for number, (album, songs) in enumerate(ALBUMS.items(), 1):
+            (cls.music / album).mkdir(parents=True)
+            for length, song in enumerate(songs, 1):
+                (cls.music / album / f"{song}.mp3").write_bytes(FRAME * (5000 + 2111 * length * number))
+
+    def linux(self, *arguments):
+        environment = os.environ | {"QUBLET_DOSDEVICES": os.environ["WINEPREFIX"] + "/dosdevices"}
+        done = run(str(LINUX / "qublet"), *arguments, env=environment)
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        return done.stdout
+
+    def windows(self, *arguments):
+        done = run("wine", str(self.programs / "qublet.exe"), *arguments)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        return done.stdout
+
+    def expected(self):
+        self.linux("save", "--replace", str(self.music.parent / "expected.m3u"), str(self.music))
+        return (self.music.parent / "expected.m3u").read_bytes()
+
+    def test_1_lists_a_folder_and_leaves_it_as_the_last_list(self):
+        program = Program(self.programs, str(self.music))
+        time.sleep(3)
+        run("xdotool", "windowsize", str(int(program.window, 16)), "1180", "420")
+        run("xdotool", "windowmove", str(int(program.window, 16)), "40", "60")
+        time.sleep(3)
+        run("import", "-window", program.window, str(PICTURE))
+        self.assertEqual(program.title(), "[Velmora] M3U Playlist Editor v2.1b")
+        self.assertEqual(program.close(), 0)
+        self.assertEqual((self.programs / "last.m3u").read_bytes(), self.expected())
+        self.assertGreater(PICTURE.stat().st_size, 10000)
+
+    def test_2_keeps_its_settings_in_the_registry(self):
+        place = run("wine", "reg", "query", KEY + r"\Startup", "/v", "insl").stdout
+        self.assertIn("REG_SZ", place)
+        self.assertIn(r"\QUBLET20.exe", place)
+        width = self.windows("settings", "get", "PS", "W").strip()
+        self.assertAlmostEqual(int(width), 1180 * 15, delta=600)
+        self.assertIn(width, run("wine", "reg", "query", KEY + r"\PS", "/v", "W").stdout)
+
+    def test_3_brings_the_last_list_back(self):
+        (self.programs / "last.m3u").write_bytes(b"\r\n".join(self.expected().split(b"\r\n")[:3]) + b"\r\n")
+        program = Program(self.programs)
+        self.assertEqual(program.close(), 0)
+        self.assertEqual((self.programs / "last.m3u").read_bytes().count(b"\r\n"), 3)
+        self.assertEqual(self.linux("list", str(self.programs / "last.m3u")),
+                         self.windows("list", str(self.programs / "last.m3u")))
+
+    def test_4_brings_no_other_library(self):
+        self.assertEqual(sorted(file.name for file in self.programs.glob("*.exe")), ["QUBLET20.exe", "qublet.exe"])
+        self.assertEqual(list(self.programs.glob("*.dll")), [])
+
+
+if __name__ == "__main__":
+    outcome = unittest.main(argv=sys.argv[:1] + sys.argv[4:], exit=False, verbosity=2).result
+    failed = len(outcome.failures) + len(outcome.errors)
+    # As ctest says it, for ./test.
+    share = 100 * (outcome.testsRun - failed) // max(1, outcome.testsRun)
+    print(f"{share}% tests passed, {failed} tests failed out of {outcome.testsRun}")
+    sys.exit(1 if failed or not outcome.testsRun else 0)

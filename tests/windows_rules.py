@@ -1,0 +1,116 @@
+"""windows_rules.py LINUX_BIN WINDOWS_BIN: runs the tests of the rooms without a window, built for Windows, by Wine.
+
+Every test that runs on Linux runs there too, unless tests/windows_unavailable.txt names it with its reason. A test that
+is missing or fails without being named is an error, and so is a name that is no longer needed. The last line says how
+many tests passed.
+"""
+
+import fnmatch
+import json
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+
+ROOMS = ["platform", "paths", "settings", "id3", "media", "playlist", "player", "cli"]
+TABLE = pathlib.Path(__file__).with_name("windows_unavailable.txt")
+PATIENCE = 600  # seconds for one room
+
+
+def exceptions():
+    """[(room, pattern of test names, "missing", "fails" or "slow", reason)]"""
+    rows = []
+    for line in TABLE.read_text().splitlines():
+        if not line.strip() or line.startswith("#"):
+            continue
+        room, pattern, how, reason = line.split(None, 3)
+        assert how in ("missing", "fails", "slow"), line
+        rows.append((room, pattern, how, reason))
+    return rows
+
+
+def listed(command):
+    out = subprocess.run(command + ["--gtest_list_tests"], capture_output=True, text=True, check=True).stdout
+    names, suite = set(), ""
+    for line in out.splitlines():
+        name = line.split("#")[0].rstrip()
+        if not line.startswith(" "):
+            suite = name
+        elif name:
+            names.add(suite + name.strip())
+    return names
+
+
+def run(program, without):
+    """{test: passed} of one run of a whole program, and what the failing ones said."""
+    with tempfile.TemporaryDirectory() as folder:
+        report = pathlib.Path(folder) / "report.json"
+        # Wine's z: is the root folder.
+        command = ["wine", str(program), "--gtest_output=json:z:" + str(report).replace("/", "\\")]
+        command.append("--gtest_filter=*-" + ":".join(without))
+        done = subprocess.run(command, capture_output=True, timeout=PATIENCE, cwd=folder)
+        if not report.exists():
+            sys.stdout.buffer.write(done.stdout[-4000:] + done.stderr[-4000:])
+            return {}, []
+        results, complaints = {}, []
+        for suite in json.loads(report.read_text(encoding="utf-8", errors="replace"))["testsuites"]:
+            for test in suite["testsuite"]:
+                name = f"{suite['name']}.{test['name']}"
+                results[name] = test["result"] == "COMPLETED" and not test.get("failures")
+                if test.get("failures"):
+                    complaints.append((name, test["failures"][0]["failure"]))
+        return results, complaints
+
+
+def check(room, linux, windows, table):
+    """Gives the number of tests that passed and what is wrong."""
+    rows = [row for row in table if row[0] == room]
+
+    def named(test, how):
+        return any(row[2] == how and fnmatch.fnmatchcase(test, row[1]) for row in rows)
+
+    present = listed(["wine", str(windows)])
+    missing = listed([str(linux)]) - present
+    slow = [pattern for _, pattern, how, _ in rows if how == "slow"]
+    results, complaints = run(windows, slow)
+    slow = {test for test in present if named(test, "slow")}
+    failing = {test for test in present - slow if not results.get(test)}
+
+    wrong = [f"{room}: {test} doesn't run on Windows" for test in sorted(missing) if not named(test, "missing")]
+    for test in sorted(failing):
+        if not named(test, "fails"):
+            wrong.append(f"{room}: {test} fails")
+            wrong += [f"    {text}" for name, text in complaints if name == test]
+    for _, pattern, how, _ in rows:
+        those = {"missing": missing, "fails": failing, "slow": slow}[how]
+        if not any(fnmatch.fnmatchcase(test, pattern) for test in those):
+            wrong.append(f"{room}: {pattern} is named in {TABLE.name} as {how}, but there is none")
+    for test in sorted(present - failing - slow):
+        if named(test, "fails"):
+            wrong.append(f"{room}: {test} is named in {TABLE.name}, but passes")
+    passed = len(present - failing - slow)
+    left = [f"{len(failing)} can't", f"{len(slow)} would take too long", f"{len(missing)} are for Linux alone"]
+    print(f"{room}: {passed} of {len(present)} passed, {', '.join(left)}", flush=True)
+    return passed, wrong
+
+
+def main():
+    linux, windows = (pathlib.Path(argument).resolve() for argument in sys.argv[1:])
+    table, passed, wrong = exceptions(), 0, []
+    unknown = {row[0] for row in table} - set(ROOMS)
+    assert not unknown, unknown
+    for room in ROOMS:
+        count, faults = check(room, linux / f"{room}_tests", windows / f"{room}_tests.exe", table)
+        passed += count
+        wrong += faults
+    print("\n".join(wrong))
+    failed = len([line for line in wrong if not line.startswith("    ")])
+    # As ctest says it, for ./test.
+    print(f"{100 * passed // max(1, passed + failed)}% tests passed, {failed} tests failed out of {passed + failed}")
+    return 1 if wrong or passed == 0 else 0
+
+
+if __name__ == "__main__":
+    os.environ.setdefault("WINEDEBUG", "-all")
+    sys.exit(main())
