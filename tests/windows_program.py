@@ -21,9 +21,9 @@ FRAME = bytes.fromhex("fffb9064") + bytes(413)  # 128 kbit/s, 44,100 Hz
 PATIENCE = 40  # seconds; a first start by Wine is slow
 KEY = r"HKCU\Software\Velmora\QUBLET2021"
 ALBUMS = {
-    "Bj\u00f6rk/Post": ["01 Army of Me", "02 Hyperballad", "03 The Modern Things", "04 It's Oh So Quiet"],
-    "Kraftwerk/Autobahn": ["01 Autobahn", "02 Kometenmelodie 1", "03 Kometenmelodie 2", "04 Mitternacht"],
-    "Sigur R\u00f3s/\u00c1g\u00e6tis byrjun": ["01 Intro", "02 Svefn-g-englar", "03 Star\u00e1lfur", "04 Flugufrelsarinn"],
+    "Ines Valc\u00e1rcel/Cartas de Oto\u00f1o": ["01 Caf\u00e9 del Puerto", "02 Ni\u00f1a Luna", "03 Sin Prisa", "04 Lluvia"],
+    "Harbour Lights/Night Ferry": ["01 Slack Water", "02 Lantern Street", "03 Tidewrack", "04 Fathoms"],
+    "Old Mill Quartet/Live at the Granary": ["01 Blue Heron", "02 Millrace", "03 Sunday Bread", "04 Weathervane"],
 }
 
 
