@@ -260,7 +260,7 @@ void Main::PositionForm(QWidget& frm) const {
 void Main::TipTimer_Timer() {
   const std::string wanted = session_->Kept(kShowTips);
   const Command& tips = CommandNamed("MHelpTip");
-  if ((wanted.empty() || wanted == "1") && tips.handler != nullptr) (this->*tips.handler)();
+  if ((wanted.empty() || wanted == "1") && tips.handler != nullptr) Run(tips.handler);
 }
 
 void Main::MViewDetails_Click() {
