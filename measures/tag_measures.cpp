@@ -34,6 +34,7 @@ Contest UpdateAgainstReplacing(Workplace& workplace) {
   const auto update = [files, paths, run = 0]() mutable {
     const std::string title = Title(++run);
     return SecondsOf([&] {
+      const auto batch = files->BeginBatch();
       for (const std::string& path : paths) SetTitle(*files, path, title);
     });
   };

@@ -105,6 +105,7 @@ int TagCommand(CommandContext& context) {
   } catch (const Failure& failure) {
     return Complain(context.err, std::string("tag: ") + failure.what(), kWrongUse);
   }
+  const auto batch = context.files.BeginBatch();
   int code = kDone;
   for (const std::string& argument : context.arguments) {
     try {

@@ -61,8 +61,16 @@ class FileReplacement {
   // Opens what has been written so far for reading, so that it can be checked before Commit. Throws Failure.
   virtual std::unique_ptr<InputFile> OpenWritten() = 0;
   // Flushes to disk, copies mode, owner, access lists and extended attributes of the present file, renames over it
-  // and flushes the folder. Throws Failure; the present file is then as it was.
+  // and flushes the folder (see ReplacementBatch). Throws Failure; the present file is then as it was.
   virtual void Commit() = 0;
+};
+
+// Many files replaced one after the other, from the making of this to its end. Each new version is flushed as ever
+// before it takes the old one's place; the flush of a folder waits for a file of another folder or for the end. Until
+// then a crash of the machine may bring old versions back, as whole as they were.
+class ReplacementBatch {
+ public:
+  virtual ~ReplacementBatch() = default;
 };
 
 // A file changed in place, for the few changes that move nothing. Every call throws Failure.
@@ -104,6 +112,8 @@ class FileSystem {
   // Starts a new version of `path`, which need not exist yet. Symbolic links are resolved first. Throws Failure when
   // the present file is read-only (see IsReadOnly) or a folder, or the folder can't be written.
   virtual std::unique_ptr<FileReplacement> BeginReplacement(const std::string& path) const = 0;
+  // Holds for what BeginReplacement gives to any thread, and ends before this does. Batches may overlap.
+  virtual std::unique_ptr<ReplacementBatch> BeginBatch() const { return std::make_unique<ReplacementBatch>(); }
   // Opens an existing file for a change in place. Throws Failure, also when it is read-only.
   virtual std::unique_ptr<InPlaceFile> OpenInPlace(const std::string& path) const = 0;
 

@@ -21,6 +21,18 @@ class InterruptedWorkTest : public FileSystemTestBase {
       for (const auto& entry : fs::directory_iterator(drive)) fs::remove_all(entry.path());
     }
   }
+  // The calls that change something, in their order; "list.m3u" is there already.
+  Names CallsOf(std::vector<std::string> arguments) const {
+    Names calls;
+    ForEvery(
+        Fault::kKillBefore, Driver(std::move(arguments)),
+        [&] {
+          Clear();
+          drives_.Write("list.m3u", "old");
+        },
+        [&](const FaultRun& run) { calls.push_back(run.name); });
+    return calls;
+  }
   static void ExpectOneOf(const Names& allowed, const std::string& content) {
     EXPECT_TRUE(std::find(allowed.begin(), allowed.end(), content) != allowed.end()) << content.size() << " bytes";
   }
@@ -81,15 +93,34 @@ TEST_F(InterruptedWorkTest, LeavesNothingBehindWhenEveryTryIsKilledButTheLast) {
 }
 
 TEST_F(InterruptedWorkTest, FindsAReplacementFlushedBeforeItsRenameAndTheFolderAfterIt) {
-  Names calls;
-  ForEvery(
-      Fault::kKillBefore, Driver({"replace", "c:\\list.m3u", "new"}),
+  EXPECT_EQ(CallsOf({"replace", "c:\\list.m3u", "new"}),
+            (Names{"open", "write", "fchmod", "fsync", "rename", "fsync"}));
+}
+
+TEST_F(InterruptedWorkTest, FindsTheFolderOfABatchFlushedOnce) {
+  EXPECT_EQ(CallsOf({"batch", "c:\\one.m3u", "c:\\other.m3u"}),
+            (Names{"open", "write", "fsync", "rename", "open", "write", "fsync", "rename", "fsync"}));
+}
+
+TEST_F(InterruptedWorkTest, FindsEachFolderOfABatchFlushed) {
+  EXPECT_EQ(CallsOf({"batch", "c:\\one.m3u", "d:\\other.m3u"}),
+            (Names{"open", "write", "fsync", "rename", "open", "write", "fsync", "rename", "fsync", "fsync"}));
+}
+
+TEST_F(InterruptedWorkTest, LeavesTheOldOrTheNewFilesOfABatch) {
+  ForEveryFault(
+      Driver({"batch", "c:\\one.m3u", "c:\\other.m3u"}),
       [&] {
         Clear();
-        drives_.Write("list.m3u", "old");
+        drives_.Write("one.m3u", "old");
+        drives_.Write("other.m3u", "old");
       },
-      [&](const FaultRun& run) { calls.push_back(run.name); });
-  EXPECT_EQ(calls, (Names{"open", "write", "fchmod", "fsync", "rename", "fsync"}));
+      [&](const FaultRun& run) {
+        ExpectOneOf({"old", "new"}, drives_.Read("one.m3u"));
+        ExpectOneOf({"old", "new"}, drives_.Read("other.m3u"));
+        EXPECT_TRUE(run.killed || !run.ended_well || drives_.Read("other.m3u") == "new");
+        EXPECT_TRUE(run.killed || AllNames() == (Names{"one.m3u", "other.m3u"}));
+      });
 }
 
 TEST_F(InterruptedWorkTest, LeavesNoFileOrAWholeOneWhereThereWasNone) {

@@ -1,6 +1,7 @@
 // Does one operation on files, for the tests of interrupted work. Paths are in drive form; gives 1 on a failure.
 //
 //   file_driver replace FILE CONTENT
+//   file_driver batch FILE FILE        both replaced by "new" in one batch
 //   file_driver truncate FILE CONTENT  as it should not be done: in place
 //   file_driver append FILE SOURCE     a new version: what FILE holds, then what SOURCE holds
 //   file_driver copy SOURCE TARGET
@@ -22,6 +23,11 @@ void Replace(const FileSystem& files, const std::string& file, const std::string
   next->Write({bytes, content.size() / 8});
   next->Write({bytes + content.size() / 8, content.size() - content.size() / 8});
   next->Commit();
+}
+
+void ReplaceBoth(const FileSystem& files, const std::string& one, const std::string& other) {
+  const auto batch = files.BeginBatch();
+  for (const std::string& file : {one, other}) Replace(files, file, "new");
 }
 
 void Truncate(const FileSystem& files, const std::string& file, const std::string& content) {
@@ -52,7 +58,8 @@ void Rename(const FileSystem& files, const std::string& from, const std::string&
 
 int main(int count, char** arguments) {
   const std::map<std::string, Operation> operations = {
-      {"replace", Replace}, {"truncate", Truncate}, {"append", Append}, {"copy", Copy}, {"rename", Rename}};
+      {"replace", Replace}, {"batch", ReplaceBoth}, {"truncate", Truncate},
+      {"append", Append},   {"copy", Copy},         {"rename", Rename}};
   if (count != 4 || !operations.contains(arguments[1])) return 2;
   const bool done =
       qublet::Guarded([&] { operations.at(arguments[1])(*qublet::OpenFileSystem(), arguments[2], arguments[3]); });

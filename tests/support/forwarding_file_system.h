@@ -29,6 +29,7 @@ class ForwardingFileSystem : public FileSystem {
   std::unique_ptr<FileReplacement> BeginReplacement(const std::string& path) const override {
     return files_.BeginReplacement(path);
   }
+  std::unique_ptr<ReplacementBatch> BeginBatch() const override { return files_.BeginBatch(); }
   std::unique_ptr<InPlaceFile> OpenInPlace(const std::string& path) const override {
     return files_.OpenInPlace(path);
   }

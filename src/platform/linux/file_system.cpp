@@ -11,6 +11,7 @@
 #include "platform/linux/descriptor.h"
 #include "platform/linux/drives.h"
 #include "platform/linux/file_system_kind.h"
+#include "platform/linux/folder_flushes.h"
 #include "platform/linux/move.h"
 #include "platform/linux/native_text.h"
 #include "platform/linux/open_files.h"
@@ -81,8 +82,9 @@ class LinuxFileSystem : public FileSystem {
     return OpenInput(ToNative(path));
   }
   std::unique_ptr<FileReplacement> BeginReplacement(const std::string& path) const override {
-    return std::make_unique<Replacement>(ToNative(path));
+    return std::make_unique<Replacement>(ToNative(path), Replacement::Role::kNewVersion, nullptr, &flushes_);
   }
+  std::unique_ptr<ReplacementBatch> BeginBatch() const override { return flushes_.BeginBatch(); }
   std::unique_ptr<InPlaceFile> OpenInPlace(const std::string& path) const override {
     return OpenForChange(ToNative(path));
   }
@@ -104,6 +106,7 @@ class LinuxFileSystem : public FileSystem {
   void Enter(const std::string& text);
 
   Drives drives_;
+  mutable FolderFlushes flushes_;  // of new versions
   std::string current_;         // as it was named, drive form
   std::string current_native_;  // the same place, absolute
 };

@@ -47,8 +47,8 @@ Descriptor OpenFolder(const std::string& folder) {
 
 }  // namespace
 
-Replacement::Replacement(const std::string& native, Role role, DescriptorInput* source)
-    : role_(role), source_(source) {
+Replacement::Replacement(const std::string& native, Role role, DescriptorInput* source, FolderFlushes* batches)
+    : role_(role), source_(source), batches_(batches) {
   const Place place = role == Role::kMoved ? SplitPlace(native) : FollowLinks(native);
   if (place.name.empty()) throw Failure("a folder can't be replaced: " + native);
   name_ = place.name;
@@ -154,8 +154,8 @@ void Replacement::Commit() {
   }
   temporary_.clear();
   file_ = Descriptor();
-  // The new version stands now, so a folder that can't be flushed is no failure any more.
-  fsync(folder_.Get());
+  FolderFlushes at_once;
+  (batches_ != nullptr ? *batches_ : at_once).Flush(std::move(folder_));
 }
 
 }  // namespace qublet

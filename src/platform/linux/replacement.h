@@ -7,6 +7,7 @@
 
 #include "platform/file_system.h"
 #include "platform/linux/descriptor.h"
+#include "platform/linux/folder_flushes.h"
 #include "platform/linux/open_files.h"
 
 namespace qublet {
@@ -22,9 +23,11 @@ class Replacement : public FileReplacement {
     kMoved,       // the source's, the owner too; a present file is a failure
   };
 
-  // `source` is the file copied or moved and lives as long as this. Throws Failure (see
+  // `source` is the file copied or moved, `batches` may put the folder's flush off; both live as long as
+  // this. Throws Failure (see
   // FileSystem::BeginReplacement).
-  explicit Replacement(const std::string& native, Role role = Role::kNewVersion, DescriptorInput* source = nullptr);
+  explicit Replacement(const std::string& native, Role role = Role::kNewVersion, DescriptorInput* source = nullptr,
+                       FolderFlushes* batches = nullptr);
   ~Replacement() override;
 
   void Write(std::span<const std::uint8_t> bytes) override;
@@ -41,6 +44,7 @@ class Replacement : public FileReplacement {
 
   Role role_;
   DescriptorInput* source_;
+  FolderFlushes* batches_;
   std::string name_;       // in folder_
   std::string temporary_;  // in folder_, "" when there is none (any more)
   Descriptor folder_;
