@@ -9,14 +9,14 @@ namespace {
 
 constexpr std::string_view kMark = "\xEF\xBB\xBF";
 
+}  // namespace
+
 // Looks at all characters whatever they are, because the compiler makes that many times as fast as to stop at one.
 bool IsAscii(std::string_view text) {
   char bits = 0;
   for (const char character : text) bits = static_cast<char>(bits | character);
   return (bits & 0x80) == 0;
 }
-
-}  // namespace
 
 bool IsValidUtf8(std::string_view bytes) {
   while (!bytes.empty()) {

@@ -17,6 +17,8 @@ std::string FromCodePage(std::string_view bytes);
 // Whether the bytes are well-formed UTF-8 (no overlong forms, no surrogates, nothing above U+10FFFF).
 bool IsValidUtf8(std::string_view bytes);
 
+bool IsAscii(std::string_view text);
+
 // What stands behind a byte-order mark of UTF-8, all of it when there is none.
 std::string_view WithoutMark(std::string_view bytes);
 // Bytes of a text file as UTF-8: a byte-order mark is skipped, valid UTF-8 is taken as it is, anything else is code

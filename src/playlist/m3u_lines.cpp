@@ -102,22 +102,22 @@ bool ReadPlaylistLines(const FileSystem& files, const std::string& path, Collect
 }
 
 PlaylistText::PlaylistText(const FileSystem& files, const std::string& path, bool Relative)
-    : files_(files), path_(path), native_(IsNativeForm(path)) {
+    : files_(files),
+      native_(IsNativeForm(path)),
+      writer_(files, path, native_ ? TextWriter::Encoding::kUtf8 : TextWriter::Encoding::kText) {
   if (Relative) relative_to_ = ReplaceAll(path, "\\" + GetFileName(path), "");
 }
 
 void PlaylistText::Add(const std::string& folder, const std::string& name) {
   if (!native_ && !relative_to_) {
-    text_.append(folder).append(name).append("\r\n");
+    writer_.Append(folder);
+    writer_.Append(name);
+    writer_.Append("\r\n");
     return;
   }
   const std::string item = folder + name;
   const std::string line = relative_to_ ? LineBelow(*relative_to_, item) : item;
-  text_.append(native_ ? NativeLine(files_, item, line) + "\n" : line + "\r\n");
-}
-
-bool PlaylistText::Write() {
-  return WriteTextFile(files_, path_, native_ ? std::move(text_) : EncodeText(std::move(text_)));
+  writer_.Append(native_ ? NativeLine(files_, item, line) + "\n" : line + "\r\n");
 }
 
 bool WritePlaylistLines(const FileSystem& files, const std::string& path, const Collection& paths, bool Relative) {

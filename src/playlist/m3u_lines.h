@@ -6,6 +6,7 @@
 
 #include "platform/file_system.h"
 #include "playlist/paths/collections.h"
+#include "playlist/paths/text_writer.h"
 
 namespace qublet {
 
@@ -31,19 +32,16 @@ class PlaylistText {
  public:
   PlaylistText(const FileSystem& files, const std::string& path, bool Relative);
 
-  // Makes room ahead.
-  void Reserve(std::size_t bytes) { text_.reserve(bytes); }
   // Appends an item. The two parts of its path come apart, as rows hold them: most lines need no joined text.
   void Add(const std::string& folder, const std::string& name);
   // Replaces the file by what was added; to be called once. False on any error; the old file is then as it was.
-  bool Write();
+  bool Write() { return writer_.Commit(); }
 
  private:
   const FileSystem& files_;
-  const std::string path_;
   const bool native_;
   std::optional<std::string> relative_to_;  // the playlist's folder; nothing when lines are full paths
-  std::string text_;
+  TextWriter writer_;
 };
 
 // Replaces `path` by a playlist of `paths`; see PlaylistText.

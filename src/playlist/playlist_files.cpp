@@ -163,10 +163,8 @@ bool PlaylistFiles::WriteTo(const std::string& path, bool Relative) {
 }
 
 bool PlaylistFiles::WriteRows(const std::string& path, bool Relative) {
-  constexpr std::size_t kUsualLine = 100;  // bytes
   const RowStore& rows = document_.ListView1;
   PlaylistText text(services_.files, path, Relative);
-  text.Reserve(static_cast<std::size_t>(rows.Count()) * kUsualLine);
   for (int i = 1; i <= rows.Count(); ++i) {
     rows.ExpectPaths(i);
     text.Add(rows.At(i).cells[kPath], rows.At(i).cells[kFileName]);

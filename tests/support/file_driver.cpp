@@ -57,9 +57,9 @@ void Rename(const FileSystem& files, const std::string& from, const std::string&
 }  // namespace
 
 int main(int count, char** arguments) {
-  const std::map<std::string, Operation> operations = {
-      {"replace", Replace}, {"batch", ReplaceBoth}, {"truncate", Truncate},
-      {"append", Append},   {"copy", Copy},         {"rename", Rename}};
+  const std::map<std::string, Operation> operations = {{"replace", Replace},   {"batch", ReplaceBoth},
+                                                       {"truncate", Truncate}, {"append", Append},
+                                                       {"copy", Copy},         {"rename", Rename}};
   if (count != 4 || !operations.contains(arguments[1])) return 2;
   const bool done =
       qublet::Guarded([&] { operations.at(arguments[1])(*qublet::OpenFileSystem(), arguments[2], arguments[3]); });

@@ -60,6 +60,11 @@ void WriteFullyAt(const Descriptor& file, std::int64_t offset, std::span<const s
   }
 }
 
+// An error stays with the file until the flush, which tells it.
+void StartFlush(const Descriptor& file) {
+  sync_file_range(file.Get(), 0, 0, SYNC_FILE_RANGE_WRITE);
+}
+
 void FlushToDisk(const Descriptor& file) {
   if (Uninterrupted([&] { return fsync(file.Get()); }) != 0) FailWithErrno("flush", "open file");
 }

@@ -50,6 +50,8 @@ std::size_t ReadFully(const Descriptor& file, std::int64_t offset, std::span<std
 // Writes everything, at the position of the descriptor or at `offset`. Throws Failure.
 void WriteFully(const Descriptor& file, std::span<const std::uint8_t> bytes);
 void WriteFullyAt(const Descriptor& file, std::int64_t offset, std::span<const std::uint8_t> bytes);
+// Lets the bytes written so far set out for the disk and doesn't wait for them.
+void StartFlush(const Descriptor& file);
 // Waits until the bytes are on the disk. Throws Failure.
 void FlushToDisk(const Descriptor& file);
 

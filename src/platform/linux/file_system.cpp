@@ -107,8 +107,8 @@ class LinuxFileSystem : public FileSystem {
 
   Drives drives_;
   mutable FolderFlushes flushes_;  // of new versions
-  std::string current_;         // as it was named, drive form
-  std::string current_native_;  // the same place, absolute
+  std::string current_;            // as it was named, drive form
+  std::string current_native_;     // the same place, absolute
 };
 
 std::optional<struct stat> LinuxFileSystem::FindStatus(const std::string& path) const {

@@ -13,6 +13,7 @@ namespace qublet {
 namespace {
 
 constexpr std::size_t kBufferSize = 64 * 1024;
+constexpr std::size_t kLargePiece = 128 * 1024;
 constexpr int kMostLinks = 40;
 
 struct Place {
@@ -84,6 +85,7 @@ void Replacement::Write(std::span<const std::uint8_t> bytes) {
   if (buffer_.size() + bytes.size() > kBufferSize) FlushBuffer();
   if (bytes.size() > kBufferSize) {
     WriteFully(file_, bytes);
+    if (bytes.size() >= kLargePiece) StartFlush(file_);
   } else {
     buffer_.insert(buffer_.end(), bytes.begin(), bytes.end());
   }
