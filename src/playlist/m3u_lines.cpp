@@ -28,13 +28,21 @@ bool IsAddress(std::string_view path) {
   return scheme_end != path.npos && scheme_end > 1 && path.find_first_of("/\\:") == scheme_end;
 }
 
-// A line of a playlist in this system's own form, as bytes and as text. A backslash or a colon may belong to a name
-// here or to a path that came from elsewhere, and bytes that are no UTF-8 may be a name of just these bytes or code
-// page text: what is there decides.
+// Whether paths have drives and backslashes in this system's own form too.
+bool OwnFormHasDrives(const FileSystem& files) {
+  std::string here;
+  ResumeNext([&] { here = files.ToNative(files.CurrentFolder()); });
+  return !here.empty() && !here.starts_with('/');
+}
+
+// A line of a playlist in this system's own form, as bytes and as text. Where paths have no drives of their own, a
+// backslash or a colon may belong to a name here or to a path that came from elsewhere, and bytes that are no UTF-8
+// may be a name of just these bytes or code page text: what is there decides.
 std::string FromNativeLine(const FileSystem& files, const std::string& bytes, const std::string& text) {
   if (IsAddress(text)) return text;
   std::string own = files.FromNative(bytes);
-  const bool certain = bytes == text && !HasDrive(text) && !Contains(text, "\\");
+  const bool plain = !HasDrive(text) && !Contains(text, "\\");
+  const bool certain = bytes == text && (plain || OwnFormHasDrives(files));
   if (certain || files.Attributes(own)) return own;
   if (HasDrive(text) || files.Attributes(text)) return text;
   return files.FromNative(text);

@@ -302,21 +302,23 @@ const Collection kDifficultNames{"with blanks.mp3",
                                  " blank in front.mp3",
                                  "Bj\u00F6rk \u20AC.mp3",
                                  "\u97F3\u697D.mp3",
+#ifndef _WIN32
                                  "a\\b.mp3",
                                  "a:b.mp3",
                                  "ab:c.mp3",
                                  "c:d\\e.mp3",
-                                 "#1.mp3",
                                  "Bj\xF6rk.mp3",
                                  "new\nline.mp3",
                                  "return\rhere.mp3",
                                  "tab\there.mp3",
+                                 "?*\"<>|.mp3",
+                                 ".mp3",
+#endif
+                                 "#1.mp3",
                                  "\uF03A private.mp3",
                                  "\uFEFFmark.mp3",
-                                 "?*\"<>|.mp3",
                                  "100%.mp3",
                                  "~.mp3",
-                                 ".mp3",
                                  "a'b & c.ogg",
                                  "\u00E9.wav",
                                  "e\u0301.wav",
@@ -326,12 +328,13 @@ const Collection kDifficultNames{"with blanks.mp3",
 TEST_F(SavedAndReopened, KeepsEveryNameInEveryForm) {
   for (const std::string& name : kDifficultNames) drives_.Write("m/" + name, "abc");
   for (const std::string& name : kDifficultNames) {
-    const std::filesystem::path folder = "m/of " + name.substr(0, name.size() - 1);
-    drives_.Write((folder / name).string(), "abc");
+    drives_.Write("m/of " + name.substr(0, name.size() - 1) + "/" + name, "abc");
   }
   ASSERT_TRUE(items_.AddStuff("c:\\m", false));
   const Collection paths = Paths();
-  ASSERT_EQ(paths.size(), kDifficultNames.size() * 2 - 2) << "a name with a leading dot is hidden";
+  const auto shown = std::count_if(kDifficultNames.begin(), kDifficultNames.end(),
+                                   [](const std::string& name) { return !name.starts_with('.'); });
+  ASSERT_EQ(paths.size(), static_cast<std::size_t>(2 * shown)) << "a name with a leading dot is hidden";
   for (const char* target :
        {"c:\\list.m3u", "c:\\list.m3u8", "c:\\m\\list.m3u", "c:\\m\\list.m3u8", "d:\\list.m3u8"}) {
     for (const bool relative : {false, true}) {

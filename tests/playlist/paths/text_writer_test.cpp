@@ -79,7 +79,8 @@ TEST_F(TextWriterTest, WritesWhatEncodeTextMakesOfTheWhole) {
                                plain + "\u00C3\u00B6"};
   for (const std::string& text : texts) {
     for (const std::size_t piece : {std::size_t{777}, TextWriter::kPiece + 1, 100 * TextWriter::kPiece}) {
-      EXPECT_TRUE(Written(text, piece, TextWriter::Encoding::kText) == EncodeText(text)) << text.size() << " " << piece;
+      EXPECT_TRUE(Written(text, piece, TextWriter::Encoding::kText) == EncodeText(text))
+          << text.size() << " " << piece;
       EXPECT_TRUE(Written(text, piece, TextWriter::Encoding::kUtf8) == text) << text.size() << " " << piece;
     }
   }
