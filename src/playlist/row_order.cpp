@@ -79,12 +79,22 @@ const std::string& CellOf(const RowStore& rows, int row, int lncol) {
   return rows.At(row).cells[static_cast<std::size_t>(lncol - 1)];
 }
 
+// std::stable_sort, one half beside the other.
+template <typename Entry, typename Order>
+void SortHalves(std::vector<Entry>& entries, Order before) {
+  const auto middle = entries.begin() + static_cast<std::ptrdiff_t>(entries.size() / 2);
+  std::future<void> front = std::async([&] { std::stable_sort(entries.begin(), middle, before); });
+  std::stable_sort(middle, entries.end(), before);
+  front.get();
+  std::inplace_merge(entries.begin(), middle, entries.end(), before);
+}
+
 template <typename Key>
 void SortByKeys(RowStore& rows, std::vector<KeyedRow<Key>> keyed, bool descending) {
   if (descending) {
-    std::stable_sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) { return b.key < a.key; });
+    SortHalves(keyed, [](const auto& a, const auto& b) { return b.key < a.key; });
   } else {
-    std::stable_sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) { return a.key < b.key; });
+    SortHalves(keyed, [](const auto& a, const auto& b) { return a.key < b.key; });
   }
   std::vector<int> order;
   order.reserve(keyed.size());
