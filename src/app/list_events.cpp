@@ -92,6 +92,7 @@ void ListEvents::ListView1_FilesDropped(const std::vector<std::string>& native_p
   document_.Dropping = true;
   {
     const WaitCursor wait(feedback_);
+    const RowStore::Bulk bulk(document_.ListView1);
     // Going backwards with one insertion point keeps the order of the names.
     const int at = places_.ListView1.GetRowAtPoint(point.y()) + 1;
     for (auto path = native_paths.crbegin(); path != native_paths.crend(); ++path) {

@@ -44,6 +44,14 @@ class ListTest : public testing::Test {
   MainWindow window;
 };
 
+TEST_F(ListTest, ShowsTheFilesOfADropAtOnce) {
+  int told = 0;
+  QObject::connect(window.List().model(), &QAbstractItemModel::rowsInserted, [&] { ++told; });
+  Drop({window.drives.C() / "one/b.mp3", window.drives.C() / "two", window.drives.C() / "one/a.mp3"}, 1);
+  EXPECT_EQ(window.List().model()->rowCount(), 4);
+  EXPECT_EQ(told, 1);
+}
+
 TEST_F(ListTest, HasTwelveColumnsOfWhichTwoAreHidden) {
   const std::vector<std::string> headers{"FileName", "Time",      "Size",       "Path",
                                          "ID",       "Layer",     "Bitrate",    "Samplerate",
