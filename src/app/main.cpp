@@ -47,12 +47,12 @@ QStringList AudioPatterns() {
   return patterns;
 }
 
-void MakeMain(House& house) {
+void MakeMain(House& house, Session::Places places) {
   house.dialogs =
       std::make_unique<QtDialogs>(nullptr, *house.files, QString::fromStdString(AppTitle()), AudioPatterns());
   const Main::Services services{*house.files, *house.store, *house.startup,   *house.dialogs,      house.clock,
                                 *house.shell, house.random, *house.collation, *house.associations, *house.players};
-  house.main = std::make_unique<Main>(house.document, house.settings, services, FindPlaces(*house.files));
+  house.main = std::make_unique<Main>(house.document, house.settings, services, std::move(places));
   house.dialogs->SetOwner(house.main.get());
   QObject::connect(house.main.get(), &Main::ended, qApp, [] { QCoreApplication::exit(0); });
 }
@@ -64,11 +64,11 @@ class NoStartupEntries : public StartupEntries {
   void Remove(const std::string&) override {}
 };
 
-// Renders the window with the given paths loaded into a picture, and ends. Nothing of this user's is touched.
+// Renders the window with the given paths loaded into a picture, and ends. Nothing of this user's is touched or shown.
 int TakeScreenshot(House& house, const QString& picture, const std::string& command_line) {
   house.store = std::make_unique<MemorySettingsStore>();
   house.startup = std::make_unique<NoStartupEntries>();
-  MakeMain(house);
+  MakeMain(house, {AppKey(), ""});
   house.main->Load(command_line, nullptr);
   house.main->resize(1180, 560);
   house.main->show();
@@ -88,7 +88,7 @@ int Start(House& house, QApplication& application, const std::string& command_li
   splash.show();
   // The splash window stands for a while by design; the main window is made meanwhile.
   QCoreApplication::processEvents();
-  MakeMain(house);
+  MakeMain(house, FindPlaces(*house.files));
   return application.exec();
 }
 
