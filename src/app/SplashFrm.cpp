@@ -24,6 +24,11 @@ SplashFrm::SplashFrm(std::function<void(QWidget& splash)> ShowMain)
   Timer1.setTimerType(Qt::PreciseTimer);
   Timer1.setSingleShot(true);
   connect(&Timer1, &QTimer::timeout, this, &SplashFrm::Timer1_Timer);
+}
+
+void SplashFrm::Begin() {
+  show();
+  QCoreApplication::processEvents();
   Timer1.start();
 }
 

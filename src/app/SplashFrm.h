@@ -16,6 +16,9 @@ class SplashFrm : public QWidget, private Ui::SplashFrm {
   // `ShowMain` makes the main window, loads it to its end and shows it; it runs once, from the timer.
   explicit SplashFrm(std::function<void(QWidget& splash)> ShowMain);
 
+  // Shows itself and starts the timer. `ShowMain` runs from the event loop that comes next, however long this takes.
+  void Begin();
+
  private:
   void Timer1_Timer();
 

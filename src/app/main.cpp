@@ -64,7 +64,8 @@ class NoStartupEntries : public StartupEntries {
   void Remove(const std::string&) override {}
 };
 
-// Renders the window with the given paths loaded into a picture, and ends. Nothing of this user's is touched or shown.
+// Renders the window with the given paths loaded into a picture, and ends. Nothing of this user's is touched or
+// shown.
 int TakeScreenshot(House& house, const QString& picture, const std::string& command_line) {
   house.store = std::make_unique<MemorySettingsStore>();
   house.startup = std::make_unique<NoStartupEntries>();
@@ -85,9 +86,8 @@ int Start(House& house, QApplication& application, const std::string& command_li
     house.main->Load(command_line, &window);
     house.main->show();
   });
-  splash.show();
   // The splash window stands for a while by design; the main window is made meanwhile.
-  QCoreApplication::processEvents();
+  splash.Begin();
   MakeMain(house, FindPlaces(*house.files));
   return application.exec();
 }
