@@ -78,10 +78,11 @@ windows_window_libraries() {
 }
 
 # make_wine FOLDER [DRIVER]: a Wine of its own in FOLDER, which z: leads to the root folder of. DRIVER is what windows are
-# shown by: "x11", or "null" for a machine without a display.
+# shown by: "x11", or "null" for a machine without a display. Its fonts are looked for only where Windows has them.
 make_wine() {
   export WINEPREFIX=$1 WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml='
   local keys='HKCU\Software\Wine\Drivers'
   mkdir -p -- "$WINEPREFIX"
-  quietly wineboot -i && quietly wine reg add "$keys" /v Graphics /d "${2:-null}" /f && wineserver -w
+  quietly wineboot -i && quietly wine reg add "$keys" /v Graphics /d "${2:-null}" /f && wineserver -w &&
+    cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts"
 }

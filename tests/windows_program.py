@@ -1,8 +1,10 @@
-"""windows_program.py LINUX_BIN ZIP PICTURE: the whole program for Windows, unpacked and used on the present display.
+"""windows_program.py LINUX_BIN WINDOWS_BIN ZIP PICTURE: the whole program for Windows, unpacked and used on the present
+display.
 
 It is given a folder, shows it, and is closed by its close box. What it leaves is held against what the programs for Linux
-make of the same folder: last.m3u, the settings in the registry, and the list that the next start brings back. PICTURE is
-made of its window.
+make of the same folder: last.m3u, the settings in the registry, and the list that the next start brings back. It
+saves by the dialog of the system, and has the player play, for which a program of WINDOWS_BIN stands. PICTURE is made of
+its window.
 """
 
 import os
@@ -15,8 +17,9 @@ import unittest
 import zipfile
 
 LINUX = pathlib.Path(sys.argv[1]).resolve()
-ZIP = pathlib.Path(sys.argv[2]).resolve()
-PICTURE = pathlib.Path(sys.argv[3]).resolve()
+WINDOWS = pathlib.Path(sys.argv[2]).resolve()
+ZIP = pathlib.Path(sys.argv[3]).resolve()
+PICTURE = pathlib.Path(sys.argv[4]).resolve()
 FRAME = bytes.fromhex("fffb9064") + bytes(413)  # 128 kbit/s, 44,100 Hz
 PATIENCE = 40  # seconds; a first start by Wine is slow
 KEY = r"HKCU\Software\Velmora\QUBLET2021"
@@ -29,6 +32,10 @@ ALBUMS = {
 
 def run(*command, **options):
     return subprocess.run(command, capture_output=True, text=True, timeout=PATIENCE, **options)
+
+
+def native(place):
+    return "z:" + str(place).replace("/", "\\")
 
 
 def wait_for(what, question):
@@ -50,6 +57,15 @@ class Program:
             if "Playlist Editor v" in line:
                 return line.split()[0]
         return ""
+
+    def other_window(self):
+        windows = [line.split()[0] for line in run("wmctrl", "-l").stdout.splitlines()]
+        return next((window for window in windows if window != self.window), "")
+
+    def press(self, *keys):
+        time.sleep(2)  # it may still be reading
+        run("wmctrl", "-ia", self.window)
+        run("xdotool", "key", *keys)
 
     def title(self):
         return run("xdotool", "getwindowname", str(int(self.window, 16))).stdout.strip()
@@ -118,13 +134,45 @@ class WholeProgram(unittest.TestCase):
         self.assertEqual(self.linux("list", str(self.programs / "last.m3u")),
                          self.windows("list", str(self.programs / "last.m3u")))
 
-    def test_4_brings_no_other_library(self):
+    def test_4_saves_by_the_dialog_of_the_system(self):
+        target = self.music.parent / "saved.m3u"
+        program = Program(self.programs, str(self.music))
+        program.press("ctrl+s")
+        dialog = wait_for("the dialog", program.other_window)
+        run("wmctrl", "-ia", dialog)
+        run("xdotool", "key", "Home", "shift+End")
+        run("xdotool", "type", "--delay", "20", native(target))
+        run("xdotool", "key", "Return")
+        wait_for("the caption", lambda: program.title().endswith("[saved.m3u]"))
+        self.assertEqual(program.close(), 0)
+        self.assertEqual(target.read_bytes(), self.expected())
+        self.assertEqual(self.linux("list", str(target)), self.linux("list", str(self.music)))
+
+    def test_5_has_the_player_play_and_is_answered_by_its_window(self):
+        log = self.music.parent / "told.txt"
+        player = f'"{native(WINDOWS / "player_stand_in.exe")}" "{native(log)}" "%1"'
+        run("wine", "reg", "add", r"HKCR\.m3u", "/ve", "/d", "StandIn.Playlist", "/f")
+        run("wine", "reg", "add", r"HKCR\StandIn.Playlist\shell\open\command", "/ve", "/d", player, "/f")
+        program = Program(self.programs, str(self.music))
+        program.press("ctrl+p")
+        wait_for("the player", lambda: log.exists() and "given" in log.read_text())
+        self.assertEqual((self.programs / "tmp.m3u").read_bytes(), self.expected())
+        self.assertIn("state\tplaying\nposition\t12.345\n", self.windows("player"))
+        self.windows("player", "jump", "65")
+        self.assertIn("position\t65.000\n", self.windows("player", "status"))
+        self.windows("player", "stop")
+        told = log.read_text().splitlines()
+        self.assertEqual([line.lower() for line in told],
+                         ["ready", "given " + native(self.programs / "tmp.m3u").lower(), "jump 65000", "stop"])
+        self.assertEqual(program.close(), 0)
+
+    def test_6_brings_no_other_library(self):
         self.assertEqual(sorted(file.name for file in self.programs.glob("*.exe")), ["QUBLET20.exe", "qublet.exe"])
         self.assertEqual(list(self.programs.glob("*.dll")), [])
 
 
 if __name__ == "__main__":
-    outcome = unittest.main(argv=sys.argv[:1] + sys.argv[4:], exit=False, verbosity=2).result
+    outcome = unittest.main(argv=sys.argv[:1] + sys.argv[5:], exit=False, verbosity=2).result
     failed = len(outcome.failures) + len(outcome.errors)
     # As ctest says it, for ./test.
     share = 100 * (outcome.testsRun - failed) // max(1, outcome.testsRun)

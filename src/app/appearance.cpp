@@ -30,7 +30,8 @@ void ApplyListLook(const AppSettings& settings, RowList& list) {
   palette.setColor(QPalette::Text, text);
   list.setPalette(palette);
 
-  QFont font(QString::fromStdString(settings.Name), settings.Size);
+  // Where there is no such font, the one of the menus is easier on the eyes than any other.
+  QFont font({QString::fromStdString(settings.Name), QGuiApplication::font().family()}, settings.Size);
   font.setItalic(settings.Italic);
   font.setBold(settings.Bold);
   font.setStrikeOut(settings.Strikethrough);

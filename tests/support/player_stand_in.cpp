@@ -1,5 +1,5 @@
-// player_stand_in LOG: a window that answers as the player does, and writes what it is told into LOG, a line each:
-// "stop", "jump 65000". It plays, is at 12,345 ms, and ends after "stop".
+// player_stand_in LOG [PLAYLIST]: a window that answers as the player does, and writes what it is told into LOG, a
+// line each: "ready", "given z:\tmp.m3u", "stop", "jump 65000". It plays, is at 12,345 ms, and ends after "stop".
 #include <windows.h>
 
 #include <fstream>
@@ -26,7 +26,7 @@ LRESULT CALLBACK Answer(HWND window, UINT message, WPARAM first, LPARAM second) 
 }  // namespace
 
 int main(int count, char** arguments) {
-  if (count != 2) return 2;
+  if (count < 2 || count > 3) return 2;
   std::ofstream log(arguments[1]);
   told = &log;
   WNDCLASSW kind{};
@@ -39,6 +39,7 @@ int main(int count, char** arguments) {
     return 1;
   }
   log << "ready" << std::endl;
+  if (count == 3) log << "given " << arguments[2] << std::endl;
   MSG message;
   while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
   return 0;
