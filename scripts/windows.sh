@@ -78,11 +78,14 @@ windows_window_libraries() {
 }
 
 # make_wine FOLDER [DRIVER]: a Wine of its own in FOLDER, which z: leads to the root folder of. DRIVER is what windows are
-# shown by: "x11", or "null" for a machine without a display. Its fonts are looked for only where Windows has them.
+# shown by: "x11", or "null" for a machine without a display. Its fonts are looked for only where Windows has them, and
+# smoothed as they are there.
 make_wine() {
   export WINEPREFIX=$1 WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml='
   local keys='HKCU\Software\Wine\Drivers'
   mkdir -p -- "$WINEPREFIX"
-  quietly wineboot -i && quietly wine reg add "$keys" /v Graphics /d "${2:-null}" /f && wineserver -w &&
+  quietly wineboot -i && quietly wine reg add "$keys" /v Graphics /d "${2:-null}" /f &&
+    quietly wine reg add 'HKCU\Control Panel\Desktop' /v FontSmoothing /d 2 /f &&
+    quietly wine reg add 'HKCU\Control Panel\Desktop' /v FontSmoothingType /t REG_DWORD /d 2 /f && wineserver -w &&
     cp /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts"
 }

@@ -9,6 +9,7 @@ its window.
 
 import os
 import pathlib
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -85,7 +86,9 @@ class WholeProgram(unittest.TestCase):
         place = pathlib.Path(holder.name)
         zipfile.ZipFile(ZIP).extractall(place / "program")
         cls.programs = next((place / "program").iterdir())
-        cls.music = place / "Music"
+        cls.music = pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c" / "Music"
+        cls.addClassCleanup(shutil.rmtree, cls.music)
+        cls.place = place
         for number, (album, songs) in enumerate(ALBUMS.items(), 1):
             (cls.music / album).mkdir(parents=True)
             for length, song in enumerate(songs, 1):
@@ -103,11 +106,11 @@ class WholeProgram(unittest.TestCase):
         return done.stdout
 
     def expected(self):
-        self.linux("save", "--replace", str(self.music.parent / "expected.m3u"), str(self.music))
-        return (self.music.parent / "expected.m3u").read_bytes()
+        self.linux("save", "--replace", str(self.place / "expected.m3u"), str(self.music))
+        return (self.place / "expected.m3u").read_bytes()
 
     def test_1_lists_a_folder_and_leaves_it_as_the_last_list(self):
-        program = Program(self.programs, str(self.music))
+        program = Program(self.programs, r"c:\Music")
         time.sleep(3)
         run("xdotool", "windowsize", str(int(program.window, 16)), "1180", "420")
         run("xdotool", "windowmove", str(int(program.window, 16)), "40", "60")
@@ -135,8 +138,8 @@ class WholeProgram(unittest.TestCase):
                          self.windows("list", str(self.programs / "last.m3u")))
 
     def test_4_saves_by_the_dialog_of_the_system(self):
-        target = self.music.parent / "saved.m3u"
-        program = Program(self.programs, str(self.music))
+        target = self.place / "saved.m3u"
+        program = Program(self.programs, r"c:\Music")
         program.press("ctrl+s")
         dialog = wait_for("the dialog", program.other_window)
         run("wmctrl", "-ia", dialog)
@@ -149,11 +152,11 @@ class WholeProgram(unittest.TestCase):
         self.assertEqual(self.linux("list", str(target)), self.linux("list", str(self.music)))
 
     def test_5_has_the_player_play_and_is_answered_by_its_window(self):
-        log = self.music.parent / "told.txt"
+        log = self.place / "told.txt"
         player = f'"{native(WINDOWS / "player_stand_in.exe")}" "{native(log)}" "%1"'
         run("wine", "reg", "add", r"HKCR\.m3u", "/ve", "/d", "StandIn.Playlist", "/f")
         run("wine", "reg", "add", r"HKCR\StandIn.Playlist\shell\open\command", "/ve", "/d", player, "/f")
-        program = Program(self.programs, str(self.music))
+        program = Program(self.programs, r"c:\Music")
         program.press("ctrl+p")
         wait_for("the player", lambda: log.exists() and "given" in log.read_text())
         self.assertEqual((self.programs / "tmp.m3u").read_bytes(), self.expected())
