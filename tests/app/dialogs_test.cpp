@@ -97,7 +97,7 @@ TEST_F(DialogsTest, OpenInAFolderThatIsNamedWithAPattern) {
     dialog.reject();
   });
   EXPECT_EQ(dialogs.ShowOpen({"c:\\lists*.m3u", "M3U Playlist Files (*.m3u)|*.m3u|", "m3u"}), std::nullopt);
-  EXPECT_EQ(folder.toStdString(), (drives.C() / "lists").string());
+  EXPECT_EQ(folder.toStdString(), (drives.C() / "lists").generic_string());
 }
 
 TEST_F(DialogsTest, BrowseForAFileOrAFolder) {

@@ -113,7 +113,8 @@ class ListDrops : public ListMouseTest {
     auto data = std::make_unique<QMimeData>();
     QByteArray list;
     for (const auto& place : places) {
-      list += "file://" + QByteArray::fromStdString(place.string()).toPercentEncoding("/") + "\r\n";
+      const QByteArray path = QByteArray::fromStdString(place.generic_string());
+      list += (path.startsWith('/') ? "file://" : "file:///") + path.toPercentEncoding("/:") + "\r\n";
     }
     data->setData("text/uri-list", list);
     return data;

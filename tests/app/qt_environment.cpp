@@ -5,15 +5,22 @@
 
 namespace {
 
-// One QApplication for all tests of the program, on the offscreen platform unless the caller names another.
+// One QApplication for all tests of the program, on the offscreen platform unless the caller names another. On
+// Windows windows are shown; its own dialogs can't be reached by a test.
 class QtEnvironment : public testing::Environment {
  public:
   void SetUp() override {
+#ifdef _WIN32
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+#else
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+#endif
     application_ = std::make_unique<QApplication>(argument_count_, arguments_);
     QApplication::setQuitOnLastWindowClosed(false);
   }
-  void TearDown() override { application_.reset(); }
+  void TearDown() override {
+    application_.reset();
+  }
 
  private:
   int argument_count_ = 1;
