@@ -11,6 +11,7 @@ std::size_t RowStore::Place(int index) const {
 }
 
 void RowStore::ExpectPaths(int index) const {
+  constexpr std::size_t kCacheLine = 64;          // bytes
   constexpr int kRowAhead = 24, kTextAhead = 12;  // the row itself has to be there before its texts can be asked for
   if (index + kRowAhead <= Count()) {
     const Row& row = At(index + kRowAhead);
@@ -20,6 +21,7 @@ void RowStore::ExpectPaths(int index) const {
   if (index + kTextAhead <= Count()) {
     const Row& row = At(index + kTextAhead);
     __builtin_prefetch(row.cells[kPath].data());
+    __builtin_prefetch(row.cells[kPath].data() + kCacheLine);  // most paths are longer
     __builtin_prefetch(row.cells[kFileName].data());
   }
 }

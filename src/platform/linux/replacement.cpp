@@ -13,7 +13,7 @@ namespace qublet {
 namespace {
 
 constexpr std::size_t kBufferSize = 64 * 1024;
-constexpr std::size_t kLargePiece = 128 * 1024;
+constexpr std::size_t kSetOutTogether = 512 * 1024;  // bytes on their way to the disk while more is written
 constexpr int kMostLinks = 40;
 
 struct Place {
@@ -84,16 +84,23 @@ void Replacement::OpenTemporary() {
 void Replacement::Write(std::span<const std::uint8_t> bytes) {
   if (buffer_.size() + bytes.size() > kBufferSize) FlushBuffer();
   if (bytes.size() > kBufferSize) {
-    WriteFully(file_, bytes);
-    if (bytes.size() >= kLargePiece) StartFlush(file_);
+    WriteOut(bytes);
   } else {
     buffer_.insert(buffer_.end(), bytes.begin(), bytes.end());
   }
 }
 
 void Replacement::FlushBuffer() {
-  WriteFully(file_, buffer_);
+  WriteOut(buffer_);
   buffer_.clear();
+}
+
+void Replacement::WriteOut(std::span<const std::uint8_t> bytes) {
+  WriteFully(file_, bytes);
+  waiting_ += bytes.size();
+  if (waiting_ < kSetOutTogether) return;
+  StartFlush(file_);
+  waiting_ = 0;
 }
 
 void Replacement::CopyFrom(InputFile& source, std::int64_t offset, std::int64_t length) {

@@ -39,6 +39,7 @@ class Replacement : public FileReplacement {
   void FindPresent(const std::string& native);
   void OpenTemporary();
   void FlushBuffer();
+  void WriteOut(std::span<const std::uint8_t> bytes);
   std::int64_t CopyInKernel(const Descriptor& source, std::int64_t offset, std::int64_t length);
   void CopyAttributes();
 
@@ -52,6 +53,7 @@ class Replacement : public FileReplacement {
   Descriptor present_file_;  // open when the present file can be read
   Descriptor file_;
   std::vector<std::uint8_t> buffer_;
+  std::size_t waiting_ = 0;  // bytes written that haven't set out for the disk
 };
 
 }  // namespace qublet
