@@ -13,7 +13,7 @@ namespace qublet {
 namespace {
 
 constexpr std::size_t kBufferSize = 64 * 1024;
-constexpr std::size_t kSetOutTogether = 512 * 1024;  // bytes on their way to the disk while more is written
+constexpr std::size_t kSetOutTogether = 1024 * 1024;  // bytes on their way to the disk while more is written
 constexpr int kMostLinks = 40;
 
 struct Place {
