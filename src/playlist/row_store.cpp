@@ -21,8 +21,9 @@ void RowStore::ExpectPaths(int index) const {
   if (index + kTextAhead <= Count()) {
     const Row& row = At(index + kTextAhead);
     __builtin_prefetch(row.cells[kPath].data());
-    __builtin_prefetch(row.cells[kPath].data() + kCacheLine);  // most paths are longer
+    __builtin_prefetch(row.cells[kPath].data() + kCacheLine);  // most paths are longer than one
     __builtin_prefetch(row.cells[kFileName].data());
+    __builtin_prefetch(row.cells[kFileName].data() + kCacheLine / 2);  // many names lie across two
   }
 }
 
