@@ -23,9 +23,8 @@ class Replacement : public FileReplacement {
     kMoved,       // the source's, the owner too; a present file is a failure
   };
 
-  // `source` is the file copied or moved, `batches` may put the folder's flush off; both live as long as
-  // this. Throws Failure (see
-  // FileSystem::BeginReplacement).
+  // `source` is the file copied or moved, `batches` may put the folder's flush off; both live as long as this. Throws
+  // Failure (see FileSystem::BeginReplacement).
   explicit Replacement(const std::string& native, Role role = Role::kNewVersion, DescriptorInput* source = nullptr,
                        FolderFlushes* batches = nullptr);
   ~Replacement() override;

@@ -17,7 +17,7 @@ class TextWriter {
     kText,  // what EncodeText makes of the whole
   };
 
-  static constexpr std::size_t kPiece = 512 * 1024;  // bytes that set out for the disk together
+  static constexpr std::size_t kPiece = 512 * 1024;  // bytes written at a time
 
   TextWriter(const FileSystem& files, std::string path, Encoding encoding);
 
