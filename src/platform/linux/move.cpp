@@ -10,38 +10,11 @@
 #include "platform/file_content.h"
 #include "platform/linux/descriptor.h"
 #include "platform/linux/open_files.h"
+#include "platform/linux/rename.h"
 #include "platform/linux/replacement.h"
 
 namespace qublet {
 namespace {
-
-bool Exists(int folder, const std::string& native) {
-  struct stat status {};
-  return fstatat(folder, native.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
-}
-
-// The three ways to rename give 0 or the error.
-int MoveByLink(int folder, const std::string& from, const std::string& to) {
-  if (linkat(folder, from.c_str(), folder, to.c_str(), 0) != 0) return errno;
-  if (unlinkat(folder, from.c_str(), 0) == 0) return 0;
-  const int error = errno;
-  unlinkat(folder, to.c_str(), 0);
-  return error;
-}
-
-int MoveAfterLooking(int folder, const std::string& from, const std::string& to) {
-  if (Exists(folder, to)) return EEXIST;
-  return renameat(folder, from.c_str(), folder, to.c_str()) == 0 ? 0 : errno;
-}
-
-// Not every file system knows a rename that never replaces, nor links; folders can't be linked anywhere.
-int MoveWithoutReplacing(int folder, const std::string& from, const std::string& to) {
-  if (renameat2(folder, from.c_str(), folder, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
-  if (errno != EINVAL && errno != ENOSYS) return errno;
-  const int error = MoveByLink(folder, from, to);
-  const bool no_links = error == EPERM || error == ENOTSUP || error == ENOSYS || error == EMLINK;
-  return no_links ? MoveAfterLooking(folder, from, to) : error;
-}
 
 // On a file system that ignores case the target of a change of case seems to exist: it is the file itself. Two
 // links to one file look the same, but then the folder holds the target's name letter for letter.
@@ -63,8 +36,8 @@ bool IsChangeOfCase(const std::string& from, const std::string& to) {
 // The name between keeps systems from taking both names for the same and doing nothing.
 int ChangeCase(const std::string& from, const std::string& to) {
   const std::string between = to.substr(0, to.rfind('/') + 1) + TemporaryName();
-  if (const int error = MoveWithoutReplacing(AT_FDCWD, from, between)) return error;
-  const int error = MoveWithoutReplacing(AT_FDCWD, between, to);
+  if (const int error = RenameWithoutReplacing(AT_FDCWD, from, between)) return error;
+  const int error = RenameWithoutReplacing(AT_FDCWD, between, to);
   if (error != 0) rename(between.c_str(), from.c_str());
   return error;
 }
@@ -84,13 +57,8 @@ void MoveAcross(const std::string& from, const std::string& to) {
 
 }  // namespace
 
-void MoveInFolder(int folder, const std::string& from, const std::string& to) {
-  errno = MoveWithoutReplacing(folder, from, to);
-  if (errno != 0) FailWithErrno("rename", from);
-}
-
 void Move(const std::string& from, const std::string& to) {
-  int error = MoveWithoutReplacing(AT_FDCWD, from, to);
+  int error = RenameWithoutReplacing(AT_FDCWD, from, to);
   if (error == EXDEV) return MoveAcross(from, to);
   if (error == EEXIST && IsChangeOfCase(from, to)) error = ChangeCase(from, to);
   errno = error;

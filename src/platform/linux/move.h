@@ -8,7 +8,4 @@ namespace qublet {
 // letter case. Across file systems a file is copied, checked and deleted. Throws Failure.
 void Move(const std::string& from, const std::string& to);
 
-// Renames inside one folder, given by its descriptor; an existing target is a failure. Throws Failure.
-void MoveInFolder(int folder, const std::string& from, const std::string& to);
-
 }  // namespace qublet

@@ -6,7 +6,7 @@
 
 #include "platform/file_content.h"
 #include "platform/linux/file_metadata.h"
-#include "platform/linux/move.h"
+#include "platform/linux/rename.h"
 #include "platform/linux/temporary_file.h"
 
 namespace qublet {
@@ -157,7 +157,7 @@ void Replacement::Commit() {
   CopyAttributes();
   FlushToDisk(file_);
   if (role_ == Role::kMoved) {
-    MoveInFolder(folder_.Get(), temporary_, name_);
+    RenameInFolder(folder_.Get(), temporary_, name_);
   } else if (renameat(folder_.Get(), temporary_.c_str(), folder_.Get(), name_.c_str()) != 0) {
     FailWithErrno("replace", name_);
   }
