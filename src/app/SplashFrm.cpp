@@ -27,12 +27,15 @@ SplashFrm::SplashFrm(std::function<void(QWidget& splash)> ShowMain)
 }
 
 void SplashFrm::Begin() {
+  Timer1.start();
   show();
   QCoreApplication::processEvents();
-  Timer1.start();
+  begun_ = true;
 }
 
 void SplashFrm::Timer1_Timer() {
+  constexpr int kSoon = 10;  // milliseconds
+  if (!begun_) return Timer1.start(kSoon);
   StartLabel->setText(QStringLiteral("Restoring Playlist from Previous Session...WAIT"));
   StartLabel->repaint();
   setCursor(Qt::WaitCursor);

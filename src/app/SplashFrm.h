@@ -16,7 +16,7 @@ class SplashFrm : public QWidget, private Ui::SplashFrm {
   // `ShowMain` makes the main window, loads it to its end and shows it; it runs once, from the timer.
   explicit SplashFrm(std::function<void(QWidget& splash)> ShowMain);
 
-  // Shows itself and starts the timer. `ShowMain` runs from the event loop that comes next, however long this takes.
+  // Starts the timer and shows itself. `ShowMain` runs from the event loop that comes next, however long this takes.
   void Begin();
 
  private:
@@ -24,6 +24,7 @@ class SplashFrm : public QWidget, private Ui::SplashFrm {
 
   std::function<void(QWidget& splash)> show_main_;
   QTimer Timer1;
+  bool begun_ = false;
 };
 
 }  // namespace qublet

@@ -30,8 +30,12 @@ void ApplyListLook(const AppSettings& settings, RowList& list) {
   palette.setColor(QPalette::Text, text);
   list.setPalette(palette);
 
-  // Where there is no such font, the one of the menus is easier on the eyes than any other.
-  QFont font({QString::fromStdString(settings.Name), QGuiApplication::font().family()}, settings.Size);
+  QFont font(QString::fromStdString(settings.Name), settings.Size);
+  // Where there is no such font, the one of the menus is easier on the eyes than any other. Elsewhere than on Windows
+  // the system finds the nearest itself.
+  if (QGuiApplication::platformName() == QLatin1String("windows")) {
+    font.setFamilies({font.family(), QGuiApplication::font().family()});
+  }
   font.setItalic(settings.Italic);
   font.setBold(settings.Bold);
   font.setStrikeOut(settings.Strikethrough);

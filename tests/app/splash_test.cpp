@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QTest>
+#include <QTimer>
 
 namespace qublet {
 namespace {
@@ -10,7 +11,8 @@ namespace {
 TEST(SplashTest, HandsOverOnceAndNotWhileItIsBeingShown) {
   int shown = 0;
   SplashFrm splash([&](QWidget&) { ++shown; });
-  QTest::qSleep(300);  // on a slow machine
+  QTimer::singleShot(0, [] { QTest::qSleep(300); });  // as on a slow machine
+  QTimer::singleShot(0, [] { QCoreApplication::processEvents(); });
   splash.Begin();
   EXPECT_EQ(shown, 0) << "the main window isn't made yet";
   EXPECT_TRUE(splash.isVisible());
