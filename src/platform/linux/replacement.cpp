@@ -12,7 +12,6 @@
 namespace qublet {
 namespace {
 
-constexpr std::size_t kBufferSize = 64 * 1024;
 constexpr std::size_t kSetOutTogether = 1024 * 1024;  // bytes on their way to the disk while more is written
 constexpr int kMostLinks = 40;
 
@@ -78,21 +77,6 @@ void Replacement::OpenTemporary() {
   TemporaryFile made = MakeTemporaryFile(folder_, name_, mode);
   file_ = std::move(made.file);
   temporary_ = std::move(made.name);
-  buffer_.reserve(kBufferSize);
-}
-
-void Replacement::Write(std::span<const std::uint8_t> bytes) {
-  if (buffer_.size() + bytes.size() > kBufferSize) FlushBuffer();
-  if (bytes.size() > kBufferSize) {
-    WriteOut(bytes);
-  } else {
-    buffer_.insert(buffer_.end(), bytes.begin(), bytes.end());
-  }
-}
-
-void Replacement::FlushBuffer() {
-  WriteOut(buffer_);
-  buffer_.clear();
 }
 
 void Replacement::WriteOut(std::span<const std::uint8_t> bytes) {

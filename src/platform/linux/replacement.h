@@ -3,9 +3,8 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
-#include "platform/file_system.h"
+#include "platform/buffered_replacement.h"
 #include "platform/linux/descriptor.h"
 #include "platform/linux/folder_flushes.h"
 #include "platform/linux/open_files.h"
@@ -14,7 +13,7 @@ namespace qublet {
 
 // The next version of a file: a temporary file ".qublet-..." in the same folder that is renamed over it. The folder
 // is held open, so that a change of the current folder meanwhile does no harm.
-class Replacement : public FileReplacement {
+class Replacement : public BufferedReplacement {
  public:
   // What is written and whose mode, extended attributes and times it takes.
   enum class Role {
@@ -29,7 +28,6 @@ class Replacement : public FileReplacement {
                        FolderFlushes* batches = nullptr);
   ~Replacement() override;
 
-  void Write(std::span<const std::uint8_t> bytes) override;
   void CopyFrom(InputFile& source, std::int64_t offset, std::int64_t length) override;
   std::unique_ptr<InputFile> OpenWritten() override;
   void Commit() override;
@@ -37,8 +35,7 @@ class Replacement : public FileReplacement {
  private:
   void FindPresent(const std::string& native);
   void OpenTemporary();
-  void FlushBuffer();
-  void WriteOut(std::span<const std::uint8_t> bytes);
+  void WriteOut(std::span<const std::uint8_t> bytes) override;
   std::int64_t CopyInKernel(const Descriptor& source, std::int64_t offset, std::int64_t length);
   void CopyAttributes();
 
@@ -51,7 +48,6 @@ class Replacement : public FileReplacement {
   std::optional<struct stat> present_;
   Descriptor present_file_;  // open when the present file can be read
   Descriptor file_;
-  std::vector<std::uint8_t> buffer_;
   std::size_t waiting_ = 0;  // bytes written that haven't set out for the disk
 };
 

@@ -9,8 +9,6 @@
 namespace qublet {
 namespace {
 
-constexpr std::size_t kBufferSize = 64 * 1024;
-
 std::size_t NameStart(const std::wstring& place) {
   return place.rfind(L'\\') + 1;
 }
@@ -71,7 +69,6 @@ Replacement::Replacement(const std::wstring& place, Role role, HandleInput* sour
   if (source_ != nullptr) model_ = BasicsOf(source_->File());
   CheckPresent();
   OpenTemporary();
-  buffer_.reserve(kBufferSize);
 }
 
 Replacement::~Replacement() {
@@ -103,18 +100,8 @@ void Replacement::OpenTemporary() {
   temporary_ = std::move(temporary);
 }
 
-void Replacement::Write(std::span<const std::uint8_t> bytes) {
-  if (buffer_.size() + bytes.size() > kBufferSize) FlushBuffer();
-  if (bytes.size() > kBufferSize) {
-    WriteFully(file_, bytes);
-  } else {
-    buffer_.insert(buffer_.end(), bytes.begin(), bytes.end());
-  }
-}
-
-void Replacement::FlushBuffer() {
-  WriteFully(file_, buffer_);
-  buffer_.clear();
+void Replacement::WriteOut(std::span<const std::uint8_t> bytes) {
+  WriteFully(file_, bytes);
 }
 
 void Replacement::CopyFrom(InputFile& source, std::int64_t offset, std::int64_t length) {

@@ -2,9 +2,8 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
-#include "platform/file_system.h"
+#include "platform/buffered_replacement.h"
 #include "platform/windows/open_files.h"
 
 namespace qublet {
@@ -12,7 +11,7 @@ namespace qublet {
 // The next version of a file: a temporary file ".qublet-..." in the same folder that is put in its place by the
 // system's own call for that, which keeps attributes, access list, creation time and further streams of the present
 // file.
-class Replacement : public FileReplacement {
+class Replacement : public BufferedReplacement {
  public:
   // What is written and whose attributes and times it takes.
   enum class Role {
@@ -26,7 +25,6 @@ class Replacement : public FileReplacement {
   explicit Replacement(const std::wstring& place, Role role = Role::kNewVersion, HandleInput* source = nullptr);
   ~Replacement() override;
 
-  void Write(std::span<const std::uint8_t> bytes) override;
   void CopyFrom(InputFile& source, std::int64_t offset, std::int64_t length) override;
   std::unique_ptr<InputFile> OpenWritten() override;
   void Commit() override;
@@ -34,7 +32,7 @@ class Replacement : public FileReplacement {
  private:
   void CheckPresent();
   void OpenTemporary();
-  void FlushBuffer();
+  void WriteOut(std::span<const std::uint8_t> bytes) override;
   void PutInPlace();
 
   Role role_;
@@ -44,7 +42,6 @@ class Replacement : public FileReplacement {
   FILE_BASIC_INFO model_{};                  // of the source
   DWORD present_ = INVALID_FILE_ATTRIBUTES;  // of the present file
   Handle file_;
-  std::vector<std::uint8_t> buffer_;
 };
 
 // A name for a temporary file that no file has.
