@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <ostream>
 
+#include "platform/drive_form.h"
 #include "platform/program.h"
 #include "playlist/paths/text.h"
 
@@ -26,10 +27,7 @@ std::string UnknownOption(Arguments& arguments) {
 }
 
 std::string PathFromArgument(const FileSystem& files, const std::string& argument) {
-  const bool letter =
-      !argument.empty() && ((argument[0] >= 'a' && argument[0] <= 'z') || (argument[0] >= 'A' && argument[0] <= 'Z'));
-  const bool drive_form =
-      letter && argument.size() > 1 && argument[1] == ':' && (argument.size() == 2 || argument[2] == '\\');
+  const bool drive_form = HasDrive(argument) && (argument.size() == 2 || argument[2] == '\\');
   return drive_form ? ReplaceAll(argument, "/", "\\") : files.FromNative(argument);
 }
 

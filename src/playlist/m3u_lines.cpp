@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/code_page.h"
+#include "platform/drive_form.h"
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
@@ -15,11 +16,6 @@ constexpr std::string_view kUtf8Playlist = ".m3u8";
 
 bool IsNativeForm(std::string_view path) {
   return LowerCase(GetExtension(GetFileName(path))) == kUtf8Playlist;
-}
-
-bool HasDrive(std::string_view path) {
-  return path.size() > 1 && path[1] == ':' &&
-         ((path[0] >= 'a' && path[0] <= 'z') || (path[0] >= 'A' && path[0] <= 'Z'));
 }
 
 // "http://..." and its like.

@@ -7,6 +7,7 @@
 
 #include <cstdlib>
 
+#include "platform/drive_form.h"
 #include "platform/linux/attributes.h"
 #include "platform/linux/descriptor.h"
 #include "platform/linux/drives.h"
@@ -19,15 +20,6 @@
 
 namespace qublet {
 namespace {
-
-bool HasDrive(std::string_view path) {
-  return path.size() >= 2 && path[1] == ':' &&
-         ((path[0] >= 'a' && path[0] <= 'z') || (path[0] >= 'A' && path[0] <= 'Z'));
-}
-
-bool IsSeparator(char character) {
-  return character == '\\' || character == '/';
-}
 
 bool IsHiddenName(std::string_view name) {
   return name.starts_with('.') && name != "." && name != "..";

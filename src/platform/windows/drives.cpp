@@ -2,20 +2,13 @@
 
 #include <algorithm>
 
+#include "platform/drive_form.h"
 #include "platform/failure.h"
 #include "platform/windows/wide_text.h"
 #include "platform/windows/windows_api.h"
 
 namespace qublet {
 namespace {
-
-bool IsSeparator(char character) {
-  return character == '\\' || character == '/';
-}
-
-bool IsLetter(char character) {
-  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
-}
 
 // Drive letters, as anything of a letter's case.
 char Small(char letter) {
@@ -64,10 +57,6 @@ std::string TakeRoot(std::string_view& path) {
 
 }  // namespace
 
-bool HasDrive(std::string_view path) {
-  return path.size() >= 2 && path[1] == ':' && IsLetter(path[0]);
-}
-
 bool NamesServer(std::string_view path) {
   return path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1]);
 }
@@ -97,7 +86,7 @@ Drives::Drives(const std::string& folder) {
 std::string Drives::RootOf(char letter) const {
   letter = Small(letter);
   if (const auto stand_in = stand_ins_.find(letter); stand_in != stand_ins_.end()) return stand_in->second;
-  const std::uint32_t bit = IsLetter(letter) ? 1u << (letter - 'a') : 0;
+  const std::uint32_t bit = IsDriveLetter(letter) ? 1u << (letter - 'a') : 0;
   // Drives come while we run. One that has gone is found out by whoever opens something there.
   if ((known_ & bit) == 0) known_ = GetLogicalDrives();
   if ((known_ & bit) == 0) throw Failure(std::string("there is no drive ") + letter + ":");

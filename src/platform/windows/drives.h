@@ -26,8 +26,7 @@ class Drives {
   mutable std::atomic<std::uint32_t> known_{0};  // bit 0 for a:
 };
 
-// Whether a path begins with a drive ("c:"), or with the two separators of a server.
-bool HasDrive(std::string_view path);
+// Whether a path begins with the two separators of a server.
 bool NamesServer(std::string_view path);
 
 // An absolute native path with "/", doubled separators, "." and ".." resolved as text, without a trailing "\" unless

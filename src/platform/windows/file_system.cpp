@@ -1,5 +1,6 @@
 #include "platform/file_system.h"
 
+#include "platform/drive_form.h"
 #include "platform/windows/drives.h"
 #include "platform/windows/move.h"
 #include "platform/windows/open_files.h"
@@ -12,10 +13,6 @@ namespace {
 
 constexpr unsigned kKnownBits = kReadOnly | kHidden | kSystem | kFolder | kArchive;
 constexpr unsigned kChangeable = kReadOnly | kHidden | kSystem | kArchive;
-
-bool IsSeparator(char character) {
-  return character == '\\' || character == '/';
-}
 
 std::string WithBackslashes(std::string path) {
   for (char& character : path)
