@@ -254,7 +254,7 @@ std::vector<ListJob> MakeJobs() {
       {"select_none", 4, "MEditSelNone", true, EverySecond, [](FullList& list) { list.items.MEditSelNone_Click(); },
        DeselectRows},
       {"select_in_folder", 4, "MEditSelFol", true, OneInAHundred,
-       [](FullList& list) { SelectInFolders(list.document, list.items); }, SelectRowsInFolders},
+       [](FullList& list) { SelectInFolders(list.document.ListView1); }, SelectRowsInFolders},
       {"select_marked", 4, "MEditSelectMark", true, EverySecond, OnRows(SelectCheckMarked), SelectMarkedRows},
       {"remove_every_second", 4, "MEditRemove", true, EverySecond, OnDocument(RemoveSelectedRows), EraseRows},
   };

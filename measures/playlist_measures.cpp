@@ -4,13 +4,9 @@
 #include <stdexcept>
 #include <string>
 
+#include "engine/engine.h"
+#include "engine/system.h"
 #include "floors.h"
-#include "platform/feedback.h"
-#include "platform/file_system.h"
-#include "playlist/document.h"
-#include "playlist/items.h"
-#include "playlist/main_view.h"
-#include "playlist/playlist_files.h"
 #include "workplace.h"
 
 namespace qublet::measures {
@@ -33,22 +29,21 @@ class Yes : public Dialogs {
 
 // The program behind the window, with a list of its own.
 struct Program {
-  std::unique_ptr<FileSystem> files = OpenFileSystem();
-  Document document;
-  Feedback feedback;
-  MainView view;
+  System system{System::Traces::kLeavesNothing};
   Yes dialogs;
-  SystemClock clock;
-  AppSettings settings;
-  Items items{document, *files, feedback, view, ","};
-  PlaylistFiles playlists{document, items, settings, {*files, dialogs, clock, feedback}, view};
+  Feedback feedback;
+  Engine engine{system.With(dialogs, feedback), {"QUBLET-measures", ""}, ","};
+  FileSystem& files = *system.files;
+  Document& document = engine.document;
+  Items& items = engine.items;
+  PlaylistFiles& playlists = engine.playlist_files;
 };
 
 // Adds a folder or a playlist to an empty list.
 Run Add(const std::filesystem::path& what, int wanted) {
   return [what, wanted] {
     Program program;
-    const std::string path = program.files->FromNative(what.string());
+    const std::string path = program.files.FromNative(what.string());
     const double seconds = SecondsOf([&] { program.items.AddStuff(path, true); });
     Expect(program.document.ListView1.Count(), wanted);
     return seconds;
@@ -88,7 +83,7 @@ Contest SaveAgainstReplacing(Workplace& workplace) {
   ReplaceFile(floor_file, bytes);
   ReplaceFile(playlist, bytes);
   auto program = std::make_shared<Program>();
-  program->document.CurrentPlaylist = program->files->FromNative(playlist.string());
+  program->document.CurrentPlaylist = program->files.FromNative(playlist.string());
   program->items.AddStuff(program->document.CurrentPlaylist, true);
   const auto save = [program, playlist, bytes] {
     const double seconds = SecondsOf([&] { program->playlists.SavePlaylistFile(false, false); });

@@ -5,9 +5,9 @@
 #include <array>
 #include <stdexcept>
 
-#include "app/Main.h"
+#include "app/program.h"
+#include "engine/system.h"
 #include "full_list.h"
-#include "platform/memory_settings_store.h"
 
 namespace qublet::measures {
 namespace {
@@ -23,12 +23,6 @@ class PaintCounter : public QObject {
   }
 };
 
-class NoStartupEntries : public StartupEntries {
- public:
-  void Set(const std::string&, const std::string&) override {}
-  void Remove(const std::string&) override {}
-};
-
 // Nobody is there to answer.
 class NoDialogs : public Dialogs {
  public:
@@ -36,15 +30,6 @@ class NoDialogs : public Dialogs {
   std::optional<std::string> ShowOpen(const FileRequest&) override { return {}; }
   std::optional<std::string> ShowSave(const FileRequest&) override { return {}; }
   std::optional<std::string> BrowseForFolder(const std::string&, const std::string&, bool) override { return {}; }
-};
-
-class NoPlayer : public PlayerWindows {
- public:
-  PlayerHandle Find(const AssociatedProgram&) override { return {}; }
-  void Stop(const PlayerHandle&) override {}
-  PlayingState State(const PlayerHandle&) override { return kStopped; }
-  std::int32_t Position(const PlayerHandle&) override { return -1; }
-  void Jump(const PlayerHandle&, std::int32_t) override {}
 };
 
 // The main window on the screen, with nothing of this user's.
@@ -113,22 +98,13 @@ class Window {
     }
   }
 
-  std::unique_ptr<FileSystem> files_ = OpenFileSystem();
-  MemorySettingsStore store_;
-  NoStartupEntries startup_;
+  System system_{System::Traces::kLeavesNothing};
   NoDialogs dialogs_;
-  SystemClock clock_;
-  std::unique_ptr<Shell> shell_ = OpenShell(*files_);
-  SystemRandom random_;
-  std::unique_ptr<Collation> collation_ = OpenCollation();
-  std::unique_ptr<Associations> associations_ = OpenAssociations(*files_);
-  NoPlayer players_;
-  Document document_;
-  AppSettings settings_;
-  Main main_{document_, settings_,
-             Main::Services{*files_, store_, startup_, dialogs_, clock_, *shell_, random_, *collation_,
-                            *associations_, players_},
-             Session::Places{"QUBLET-measures", ""}};
+  WindowFeedback feedback_;
+  Program program_{system_.With(dialogs_, feedback_), feedback_, Session::Places{"QUBLET-measures", ""}};
+  Main& main_ = program_.main;
+  Document& document_ = program_.engine.document;
+  AppSettings& settings_ = program_.engine.settings;
   RowList* list_ = nullptr;
   PaintCounter painted_;
 };

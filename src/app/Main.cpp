@@ -9,13 +9,13 @@
 
 #include "app/ToolbarForm.h"
 #include "app/appearance.h"
-#include "app/command_line.h"
-#include "app/commands.h"
-#include "app/placement.h"
+#include "desk/placement.h"
+#include "engine/command_line.h"
 #include "platform/program.h"
 #include "platform/qt/pictures.h"
 #include "platform/qt/redraw.h"
 #include "playlist/list_status.h"
+#include "playlist/own_playlists.h"
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/formats.h"
 #include "settings/application.h"
@@ -29,48 +29,29 @@ constexpr int kRoomBelowMenus = 2;  // pixels
 
 }  // namespace
 
-Main::Main(Document& document, AppSettings& settings, Services services, Session::Places places)
-    : document_(document),
-      settings_(settings),
-      services_(services),
-      thousands_separator_(UserThousandsSeparator()),
-      rows_(std::make_unique<RowModel>(document.ListView1)) {
+Main::Main(Engine& engine, Commands& commands, WindowFeedback& feedback)
+    : engine_(engine), commands_(commands), feedback_(feedback), rows_(engine.document.ListView1) {
   setupUi(this);
   BuildList();
   BuildStatusBar();
-  entries_ = BuildMenus(*MainMenu, *this);
+  menus_.emplace(*MainMenu, *this, commands_);
   BuildRecentMenu();
   BuildPluginMenu();
   BuildToolbar();
-  MainView& view = *this;
-  Session::Window& window = *this;
-  feedback_ = std::make_unique<WindowFeedback>(*ListView1, Panels[3]->Text(), this);
-  items_ = std::make_unique<Items>(document_, services_.files, *feedback_, view, thousands_separator_);
-  playlist_files_ = std::make_unique<PlaylistFiles>(
-      document_, *items_, settings_,
-      PlaylistFiles::Services{services_.files, services_.dialogs, services_.clock, *feedback_}, view);
-  list_commands_ =
-      std::make_unique<ListCommands>(document_, *items_, settings_,
-                                     ListCommands::Services{services_.files, services_.dialogs, services_.shell,
-                                                            services_.random, services_.collation, *feedback_},
-                                     view);
-  play_ = std::make_unique<PlayCommands>(
-      document_, settings_, *items_,
-      PlayCommands::Services{services_.files, services_.dialogs, *feedback_, services_.shell, services_.associations,
-                             services_.players},
-      places.program_folder);
-  session_ = std::make_unique<Session>(document_, settings_, *items_, services_.files, services_.store,
-                                       services_.startup, std::move(places), window);
+  feedback_.ShowIn(*ListView1, Panels[3]->Text(), *this);
   list_events_ = std::make_unique<ListEvents>(
-      document_, *items_, services_.files, *feedback_, view,
-      ListEvents::Places{*ListView1, *entries_.value(QStringLiteral("MEdit"))->menu(), [this] { Relayout(); }});
+      engine_, feedback_, ListEvents::Places{*ListView1, menus_->Submenu("MEdit"), [this] { Relayout(); }});
+  BindOwnCommands();
   Connect();
+  engine_.Show(*this, *this);
 }
 
-Main::~Main() = default;
+Main::~Main() {
+  feedback_.ShowNowhere();
+}
 
 void Main::BuildList() {
-  ListView1->ShowRows(rows_.get());
+  ListView1->ShowRows(&rows_);
   for (int column = 0; column < kColumnCount; ++column) {
     const int width = kColumns[static_cast<std::size_t>(column)].width;
     ListView1->setColumnHidden(column, width == 0);
@@ -91,23 +72,20 @@ void Main::BuildStatusBar() {
 }
 
 void Main::BuildRecentMenu() {
-  auto* menu = MainMenu->findChild<QMenu*>(QStringLiteral("MFileRec"));
   for (std::size_t i = 0; i < MFileRecent.size(); ++i) {
     const int number = static_cast<int>(i) + 1;
-    MFileRecent[i] = menu->addAction(QString());
+    MFileRecent[i] = menus_->Submenu("MFileRec").addAction(QString());
     MFileRecent[i]->setObjectName(QStringLiteral("MFileRecent%1").arg(number));
-    connect(MFileRecent[i], &QAction::triggered, this, [this, number] {
-      if (!feedback_->Busy()) playlist_files_->MFileRecent_Click(number);
-    });
+    connect(MFileRecent[i], &QAction::triggered, this,
+            [this, number] { commands_.Run([this, number] { engine_.playlist_files.MFileRecent_Click(number); }); });
   }
   RefreshRecentMenu();
 }
 
 // Until a plug-in is known, the last entry says so and the others are hidden.
 void Main::BuildPluginMenu() {
-  auto* menu = MainMenu->findChild<QMenu*>(QStringLiteral("MToolsPlugins"));
   for (int number = 1; number <= kPluginRoom; ++number) {
-    QAction* entry = menu->addAction(tr("None Loaded..."));
+    QAction* entry = menus_->Submenu("MToolsPlugins").addAction(tr("None Loaded..."));
     entry->setObjectName(QStringLiteral("plug%1").arg(number));
     entry->setEnabled(false);
     entry->setVisible(number == kPluginRoom);
@@ -115,59 +93,75 @@ void Main::BuildPluginMenu() {
 }
 
 void Main::BuildToolbar() {
-  Toolbar1 = new Toolbar(this);
+  Toolbar1 = new Toolbar(commands_, this);
   // The bars are shown and hidden by the View menu; the toolkit's own menu for that would be a second one.
   setContextMenuPolicy(Qt::NoContextMenu);
-  connect(Toolbar1, &Toolbar::commandWanted, this,
-          [this](const char* command) { Toolbar1_ButtonClick(CommandNamed(command)); });
+  connect(Toolbar1, &Toolbar::commandWanted, this, &Main::Toolbar1_ButtonClick);
   connect(Toolbar1, &Toolbar::customiseWanted, this, &Main::Toolbar1_Customise);
   connect(new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_T), this), &QShortcut::activated, this,
           &Main::Toolbar1_Customise);
-  connect(Toolbar1, &Toolbar::menuWanted, this,
-          [this](QPoint point) { entries_.value(QStringLiteral("MHidOption"))->menu()->popup(point); });
+  connect(Toolbar1, &Toolbar::menuWanted, this, [this](QPoint point) { menus_->Submenu("MHidOption").popup(point); });
+}
+
+// What is about the window itself; tools bind the rest.
+void Main::BindOwnCommands() {
+  commands_.Bind("MFileExit", [this] { Form_Unload(); });
+  commands_.Bind("MViewToolbar", [this] {
+    engine_.settings.TA = !engine_.settings.TA;
+    ShowBars();
+  });
+  commands_.Bind("MViewStatusBar", [this] {
+    engine_.settings.SA = !engine_.settings.SA;
+    ShowBars();
+  });
 }
 
 void Main::Connect() {
-  connect(ListView1, &RowList::rowsSelected, this, [this] { ListView1_Click(); });
+  connect(ListView1, &RowList::rowsSelected, this, [this] { Refresh(); });
   connect(ListView1, &RowList::keyPressed, this, &Main::ListView1_KeyDown);
-  connect(ListView1, &RowList::doubleClickedAnywhere, this, [this] { play_->PlayDoubleClicked(); });
-  connect(ListView1->header(), &QHeaderView::sectionClicked, this,
-          [this](int section) { list_commands_->ListView1_ColumnClick(section + 1); });
+  connect(ListView1, &RowList::doubleClickedAnywhere, this, &Main::ListView1_DblClick);
+  connect(ListView1->header(), &QHeaderView::sectionClicked, this, [this](int section) {
+    commands_.Run([this, section] { engine_.list_commands.ListView1_ColumnClick(section + 1); });
+  });
 }
 
 void Main::Load(const std::string& command_line, QWidget* splash) {
-  document_.Dropping = false;
-  ListView1_Click();
-  items_->MEditSelNone_Click();
+  engine_.session.Begin();
+  Refresh();
+  engine_.items.MEditSelNone_Click();
   ShowCaption();
-  if (session_->FirstStart()) {
-    session_->BeginFirstStart();
-  } else {
-    session_->SetFormState(false);
-  }
-  SetMenuBitmaps(entries_);
+  engine_.session.RestoreOrBeginAnew();
+  menus_->SetMenuBitmaps();
   DetectPlayer();
   if (splash != nullptr) splash->hide();
   QTimer::singleShot(kTipDelay, this, &Main::TipTimer_Timer);
-  MFileNew_Click();
+  engine_.playlist_files.MFileNew_Click();
   OpenCommandLine(command_line);
   RegisterAccessoryTools();
   // The update timer starts here.
-  document_.PlaylistChanged = false;
-  ListView1_Click();
+  engine_.document.PlaylistChanged = false;
+  Refresh();
+}
+
+// The player's menu is there only with a player.
+void Main::DetectPlayer() {
+  PlayerLink& player = engine_.player;
+  player.PlayerAssociated = player.DetectPlayer();
+  for (const CommandName command : {CommandName("MToolsWinamp"), CommandName("s101")})
+    (*menus_)[command].setVisible(player.PlayerAssociated);
 }
 
 void Main::OpenCommandLine(const std::string& command_line) {
   if (command_line.empty()) {
-    if (settings_.RESPLAYLIST) items_->AddStuff(session_->LastPlaylist(), false);
+    if (engine_.settings.RESPLAYLIST) engine_.items.AddStuff(LastPlaylist(engine_.program_folder), false);
     return;
   }
   switch (GetPlatformId()) {
     case 2:
-      OpenCommandLineSplit(*items_, command_line);
+      OpenCommandLineSplit(engine_.items, command_line);
       break;
     case 3:
-      OpenCommandLineQuoted(*items_, command_line);
+      OpenCommandLineQuoted(engine_.items, command_line);
       break;
     default:
       break;
@@ -177,109 +171,54 @@ void Main::OpenCommandLine(const std::string& command_line) {
 void Main::closeEvent(QCloseEvent* event) {
   // The window never closes by itself: leaving is the unload's affair.
   event->ignore();
-  if (!feedback_->Busy()) Form_Unload();
+  commands_.Run("MFileExit");
 }
 
 void Main::Form_Unload() {
-  if (!playlist_files_->PromptSaveFirst()) return;
-  session_->SetFormState(true);
+  if (!engine_.playlist_files.PromptSaveFirst()) return;
+  engine_.session.SetFormState(true);
   emit ended();
 }
 
-void Main::Run(void (Main::*handler)()) {
-  if (!feedback_->Busy()) (this->*handler)();
-}
-
-void Main::MFileNew_Click() {
-  playlist_files_->MFileNew_Click();
-}
-void Main::MFileOpen_Click() {
-  playlist_files_->MFileOpen_Click();
-}
-void Main::MFileImport_Click() {
-  playlist_files_->OpenPlaylistFile(true);
-}
-void Main::MFileSave_Click() {
-  playlist_files_->SavePlaylistFile(false, false);
-}
-void Main::MFileSaveAs_Click() {
-  playlist_files_->SavePlaylistFile(true, false);
-}
-void Main::MFileSaveRel_Click() {
-  playlist_files_->SavePlaylistFile(true, true);
-}
-void Main::MFileExit_Click() {
-  Form_Unload();
-}
-void Main::MEditAddDir_Click() {
-  const std::optional<std::string> path =
-      services_.dialogs.BrowseForFolder("Select Folder...", document_.WorkFolder, true);
-  if (path) {
-    document_.WorkFolder = *path;
-    items_->AddStuff(*path, true);
-  }
-  ListView1_Click();
-}
-
-void Main::MViewToolbar_Click() {
-  settings_.TA = !settings_.TA;
-  ShowBars();
-}
-
-void Main::MViewStatusBar_Click() {
-  settings_.SA = !settings_.SA;
-  ShowBars();
-}
-
 // The buttons are always enabled; one whose tool isn't there says so.
-void Main::Toolbar1_ButtonClick(const Command& command) {
-  const bool saves = command.handler == &Main::MFileSave_Click;
-  if (saves && settings_.SActi) {
-    Run(&Main::MFileSaveRel_Click);
-  } else if (command.handler != nullptr) {
-    Run(command.handler);
+void Main::Toolbar1_ButtonClick(CommandName command) {
+  if (command == CommandName("MFileSave") && engine_.settings.SActi) {
+    commands_.Run("MFileSaveRel");
+  } else if (commands_.IsBound(command)) {
+    commands_.Run(command);
   } else {
-    QToolTip::showText(QCursor::pos(), QString::fromUtf8(command.tip), Toolbar1);
+    QToolTip::showText(QCursor::pos(), (*menus_)[command].statusTip(), Toolbar1);
   }
 }
 
 void Main::Toolbar1_Customise() {
   ToolbarForm form(Toolbar1->Layout(), this);
-  PositionForm(form);
+  PositionForm(*this, form);
   if (form.exec() != QDialog::Accepted) return;
   Toolbar1->ShowLayout(form.Layout());
-  session_->Keep(kToolbarLayout, LayoutText(form.Layout()));
-}
-
-void Main::PositionForm(QWidget& frm) const {
-  const QSize frame = frameGeometry().size() - size();
-  const QRect screen = this->screen()->geometry();
-  frm.move(PlaceBeside(frameGeometry(), frm.size() + frame, screen, frm.pos()));
+  engine_.session.Keep(kToolbarLayout, LayoutText(form.Layout()));
 }
 
 void Main::TipTimer_Timer() {
-  const std::string wanted = session_->Kept(kShowTips);
-  const Command& tips = CommandNamed("MHelpTip");
-  if ((wanted.empty() || wanted == "1") && tips.handler != nullptr) Run(tips.handler);
-}
-
-void Main::MViewDetails_Click() {
-  play_->ShowProperties(this, thousands_separator_, [this](QWidget& frm) { PositionForm(frm); });
-}
-
-void Main::MViewRefresh_Click() {
-  items_->MViewRefresh_Click();
+  const std::string wanted = engine_.session.Kept(kShowTips);
+  if (wanted.empty() || wanted == "1") commands_.Run("MHelpTip");
 }
 
 void Main::ListView1_KeyDown(int key) {
-  if (key == Qt::Key_Insert) MEditAddDir_Click();
-  if (key == Qt::Key_Delete) MEditRemove_Click();
-  if (key == Qt::Key_Return || key == Qt::Key_Enter) MEditPlaySel_Click();
+  if (key == Qt::Key_Insert) commands_.Run("MEditAddDir");
+  if (key == Qt::Key_Delete) commands_.Run("MEditRemove");
+  if (key == Qt::Key_Return || key == Qt::Key_Enter) commands_.Run("MEditPlaySel");
+}
+
+// What it plays, the user has chosen.
+void Main::ListView1_DblClick() {
+  commands_.Run(engine_.settings.DBLCLKACTN ? CommandName("MEditPlaySel") : CommandName("MEditPlayLoc"));
 }
 
 void Main::ListView1_Click() {
   const LockRedraw lock(*this);
-  const ListStatus status = WorkOutStatus(document_.ListView1, services_.files, settings_, thousands_separator_);
+  const ListStatus status = WorkOutStatus(engine_.document.ListView1, engine_.services.files, engine_.settings,
+                                          engine_.thousands_separator);
   for (std::size_t i = 0; i < status.panels.size(); ++i) {
     Panels[i]->ShowText(QString::fromStdString(status.panels[i]));
     if (!status.warnings[i]) continue;
@@ -289,18 +228,16 @@ void Main::ListView1_Click() {
       Panels[i]->ClearPicture();
     }
   }
-  for (const CommandState& command : status.commands) {
-    if (QAction* entry = entries_.value(QString::fromUtf8(command.name))) EnableEntry(*entry, command.enabled);
-  }
+  menus_->ShowState(status.facts);
 }
 
 void Main::ShowCaption() {
-  setWindowTitle(QString::fromStdString(CaptionText(AppTitle(), document_.CurrentPlaylist)));
+  setWindowTitle(QString::fromStdString(CaptionText(AppTitle(), engine_.document.CurrentPlaylist)));
 }
 
 void Main::RefreshRecentMenu() {
-  const Collection captions = RecentCaptions(document_.RecentFiles, settings_);
-  MainMenu->findChild<QMenu*>(QStringLiteral("MFileRec"))->setEnabled(!captions.empty());
+  const Collection captions = RecentCaptions(engine_.document.RecentFiles, engine_.settings);
+  menus_->Submenu("MFileRec").setEnabled(!captions.empty());
   for (std::size_t i = 0; i < MFileRecent.size(); ++i) {
     const bool used = i < captions.size();
     // An ampersand in a name is no mark for a key.
@@ -311,26 +248,26 @@ void Main::RefreshRecentMenu() {
 }
 
 void Main::ApplyQUBLETSettings() {
-  Toolbar1->ShowLayout(LayoutFromText(session_->Kept(kToolbarLayout)));
-  Toolbar1->SetLook(settings_.Flat, settings_.ThreeD);
-  for (QAction* menu : MainMenu->actions()) menu->setVisible(settings_.Visible);
+  Toolbar1->ShowLayout(LayoutFromText(engine_.session.Kept(kToolbarLayout)));
+  Toolbar1->SetLook(engine_.settings.Flat, engine_.settings.ThreeD);
+  for (QAction* menu : MainMenu->actions()) menu->setVisible(engine_.settings.Visible);
   ShowBars();
-  addToolBar(settings_.Align == 1 ? Qt::TopToolBarArea : Qt::BottomToolBarArea, Toolbar1);
-  ApplyListLook(settings_, *ListView1);
-  ApplyPlace(settings_, *this);
+  addToolBar(engine_.settings.Align == 1 ? Qt::TopToolBarArea : Qt::BottomToolBarArea, Toolbar1);
+  ApplyListLook(engine_.settings, *ListView1);
+  ApplyPlace(engine_.settings, *this);
 }
 
 void Main::ShowBars() {
-  Toolbar1->setVisible(settings_.TA);
-  StatusBar1->setVisible(settings_.SA);
-  entries_.value(QStringLiteral("MViewToolbar"))->setChecked(settings_.TA);
-  entries_.value(QStringLiteral("MViewStatusBar"))->setChecked(settings_.SA);
+  Toolbar1->setVisible(engine_.settings.TA);
+  StatusBar1->setVisible(engine_.settings.SA);
+  (*menus_)["MViewToolbar"].setChecked(engine_.settings.TA);
+  (*menus_)["MViewStatusBar"].setChecked(engine_.settings.SA);
   Relayout();
 }
 
 // The bars are laid out by the toolkit; the list keeps a little room below the menus where no toolbar stands.
 void Main::Relayout() {
-  const bool below_toolbar = settings_.TA && settings_.Align == 1;
+  const bool below_toolbar = engine_.settings.TA && engine_.settings.Align == 1;
   ClientLayout->setContentsMargins(0, below_toolbar ? 0 : kRoomBelowMenus, 0, 0);
 }
 

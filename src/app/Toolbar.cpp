@@ -8,12 +8,11 @@
 #include <QPainter>
 #include <QToolButton>
 
-#include "app/commands.h"
 #include "platform/qt/pictures.h"
 
 namespace qublet {
 
-Toolbar::Toolbar(QWidget* window) : QToolBar(window) {
+Toolbar::Toolbar(const Commands& commands, QWidget* window) : QToolBar(window), commands_(commands) {
   setObjectName(QStringLiteral("Toolbar1"));
   setWindowTitle(tr("Toolbar"));
   setAccessibleName(windowTitle());
@@ -29,10 +28,10 @@ QAction* Toolbar::MakeButton(const ToolButton& button) {
   auto* action = new QAction(Picture(QString::fromUtf8(button.picture)), QString::fromUtf8(button.key), this);
   action->setObjectName(QStringLiteral("Toolbar1 %1").arg(QString::fromUtf8(button.key)));
   action->setToolTip(QString::fromUtf8(button.tip));
-  if (*button.command == '\0') {
-    action->setMenu(MakeDropDown());
+  if (button.command) {
+    connect(action, &QAction::triggered, this, [this, command = *button.command] { emit commandWanted(command); });
   } else {
-    connect(action, &QAction::triggered, this, [this, &button] { emit commandWanted(button.command); });
+    action->setMenu(MakeDropDown());
   }
   return action;
 }
@@ -41,12 +40,13 @@ QMenu* Toolbar::MakeDropDown() {
   auto* menu = new QMenu(this);
   menu->setObjectName(QStringLiteral("Toolbar1 Menu"));
   for (const ToolEntry& entry : kToolsDropDown) {
-    const Command& command = CommandNamed(entry.command);
+    const MenuRow& row = entry.command.Row();
     QAction* action = menu->addAction(QString::fromUtf8(entry.caption));
-    action->setObjectName(QStringLiteral("Toolbar1 %1").arg(QString::fromUtf8(entry.command)));
-    action->setStatusTip(QString::fromUtf8(command.tip));
-    action->setEnabled(command.handler != nullptr);
+    action->setObjectName(QStringLiteral("Toolbar1 %1").arg(QString::fromUtf8(row.name.data())));
+    action->setStatusTip(QString::fromUtf8(row.tip));
     connect(action, &QAction::triggered, this, [this, &entry] { emit commandWanted(entry.command); });
+    connect(menu, &QMenu::aboutToShow, action,
+            [this, action, &entry] { action->setEnabled(commands_.IsBound(entry.command)); });
   }
   return menu;
 }

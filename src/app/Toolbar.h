@@ -12,7 +12,8 @@ class Toolbar : public QToolBar {
   Q_OBJECT
 
  public:
-  explicit Toolbar(QWidget* window);
+  // `commands` says which entries of the drop-down are there.
+  Toolbar(const Commands& commands, QWidget* window);
 
   // Flat or raised buttons; with a frame that gives depth, or without.
   void SetLook(bool flat, bool three_d);
@@ -22,7 +23,7 @@ class Toolbar : public QToolBar {
 
  signals:
   // A button that stands for a menu entry was pressed, or that entry of the drop-down was chosen.
-  void commandWanted(const char* command);
+  void commandWanted(qublet::CommandName command);
   // A double click beside the buttons.
   void customiseWanted();
   // The right button was released at a point of the screen.
@@ -40,6 +41,7 @@ class Toolbar : public QToolBar {
   QMenu* MakeDropDown();
   void RaiseButtons();
 
+  const Commands& commands_;
   std::map<int, QAction*> buttons_;  // by index; the gaps are made anew with each layout
   ToolbarLayout layout_;
   bool flat_ = true;

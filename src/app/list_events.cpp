@@ -9,14 +9,8 @@
 
 namespace qublet {
 
-ListEvents::ListEvents(Document& document, Items& items, const FileSystem& files, WindowFeedback& feedback,
-                       MainView& view, Places places)
-    : document_(document),
-      items_(items),
-      files_(files),
-      feedback_(feedback),
-      view_(view),
-      places_(std::move(places)) {
+ListEvents::ListEvents(Engine& engine, WindowFeedback& feedback, Places places)
+    : engine_(engine), feedback_(feedback), places_(std::move(places)) {
   RowList* list = &places_.ListView1;
   connect(list, &RowList::mousePressed, this, &ListEvents::ListView1_MouseDown);
   connect(list, &RowList::mouseMoved, this, &ListEvents::ListView1_MouseMove);
@@ -31,25 +25,25 @@ void ListEvents::ListView1_MouseMove(QPoint point, Qt::MouseButtons held) {
     MoveAnchorRow = kIdle;
     return;
   }
-  const RowStore& rows = document_.ListView1;
+  const RowStore& rows = engine_.document.ListView1;
   const int row = places_.ListView1.GetRowAtPoint(point.y()) + 1;
   if (row > rows.Count()) return;
   if (MoveAnchorRow == kIdle) MoveAnchorRow = static_cast<std::int16_t>(row);
   const int way = row - MoveAnchorRow;
   if (way >= 1 && !rows.At(rows.Count()).selected) {
     RowsWereDragged |= rows.SelectedCount() > 0;
-    MoveRowsDown(document_);
+    MoveRowsDown(engine_.document);
     ++MoveAnchorRow;
   }
   if (way < 0 && !rows.At(1).selected) {
     RowsWereDragged |= rows.SelectedCount() > 0;
-    MoveRowsUp(document_);
+    MoveRowsUp(engine_.document);
     --MoveAnchorRow;
   }
 }
 
 void ListEvents::ListView1_MouseUp(QPoint point, Qt::MouseButton button) {
-  view_.ListView1_Click();
+  engine_.view.Refresh();
   if (button == Qt::RightButton && !RowsWereDragged) PopUpMenu(point);
   MoveAnchorRow = kIdle;
 }
@@ -60,13 +54,13 @@ void ListEvents::PopUpMenu(QPoint point) {
 
 std::unique_ptr<QMimeData> ListEvents::SelectedFiles() {
   const WaitCursor wait(feedback_);
-  DestroyFileArray(document_);
-  items_.SaveFileArrayFromList(false);
+  DestroyFileArray(engine_.document);
+  engine_.items.SaveFileArrayFromList(false);
   QList<QUrl> addresses;
-  for (const std::string& path : document_.FileArray) {
+  for (const std::string& path : engine_.document.FileArray) {
     // A row without a place on this system (its drive is gone) has no address to be taken along by.
     ResumeNext([&] {
-      const QUrl address = FileUrl(files_.ToNative(path));
+      const QUrl address = FileUrl(engine_.services.files.ToNative(path));
       if (address.path().startsWith(u'/')) addresses << address;
     });
   }
@@ -89,22 +83,20 @@ void ListEvents::ListView1_StartDrag() {
 
 void ListEvents::ListView1_FilesDropped(const std::vector<std::string>& native_paths, QPoint point) {
   if (DragSourceActive || feedback_.Busy()) return;
-  document_.Dropping = true;
   {
+    const RefreshOnce refresh(engine_.view);
     const WaitCursor wait(feedback_);
-    const RowStore::Bulk bulk(document_.ListView1);
+    const RowStore::Bulk bulk(engine_.document.ListView1);
     // Going backwards with one insertion point keeps the order of the names.
     const int at = places_.ListView1.GetRowAtPoint(point.y()) + 1;
     for (auto path = native_paths.crbegin(); path != native_paths.crend(); ++path) {
       ResumeNext([&] {
         int InsertPoint = at;
-        items_.AddStuff(files_.FromNative(*path), true, InsertPoint);
+        engine_.items.AddStuff(engine_.services.files.FromNative(*path), true, InsertPoint);
       });
       feedback_.LetRepaint();
     }
   }
-  document_.Dropping = false;
-  view_.ListView1_Click();
   places_.resize();
 }
 

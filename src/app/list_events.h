@@ -6,11 +6,8 @@
 #include <functional>
 #include <memory>
 
-#include "app/window_feedback.h"
-#include "platform/file_system.h"
-#include "playlist/document.h"
-#include "playlist/items.h"
-#include "playlist/main_view.h"
+#include "desk/window_feedback.h"
+#include "engine/engine.h"
 #include "playlist/ui/row_list.h"
 
 namespace qublet {
@@ -25,8 +22,7 @@ class ListEvents : public QObject {
     std::function<void()> resize;
   };
 
-  ListEvents(Document& document, Items& items, const FileSystem& files, WindowFeedback& feedback, MainView& view,
-             Places places);
+  ListEvents(Engine& engine, WindowFeedback& feedback, Places places);
 
  private:
   void ListView1_MouseDown() { RowsWereDragged = false; }
@@ -37,11 +33,8 @@ class ListEvents : public QObject {
   void PopUpMenu(QPoint point);
   std::unique_ptr<QMimeData> SelectedFiles();
 
-  Document& document_;
-  Items& items_;
-  const FileSystem& files_;
+  Engine& engine_;
   WindowFeedback& feedback_;
-  MainView& view_;
   Places places_;
 
   // From the start of a drag out of the list to its end; the list takes no drop of its own rows.

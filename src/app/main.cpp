@@ -5,11 +5,10 @@
 #include <clocale>
 #include <cstdio>
 
-#include "app/Main.h"
 #include "app/SplashFrm.h"
-#include "app/command_line.h"
-#include "platform/memory_settings_store.h"
-#include "platform/program.h"
+#include "app/program.h"
+#include "engine/command_line.h"
+#include "engine/system.h"
 #include "platform/qt/pictures.h"
 #include "platform/qt/qt_dialogs.h"
 #include "playlist/paths/folder_walk.h"
@@ -18,77 +17,49 @@
 namespace qublet {
 namespace {
 
-// Everything that lives as long as the program.
-struct House {
-  std::unique_ptr<FileSystem> files = OpenFileSystem();
-  std::unique_ptr<SettingsStore> store;
-  std::unique_ptr<StartupEntries> startup;
-  SystemClock clock;
-  SystemRandom random;
-  std::unique_ptr<Collation> collation = OpenCollation();
-  std::unique_ptr<Shell> shell = OpenShell(*files);
-  std::unique_ptr<Associations> associations = OpenAssociations(*files);
-  std::unique_ptr<PlayerWindows> players = OpenPlayerWindows();
-  Document document;
-  AppSettings settings;
-  std::unique_ptr<QtDialogs> dialogs;
-  std::unique_ptr<Main> main;
-};
-
-Session::Places FindPlaces(const FileSystem& files) {
-  Session::Places places{AppKey(), ""};
-  ResumeNext([&] { places.program_folder = ProgramFolder(files); });
-  return places;
-}
-
 QStringList AudioPatterns() {
   QStringList patterns{QStringLiteral("*.m3u"), QStringLiteral("*.m3u8"), QStringLiteral("*.bm")};
   for (const std::string& filter : FileFilters()) patterns << QString::fromStdString(filter);
   return patterns;
 }
 
-void MakeMain(House& house, Session::Places places) {
-  house.dialogs =
-      std::make_unique<QtDialogs>(nullptr, *house.files, QString::fromStdString(AppTitle()), AudioPatterns());
-  const Main::Services services{*house.files, *house.store, *house.startup,   *house.dialogs,      house.clock,
-                                *house.shell, house.random, *house.collation, *house.associations, *house.players};
-  house.main = std::make_unique<Main>(house.document, house.settings, services, std::move(places));
-  house.dialogs->SetOwner(house.main.get());
-  QObject::connect(house.main.get(), &Main::ended, qApp, [] { QCoreApplication::exit(0); });
-}
+// The program on this machine.
+struct House {
+  House(const System& system, const Session::Places& places)
+      : dialogs(nullptr, *system.files, QString::fromStdString(AppTitle()), AudioPatterns()),
+        program(system.With(dialogs, feedback), feedback, places) {
+    dialogs.SetOwner(&program.main);
+    QObject::connect(&program.main, &Main::ended, qApp, [] { QCoreApplication::exit(0); });
+  }
 
-// No entry is made or removed: for a run that must leave nothing behind.
-class NoStartupEntries : public StartupEntries {
- public:
-  void Set(const std::string&, const std::string&) override {}
-  void Remove(const std::string&) override {}
+  QtDialogs dialogs;
+  WindowFeedback feedback;
+  Program program;
 };
 
 // Renders the window with the given paths loaded into a picture, and ends. Nothing of this user's is touched or
 // shown.
-int TakeScreenshot(House& house, const QString& picture, const std::string& command_line) {
-  house.store = std::make_unique<MemorySettingsStore>();
-  house.startup = std::make_unique<NoStartupEntries>();
-  MakeMain(house, {AppKey(), ""});
-  house.main->Load(command_line, nullptr);
-  house.main->resize(1180, 560);
-  house.main->show();
+int TakeScreenshot(const System& system, const QString& picture, const std::string& command_line) {
+  House house(system, {AppKey(), ""});
+  Main& main = house.program.main;
+  main.Load(command_line, nullptr);
+  main.resize(1180, 560);
+  main.show();
   QCoreApplication::processEvents();
-  if (house.main->grab().save(picture, "PNG")) return 0;
+  if (main.grab().save(picture, "PNG")) return 0;
   std::fprintf(stderr, "QUBLET20: can't write %s\n", qPrintable(picture));
   return 1;
 }
 
-int Start(House& house, QApplication& application, const std::string& command_line) {
-  house.store = OpenSettingsStore();
-  house.startup = OpenStartupEntries(*house.files);
+int Start(const System& system, QApplication& application, const std::string& command_line) {
+  std::unique_ptr<House> house;
   SplashFrm splash([&](QWidget& window) {
-    house.main->Load(command_line, &window);
-    house.main->show();
+    house->program.main.Load(command_line, &window);
+    house->program.main.show();
   });
   // The splash window stands for a while by design; the main window is made meanwhile.
   splash.Begin();
-  MakeMain(house, FindPlaces(*house.files));
+  house = std::make_unique<House>(system, system.FindPlaces());
   return application.exec();
 }
 
@@ -111,10 +82,11 @@ int Run(QApplication& application) {
   // A playlist changes the current folder when it is read.
   const QString picture = QFileInfo(parser.value(screenshot)).absoluteFilePath();
 
-  House house;
-  const std::string command_line = CommandLineText(*house.files, ToStrings(parser.positionalArguments()));
-  if (parser.isSet(screenshot)) return TakeScreenshot(house, picture, command_line);
-  return Start(house, application, command_line);
+  const bool pictured = parser.isSet(screenshot);
+  const System system(pictured ? System::Traces::kLeavesNothing : System::Traces::kThisUsers);
+  const std::string command_line = CommandLineText(*system.files, ToStrings(parser.positionalArguments()));
+  if (pictured) return TakeScreenshot(system, picture, command_line);
+  return Start(system, application, command_line);
 }
 
 }  // namespace

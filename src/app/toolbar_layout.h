@@ -1,9 +1,12 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "desk/commands.h"
 
 namespace qublet {
 
@@ -11,7 +14,7 @@ struct ToolButton {
   const char* key;  // "Separator" for a gap
   const char* tip = "";
   const char* picture = "";
-  const char* command = "";  // the menu entry that it stands for; "" opens the drop-down
+  std::optional<CommandName> command = {};  // the menu entry that it stands for; nothing: it opens the drop-down
 
   bool IsSeparator() const { return *tip == '\0'; }
 };
@@ -22,7 +25,7 @@ extern const std::array<ToolButton, 19> kToolButtons;
 // An entry of the drop-down: its caption there, and the menu entry that it stands for.
 struct ToolEntry {
   const char* caption;
-  const char* command;
+  CommandName command;
 };
 extern const std::array<ToolEntry, 6> kToolsDropDown;
 

@@ -4,7 +4,6 @@
 #include <ostream>
 
 #include "platform/drive_form.h"
-#include "platform/program.h"
 #include "playlist/paths/text.h"
 
 namespace qublet {
@@ -29,12 +28,6 @@ std::string UnknownOption(Arguments& arguments) {
 std::string PathFromArgument(const FileSystem& files, const std::string& argument) {
   const bool drive_form = HasDrive(argument) && (argument.size() == 2 || argument[2] == '\\');
   return drive_form ? ReplaceAll(argument, "/", "\\") : files.FromNative(argument);
-}
-
-std::string OwnFolder(const FileSystem& files) {
-  std::string folder;
-  ResumeNext([&] { folder = ProgramFolder(files); });
-  return folder;
 }
 
 bool OnlyPaths(CommandContext& context, const std::string& command) {

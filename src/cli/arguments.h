@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/file_system.h"
-#include "platform/settings_store.h"
+#include "cli/printed_dialogs.h"
+#include "engine/engine.h"
 
 namespace qublet {
 
@@ -14,9 +14,11 @@ enum ExitCode : int { kDone = 0, kCouldNot = 1, kWrongUse = 2 };
 
 using Arguments = std::vector<std::string>;
 
-// What every command works with: its arguments (without the command's own name), the system, where it prints.
+// What every command works with: its arguments (without the command's own name), the program, where it prints.
 struct CommandContext {
   Arguments arguments;
+  Engine& engine;
+  PrintedDialogs& dialogs;  // those of the engine
   FileSystem& files;
   SettingsStore& store;
   std::ostream& out;
@@ -31,9 +33,6 @@ std::string UnknownOption(Arguments& arguments);
 // A path as people type it, native or in drive form ("c:\music"), in drive form. Throws Failure when no drive leads
 // there.
 std::string PathFromArgument(const FileSystem& files, const std::string& argument);
-
-// The folder for the program's own files; "" for a user who has no place for them.
-std::string OwnFolder(const FileSystem& files);
 
 // True when there is at least one path and no unknown option; wrong use is told.
 bool OnlyPaths(CommandContext& context, const std::string& command);

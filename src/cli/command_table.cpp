@@ -51,7 +51,7 @@ void PrintHelp(std::ostream& out) {
 
 }  // namespace
 
-int RunCommand(const Arguments& arguments, FileSystem& files, SettingsStore& store, std::ostream& out,
+int RunCommand(const Arguments& arguments, Engine& engine, PrintedDialogs& dialogs, std::ostream& out,
                std::ostream& err) {
   if (arguments.empty()) return Complain(err, "a command is wanted; see 'qublet help'", kWrongUse);
   const std::string& name = arguments.front();
@@ -69,7 +69,13 @@ int RunCommand(const Arguments& arguments, FileSystem& files, SettingsStore& sto
   if (command == kCliCommands.end()) {
     return Complain(err, "no such command: " + name + "; see 'qublet help'", kWrongUse);
   }
-  CommandContext context{{arguments.begin() + 1, arguments.end()}, files, store, out, err};
+  CommandContext context{{arguments.begin() + 1, arguments.end()},
+                         engine,
+                         dialogs,
+                         engine.services.files,
+                         engine.services.store,
+                         out,
+                         err};
   return command->run(context);
 }
 

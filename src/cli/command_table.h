@@ -7,7 +7,8 @@
 namespace qublet {
 
 // Runs what the arguments of the program ask for (its own name left out) and gives the exit code.
-int RunCommand(const Arguments& arguments, FileSystem& files, SettingsStore& store, std::ostream& out,
+// `dialogs` are those of the engine.
+int RunCommand(const Arguments& arguments, Engine& engine, PrintedDialogs& dialogs, std::ostream& out,
                std::ostream& err);
 
 }  // namespace qublet

@@ -4,7 +4,6 @@
 #include <ostream>
 
 #include "cli/json_text.h"
-#include "playlist/items.h"
 #include "playlist/paths/file_details.h"
 
 namespace qublet {
@@ -42,14 +41,12 @@ void PrintJson(const RowStore& rows, std::ostream& out) {
 }
 
 // Adds what one path holds; gives what there is to complain of, "" for nothing.
-std::string AddPath(Document& document, FileSystem& files, const std::string& path, const std::string& typed) {
-  Feedback feedback;
-  MainView view;
-  Items items(document, files, feedback, view, ",");
+std::string AddPath(Engine& engine, const std::string& path, const std::string& typed) {
+  Document& document = engine.document;
   const RowStore& rows = document.ListView1;
   const int before = rows.Count();
   DestroyFileArray(document);
-  const bool added = items.AddStuff(path, false);
+  const bool added = engine.items.AddStuff(path, false);
   const bool all_of_it = document.FileArray.size() <= static_cast<std::size_t>(rows.Count() - before);
   if (added && all_of_it) return "";
   if (rows.Count() < RowStore::MaxRows) return "nothing to list in: " + typed;
@@ -58,7 +55,7 @@ std::string AddPath(Document& document, FileSystem& files, const std::string& pa
 
 }  // namespace
 
-bool AddPaths(Document& document, CommandContext& context, const Arguments& paths) {
+bool AddPaths(CommandContext& context, const Arguments& paths) {
   // Playlists change the current folder: what the user typed counts from the folder of the start.
   Collection absolute;
   bool all_there = true;
@@ -74,7 +71,7 @@ bool AddPaths(Document& document, CommandContext& context, const Arguments& path
   }
   for (std::size_t i = 0; i < absolute.size(); ++i) {
     if (absolute[i].empty()) continue;
-    const std::string complaint = AddPath(document, context.files, absolute[i], paths[i]);
+    const std::string complaint = AddPath(context.engine, absolute[i], paths[i]);
     if (complaint.empty()) continue;
     Complain(context.err, complaint, kCouldNot);
     all_there = false;
@@ -88,9 +85,9 @@ int ListCommand(CommandContext& context) {
   if (!unknown.empty()) return Complain(context.err, "list: unknown option " + unknown, kWrongUse);
   if (context.arguments.empty()) return Complain(context.err, "list: a path is wanted", kWrongUse);
 
-  Document document;
-  const bool all_there = AddPaths(document, context, context.arguments);
-  json ? PrintJson(document.ListView1, context.out) : PrintTable(document.ListView1, context.out);
+  const bool all_there = AddPaths(context, context.arguments);
+  const RowStore& rows = context.engine.document.ListView1;
+  json ? PrintJson(rows, context.out) : PrintTable(rows, context.out);
   return all_there ? kDone : kCouldNot;
 }
 

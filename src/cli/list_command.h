@@ -1,13 +1,12 @@
 #pragma once
 
 #include "cli/arguments.h"
-#include "playlist/document.h"
 
 namespace qublet {
 
-// Adds what the arguments name to the document, as a drop on the list would. False when a path isn't there, holds
+// Adds what the arguments name to the list, as a drop on the list would. False when a path isn't there, holds
 // nothing for the list or more than it has room for: each is told to `err`, the others are added all the same.
-bool AddPaths(Document& document, CommandContext& context, const Arguments& paths);
+bool AddPaths(CommandContext& context, const Arguments& paths);
 
 // "list [--json] PATH...": the rows, tab-separated below a line of the column texts, or one JSON object a line.
 int ListCommand(CommandContext& context);

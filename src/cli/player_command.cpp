@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <ostream>
 
-#include "player/player_link.h"
+#include "playlist/own_playlists.h"
 #include "playlist/paths/numbers.h"
 
 namespace qublet {
@@ -34,8 +34,7 @@ std::optional<std::int32_t> TimeFrom(const std::string& text) {
 
 }  // namespace
 
-int SteerPlayer(CommandContext& context, const Associations& associations, PlayerWindows& players,
-                const std::string& program_folder) {
+int PlayerCommand(CommandContext& context) {
   const Arguments& arguments = context.arguments;
   const std::string verb = arguments.empty() ? "status" : arguments[0];
   const bool jump = verb == "jump" && arguments.size() == 2;
@@ -44,10 +43,10 @@ int SteerPlayer(CommandContext& context, const Associations& associations, Playe
   if (!jump && !((verb == "status" || verb == "stop") && arguments.size() <= 1))
     return Complain(context.err, "player: status, stop or jump SECONDS is wanted", kWrongUse);
 
-  Document document;
-  PlayerLink link(document, {context.files, associations, players}, program_folder);
-  const std::string program = associations.FindAssociatedProgram(TempPlaylist(program_folder));
-  const PlayerHandle player = link.FindPlayerWindow();
+  Engine& engine = context.engine;
+  PlayerWindows& players = engine.services.players;
+  const std::string program = engine.services.associations.FindAssociatedProgram(TempPlaylist(engine.program_folder));
+  const PlayerHandle player = engine.player.FindPlayerWindow();
   if (player.empty()) {
     const std::string name = program.empty() ? "no program opens playlists here" : program + " doesn't run";
     return Complain(context.err, "player: " + name, kCouldNot);
@@ -55,11 +54,6 @@ int SteerPlayer(CommandContext& context, const Associations& associations, Playe
   if (verb == "status") return PrintStatus(context, program, players, player);
   jump ? players.Jump(player, *time) : players.Stop(player);
   return kDone;
-}
-
-int PlayerCommand(CommandContext& context) {
-  const auto players = OpenPlayerWindows();
-  return SteerPlayer(context, *OpenAssociations(context.files), *players, OwnFolder(context.files));
 }
 
 }  // namespace qublet

@@ -10,27 +10,22 @@
 
 namespace qublet {
 
-int PrintProperties(CommandContext& context, const Associations& associations, const std::string& program_folder) {
+int PropertiesCommand(CommandContext& context) {
   if (!OnlyPaths(context, "properties")) return kWrongUse;
-  Document document;
+  Engine& engine = context.engine;
+  Document& document = engine.document;
   if (context.arguments.size() == 1 && IsPlaylistExtension(LowerCase(GetExtension(context.arguments[0]))))
     ResumeNext([&] { document.CurrentPlaylist = PathFromArgument(context.files, context.arguments[0]); });
-  const bool all_there = AddPaths(document, context, context.arguments);
+  const bool all_there = AddPaths(context, context.arguments);
   if (document.ListView1.Count() == 0) return kCouldNot;
-  Feedback feedback;
-  MainView view;
-  Items items(document, context.files, feedback, view, ",");
-  const Statistics statistics = GatherStatistics(document, items, context.files, associations, program_folder);
-  for (const StatisticsLine& line : StatisticsLines(statistics, ",")) {
+  const Statistics statistics =
+      GatherStatistics(document, context.files, engine.services.associations, engine.program_folder);
+  for (const StatisticsLine& line : StatisticsLines(statistics, engine.thousands_separator)) {
     context.out << line.caption << "\t" << line.text << "\n";
   }
   const std::string note = StatisticsNote(statistics);
   if (!note.empty()) context.out << note << "\n";
   return all_there ? kDone : kCouldNot;
-}
-
-int PropertiesCommand(CommandContext& context) {
-  return PrintProperties(context, *OpenAssociations(context.files), OwnFolder(context.files));
 }
 
 }  // namespace qublet

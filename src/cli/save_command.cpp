@@ -2,19 +2,10 @@
 
 #include "cli/list_command.h"
 #include "playlist/m3u_lines.h"
-#include "playlist/paths/file_details.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
 
 namespace qublet {
-namespace {
-
-bool IsPlaylistName(const std::string& path) {
-  const std::string extension = LowerCase(GetExtension(GetFileName(path)));
-  return extension == ".m3u" || extension == ".m3u8";
-}
-
-}  // namespace
 
 int SaveCommand(CommandContext& context) {
   Arguments& arguments = context.arguments;
@@ -23,28 +14,24 @@ int SaveCommand(CommandContext& context) {
   const std::string unknown = UnknownOption(arguments);
   if (!unknown.empty()) return Complain(context.err, "save: unknown option " + unknown, kWrongUse);
   if (arguments.size() < 2) return Complain(context.err, "save: a playlist and a path are wanted", kWrongUse);
-  if (!IsPlaylistName(arguments[0])) {
+  if (!IsPlaylistExtension(LowerCase(GetExtension(GetFileName(arguments[0]))))) {
     return Complain(context.err, "save: the playlist's name must end in .m3u or .m3u8", kWrongUse);
   }
 
   std::string target;
-  FileDetails details;
   if (!Guarded([&] { target = PathFromArgument(context.files, arguments[0]); })) {
     return Complain(context.err, "no drive leads to: " + arguments[0], kCouldNot);
   }
-  GetFileDetails(context.files, target, details);
-  if (details.Exists && !replace) {
+  PlaylistFiles& playlists = context.engine.playlist_files;
+  if (!replace && playlists.CheckExists(target)) {
     return Complain(context.err, arguments[0] + " exists; --replace replaces it", kCouldNot);
   }
-
-  Document document;
-  if (!AddPaths(document, context, {arguments.begin() + 1, arguments.end()})) return kCouldNot;
-  Collection lines;
-  for (int i = 1; i <= document.ListView1.Count(); ++i) lines.push_back(document.ListView1.At(i).FullPath());
-  if (!WritePlaylistLines(context.files, details.Path, lines, relative)) {
-    return Complain(context.err, "Unable to write to the specified file.", kCouldNot);
-  }
-  return kDone;
+  if (!AddPaths(context, {arguments.begin() + 1, arguments.end()})) return kCouldNot;
+  const auto form = relative ? PlaylistFiles::LineForm::kRelative : PlaylistFiles::LineForm::kFull;
+  context.dialogs.agrees = replace;
+  if (playlists.SaveTo(target, form)) return kDone;
+  if (!context.dialogs.said_something) Complain(context.err, "Unable to write to the specified file.", kCouldNot);
+  return kCouldNot;
 }
 
 }  // namespace qublet

@@ -64,7 +64,10 @@ int Set(SettingsStore& store, const Setting& setting, std::ostream& err) {
 }  // namespace
 
 int SettingsCommand(CommandContext& context) {
-  const auto& [arguments, files, store, out, err] = context;
+  const Arguments& arguments = context.arguments;
+  SettingsStore& store = context.store;
+  std::ostream& out = context.out;
+  std::ostream& err = context.err;
   const std::string verb = arguments.empty() ? "list" : arguments[0];
   if (verb == "list" && arguments.size() <= 1) return List(store, out);
   if (verb == "get" && arguments.size() == 3) return Get(store, arguments[1], arguments[2], out);

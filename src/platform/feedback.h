@@ -12,6 +12,8 @@ class Feedback {
   // Wait cursor of the list: shown from the first Begin to the last End.
   virtual void BeginWait() {}
   virtual void EndWait() {}
+  // True from the first Begin to the last End; no command is taken then.
+  virtual bool Busy() const { return false; }
 
   // Text of status bar panel 4, repainted at once.
   virtual void ShowActivity(const std::string& /*text*/) {}

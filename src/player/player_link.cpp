@@ -1,15 +1,12 @@
 #include "player/player_link.h"
 
+#include "playlist/own_playlists.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
 #include "playlist/paths/text_files.h"
 
 namespace qublet {
-
-std::string TempPlaylist(const std::string& program_folder) {
-  return program_folder + "\\tmp.m3u";
-}
 
 bool PlayerLink::DetectPlayer() {
   bool found = false;
@@ -27,7 +24,7 @@ bool PlayerLink::DetectPlayer() {
 }
 
 PlayerHandle PlayerLink::FindPlayerWindow() {
-  return services_.windows.Find(services_.associations.ProgramFor(TempPlaylist(program_folder_)));
+  return services_.players.Find(services_.associations.ProgramFor(TempPlaylist(program_folder_)));
 }
 
 }  // namespace qublet

@@ -3,25 +3,15 @@
 #include <string>
 #include <utility>
 
-#include "platform/associations.h"
-#include "platform/player_window.h"
+#include "platform/services.h"
 #include "playlist/document.h"
 
 namespace qublet {
 
-// "tmp.m3u" in the program folder: what is to be played next, and the file that other programs are handed.
-std::string TempPlaylist(const std::string& program_folder);
-
 // What the program knows of the player that runs beside it. The player is the program that opens playlists.
 class PlayerLink {
  public:
-  struct Services {
-    FileSystem& files;
-    const Associations& associations;
-    PlayerWindows& windows;
-  };
-
-  PlayerLink(Document& document, Services services, std::string program_folder)
+  PlayerLink(Document& document, const Services& services, std::string program_folder)
       : document_(document), services_(services), program_folder_(std::move(program_folder)) {}
 
   bool PlayerAssociated = false;  // set once, at the start of the program

@@ -2,8 +2,8 @@
 
 #include <unordered_set>
 
-#include "player/player_link.h"
 #include "playlist/m3u_lines.h"
+#include "playlist/own_playlists.h"
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/text_files.h"
 
@@ -76,6 +76,11 @@ void Preview::HandOver() {
     return;
   }
   for (const std::string& item : document_.FileArray) services_.shell.Open(item);
+}
+
+void Preview::Play(PreviewMode mode) {
+  std::int16_t number = mode;
+  PrevM3U(number);
 }
 
 void Preview::PrevM3U(std::int16_t& mode) {

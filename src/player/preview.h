@@ -4,8 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/dialogs.h"
-#include "platform/shell.h"
+#include "platform/services.h"
 #include "playlist/items.h"
 
 namespace qublet {
@@ -21,14 +20,7 @@ enum PreviewMode : std::int16_t {
 // Plays rows of the list in whatever program opens playlists.
 class Preview {
  public:
-  struct Services {
-    FileSystem& files;
-    Shell& shell;
-    Dialogs& dialogs;
-    Feedback& feedback;
-  };
-
-  Preview(Document& document, Items& items, Services services, std::string program_folder)
+  Preview(Document& document, Items& items, const Services& services, std::string program_folder)
       : document_(document), items_(items), services_(services), program_folder_(std::move(program_folder)) {}
 
   // Writes the files of that mode, those that are there, to "tmp.m3u" and has it opened. Where players don't read the
@@ -36,6 +28,7 @@ class Preview {
   // the files are opened one by one. With no row selected `mode` becomes kPlayList. A message says when no file is
   // there; an empty list does nothing.
   void PrevM3U(std::int16_t& mode);
+  void Play(PreviewMode mode);
 
  private:
   struct Selection;

@@ -12,12 +12,12 @@ namespace qublet {
 struct Document {
   RowStore ListView1;
 
-  // Scratch list of full paths, the hand-over between the list and the tools; without meaning between commands.
+  // The paths that a batch of rows is made of, or that are handed to another program; without meaning between
+  // commands. A rule that only looks at the rows' paths takes PathsOf (row_paths.h).
   Collection FileArray;
 
   std::string CurrentPlaylist;  // normalised path of the open file, "" for a list without one
   bool PlaylistChanged = false;
-  bool Dropping = false;  // names dropped at once come in: selecting rows doesn't refresh the window
 
   std::string WorkFolder;  // folder or file last picked by "&Add Item"
   Collection RecentFiles;  // oldest first

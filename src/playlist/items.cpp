@@ -10,6 +10,7 @@
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
 #include "playlist/row_filling.h"
+#include "playlist/row_paths.h"
 
 namespace qublet {
 
@@ -65,11 +66,7 @@ bool Items::AddStuff(std::string filename, bool ReSelect, int& InsertPoint) {
 
 void Items::SaveFileArrayFromList(bool Mode) {
   const WaitCursor wait(feedback_);
-  const RowStore& list = document_.ListView1;
-  if (Mode) document_.FileArray.reserve(document_.FileArray.size() + static_cast<std::size_t>(list.Count()));
-  for (int i = 1; i <= list.Count(); ++i) {
-    if (Mode || list.At(i).selected) document_.FileArray.push_back(list.At(i).FullPath());
-  }
+  AppendPaths(document_.ListView1, Mode ? WhichRows::kAll : WhichRows::kSelected, document_.FileArray);
 }
 
 void Items::LoadFileArrayToList(int InsertPoint) {
@@ -116,7 +113,7 @@ void Items::SelectRowRange(int first, int last) {
     const RowStore::Bulk bulk(document_.ListView1);
     for (int i = first + 1; i <= last; ++i) document_.ListView1.SetSelected(i, true);
   }
-  if (!document_.Dropping) view_.ListView1_Click();
+  view_.Refresh();
 }
 
 void Items::MEditSelNone_Click() {
@@ -124,7 +121,7 @@ void Items::MEditSelNone_Click() {
     const WaitCursor wait(feedback_);
     document_.ListView1.SelectWhere([](int, const Row&) { return false; });
   }
-  if (!document_.Dropping) view_.ListView1_Click();
+  view_.Refresh();
 }
 
 void Items::MViewRefresh_Click() {

@@ -24,17 +24,17 @@ void ListCommands::Run(Steps&& steps) {
     const WaitCursor wait(services_.feedback);
     steps();
   }
-  view_.ListView1_Click();
+  view_.Refresh();
 }
 
 void ListCommands::MEditMoveUp_Click() {
   MoveRowsUp(document_);
-  view_.ListView1_Click();
+  view_.Refresh();
 }
 
 void ListCommands::MEditMoveDown_Click() {
   MoveRowsDown(document_);
-  view_.ListView1_Click();
+  view_.Refresh();
 }
 
 void ListCommands::MEditSelTop_Click() {
@@ -66,15 +66,15 @@ void ListCommands::MEditSelRnd_Click() {
 }
 
 void ListCommands::MEditSelFol_Click() {
-  Run([&] { SelectInFolders(document_, items_); });
+  Run([&] { SelectInFolders(document_.ListView1); });
 }
 
 void ListCommands::MEditSelImpFol_Click() {
-  Run([&] { ImportFolders(document_, items_); });
+  Run([&] { ImportFolders(document_.ListView1, items_); });
 }
 
 void ListCommands::MEditSelLoc_Click() {
-  Run([&] { services_.shell.Explore(CommonFolder(document_, items_, services_.files)); });
+  Run([&] { services_.shell.Explore(CommonFolder(document_.ListView1, services_.files)); });
 }
 
 void ListCommands::MEditFileInfo_Click() {
@@ -84,7 +84,7 @@ void ListCommands::MEditFileInfo_Click() {
 
 void ListCommands::MToolsShortCutFind_Click() {
   const WaitCursor wait(services_.feedback);
-  services_.shell.Find(CommonFolder(document_, items_, services_.files));
+  services_.shell.Find(CommonFolder(document_.ListView1, services_.files));
 }
 
 void ListCommands::MToolsShortCutVolume_Click() {
@@ -106,6 +106,16 @@ void ListCommands::MEditSelectMark_Click() {
   Run([&] { SelectCheckMarked(document_.ListView1); });
 }
 
+void ListCommands::MEditAddDir_Click() {
+  const std::optional<std::string> path =
+      services_.dialogs.BrowseForFolder("Select Folder...", document_.WorkFolder, true);
+  if (path) {
+    document_.WorkFolder = *path;
+    items_.AddStuff(*path, true);
+  }
+  view_.Refresh();
+}
+
 void ListCommands::MEditRemove_Click() {
   Run([&] { RemoveSelectedRows(document_); });
 }
@@ -116,7 +126,7 @@ void ListCommands::Mreloc_Click() {
     const WaitCursor wait(services_.feedback);
     picked = ReplaceFocusedRow(document_, items_, services_.dialogs);
   }
-  if (picked) view_.ListView1_Click();
+  if (picked) view_.Refresh();
 }
 
 }  // namespace qublet

@@ -1,10 +1,6 @@
 #pragma once
 
-#include "platform/collation.h"
-#include "platform/dialogs.h"
-#include "platform/feedback.h"
-#include "platform/random.h"
-#include "platform/shell.h"
+#include "platform/services.h"
 #include "playlist/document.h"
 #include "playlist/items.h"
 #include "playlist/main_view.h"
@@ -17,16 +13,7 @@ namespace qublet {
 // be long, and with a refresh of the window at the end.
 class ListCommands {
  public:
-  struct Services {
-    FileSystem& files;
-    Dialogs& dialogs;
-    Shell& shell;
-    Random& random;
-    const Collation& collation;
-    Feedback& feedback;
-  };
-
-  ListCommands(Document& document, Items& items, AppSettings& settings, Services services, MainView& view)
+  ListCommands(Document& document, Items& items, AppSettings& settings, const Services& services, MainView& view)
       : document_(document), items_(items), settings_(settings), services_(services), view_(view) {}
 
   // Sorts as a click on the header of column `column`, counted from 1, does; asks first if the user wants to be
@@ -56,6 +43,7 @@ class ListCommands {
   void MEditSeUnMark_Click();
   void MEditSelectMark_Click();
 
+  void MEditAddDir_Click();
   void MEditRemove_Click();
   void Mreloc_Click();
 

@@ -29,8 +29,6 @@ struct Survey {
   std::int64_t up_to_focus = 0;  // lengths of all rows up to the focused one
   bool first_selected = false;
   bool last_selected = false;
-
-  bool AllSelected() const { return selected.count == all.count; }
 };
 
 void Add(Sums& sums, std::int64_t length, std::int64_t size) {
@@ -55,51 +53,22 @@ Survey Look(const RowStore& rows) {
   return survey;
 }
 
-void Enable(ListStatus& status, std::initializer_list<const char*> names, bool enabled) {
-  for (const char* name : names) status.commands.push_back({name, enabled});
+std::array<std::string, 3> NonePanels(const Survey& survey, const std::string& separator) {
+  return {"Total: " + std::to_string(survey.all.count), FormatTime(survey.all.length),
+          FormatSize(survey.all.size, separator)};
 }
 
-// Commands that any selection at all can be given to.
-void EnableForSelection(ListStatus& status, bool any) {
-  Enable(status,
-         {"MEditRemove", "MEditPlaySel", "MEditPlayFol", "MEditPlayLoc", "MEditSelAlt", "MEditSelNone", "MEditSelLoc",
-          "MEditSeMark", "MEditSeUnMark", "MEditSelFol", "MToolsBookmarkAdd", "MEditSelShuffle"},
-         any);
+std::array<std::string, 3> SeveralPanels(const Survey& survey, const std::string& separator) {
+  return {std::to_string(survey.selected.count) + " Items", FormatTime(survey.selected.length),
+          FormatSize(survey.selected.size, separator)};
 }
 
-void ShowNone(const Survey& survey, const std::string& separator, ListStatus& status) {
-  status.panels = {"Total: " + std::to_string(survey.all.count), FormatTime(survey.all.length),
-                   FormatSize(survey.all.size, separator)};
-  Enable(status, {"MEditSelTop", "MEditSelBottom", "MEditId3", "MEditFileInfo", "MEditMoveUp", "MEditMoveDown"},
-         false);
-  Enable(status, {"MEditSelAll"}, true);
-}
-
-void ShowSeveral(const Survey& survey, const std::string& separator, ListStatus& status) {
-  status.panels = {std::to_string(survey.selected.count) + " Items", FormatTime(survey.selected.length),
-                   FormatSize(survey.selected.size, separator)};
-  Enable(status, {"MEditSelAll", "MEditSelTop", "MEditSelBottom"}, !survey.AllSelected());
-  Enable(status, {"MEditId3"}, true);
-  Enable(status, {"MEditFileInfo"}, false);
-}
-
-void ShowOne(const Survey& survey, const RowStore& rows, const FileSystem& files, const std::string& separator,
-             ListStatus& status) {
-  const int index = rows.FocusedRow();
-  const bool present = index > 0 && FileExists(files, rows.At(index).FullPath());
-  status.panels[0] = "Track: " + std::to_string(index) + "/" + std::to_string(survey.all.count);
-  status.panels[1] = "-";
-  status.panels[2] = "-";
-  if (present) {
-    status.panels[1] =
-        FormatTime(survey.selected.length) + "[" + FormatTime(survey.up_to_focus - survey.selected.length) + "]";
-    status.panels[2] = FormatSize(survey.selected.size, separator);
-  }
-  Enable(status, {"MEditSelAll"}, true);
-  Enable(status, {"MEditSelTop"}, !survey.first_selected);
-  Enable(status, {"MEditSelBottom"}, !survey.last_selected);
-  Enable(status, {"MEditId3", "MEditFileInfo", "MEditPlaySel"}, present);
-  Enable(status, {"Mreloc", "Mrelocs"}, !present);
+std::array<std::string, 3> OnePanels(const Survey& survey, int index, bool there, const std::string& separator) {
+  const std::string track = "Track: " + std::to_string(index) + "/" + std::to_string(survey.all.count);
+  if (!there) return {track, "-", "-"};
+  return {track,
+          FormatTime(survey.selected.length) + "[" + FormatTime(survey.up_to_focus - survey.selected.length) + "]",
+          FormatSize(survey.selected.size, separator)};
 }
 
 }  // namespace
@@ -117,19 +86,15 @@ ListStatus WorkOutStatus(const RowStore& rows, const FileSystem& files, const Ap
                          const std::string& thousands_separator) {
   const Survey survey = Look(rows);
   ListStatus status;
-  const bool any = survey.selected.count > 0;
-  Enable(status, {"Mreloc", "Mrelocs"}, false);
-  EnableForSelection(status, any);
-  if (any) {
-    Enable(status, {"MEditMoveUp"}, !survey.first_selected);
-    Enable(status, {"MEditMoveDown"}, !survey.last_selected);
-  }
-  if (!any) {
-    ShowNone(survey, thousands_separator, status);
+  status.facts = {survey.all.count, survey.selected.count, survey.first_selected, survey.last_selected, false};
+  if (survey.selected.count == 0) {
+    status.panels = NonePanels(survey, thousands_separator);
   } else if (survey.selected.count == 1) {
-    ShowOne(survey, rows, files, thousands_separator, status);
+    const int index = rows.FocusedRow();
+    status.facts.file_there = index > 0 && FileExists(files, rows.At(index).FullPath());
+    status.panels = OnePanels(survey, index, status.facts.file_there, thousands_separator);
   } else {
-    ShowSeveral(survey, thousands_separator, status);
+    status.panels = SeveralPanels(survey, thousands_separator);
   }
   status.warnings = UpdateLimitWarnings(survey.all.count, survey.all.size, survey.all.length, settings);
   return status;

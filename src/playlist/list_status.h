@@ -1,9 +1,9 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "platform/file_system.h"
 #include "playlist/row_store.h"
@@ -11,16 +11,20 @@
 
 namespace qublet {
 
-struct CommandState {
-  const char* name;
-  bool enabled;
+// What decides which commands can be used.
+struct ListFacts {
+  int rows = 0;
+  int selected = 0;
+  bool first_selected = false;
+  bool last_selected = false;
+  bool file_there = false;  // with exactly one selected row: whether its file is there
 };
 
 // What the window shows of the rows as a whole.
 struct ListStatus {
   std::array<std::string, 3> panels;            // texts of the status bar's first three panels
   std::array<std::optional<bool>, 3> warnings;  // whether a panel bears the warning picture; nothing: as it was
-  std::vector<CommandState> commands;           // by the given names of the menu entries
+  ListFacts facts;
 };
 
 // `ListView1_Click` worked out: one pass over the rows; an empty or unreadable cell counts as 0. With one selected

@@ -6,12 +6,42 @@ namespace qublet {
 class MainView {
  public:
   virtual ~MainView() = default;
-  // The general refresh after a command: status bar and enabled states from the rows.
-  virtual void ListView1_Click() {}
+
+  // To be called when rows or the selection have changed: the window works out its state anew, now or at the end of
+  // the outermost RefreshOnce.
+  void Refresh() {
+    if (!Dropping()) ListView1_Click();
+  }
+  // True while the refresh waits for the end of a command that adds much.
+  bool Dropping() const { return held_ > 0; }
+
   // The caption after a change of `CurrentPlaylist`.
   virtual void ShowCaption() {}
   // The menu of recent files after a change of `RecentFiles`.
   virtual void RefreshRecentMenu() {}
+
+ protected:
+  // The general refresh: status bar and enabled states from the rows.
+  virtual void ListView1_Click() {}
+
+ private:
+  friend class RefreshOnce;
+  int held_ = 0;
+};
+
+// While one lives, the window refreshes for nothing; at the end of the outermost it does so once.
+class RefreshOnce {
+ public:
+  explicit RefreshOnce(MainView& view) : view_(view) { ++view_.held_; }
+  ~RefreshOnce() {
+    --view_.held_;
+    view_.Refresh();
+  }
+  RefreshOnce(const RefreshOnce&) = delete;
+  RefreshOnce& operator=(const RefreshOnce&) = delete;
+
+ private:
+  MainView& view_;
 };
 
 }  // namespace qublet

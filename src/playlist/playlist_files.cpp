@@ -7,6 +7,7 @@
 #include "playlist/paths/playlist_name.h"
 #include "playlist/paths/text.h"
 #include "playlist/recent_files.h"
+#include "playlist/row_paths.h"
 
 namespace qublet {
 namespace {
@@ -52,7 +53,7 @@ void PlaylistFiles::MFileOpen_Click() {
 void PlaylistFiles::MFileNew_Click() {
   if (!PromptSaveFirst()) return;
   document_.ListView1.Clear();
-  view_.ListView1_Click();
+  view_.Refresh();
   document_.PlaylistChanged = false;
   document_.CurrentPlaylist.clear();
   view_.ShowCaption();
@@ -74,7 +75,7 @@ void PlaylistFiles::MFileRecent_Click(int Index) {
     view_.ShowCaption();
   }
   document_.PlaylistChanged = false;
-  view_.ListView1_Click();
+  view_.Refresh();
 }
 
 bool PlaylistFiles::PromptSaveFirst() {
@@ -105,8 +106,7 @@ std::string PlaylistFiles::NameFor(const std::string& common) {
   return MakePlaylistName(format, common, services_.clock);
 }
 
-std::string PlaylistFiles::ProposeRelativeName(bool& Relative) {
-  const std::string common = FindCommonFolder(document_.FileArray);
+std::string PlaylistFiles::ProposeRelativeName(const std::string& common, bool& Relative) {
   if (!common.empty()) return common + "\\" + NameFor(common);
   services_.dialogs.ShowMessage(
       "This playlist cannot be saved to a relative directory because it points to files at different Root locations "
@@ -116,17 +116,15 @@ std::string PlaylistFiles::ProposeRelativeName(bool& Relative) {
   return NormalizedPath(services_.files.CurrentFolder()) + "\\" + kDefaultName;
 }
 
-std::string PlaylistFiles::ProposeName() {
+std::string PlaylistFiles::ProposeName(const std::string& common) {
   if (!document_.CurrentPlaylist.empty()) return document_.CurrentPlaylist;
-  const std::string common = FindCommonFolder(document_.FileArray);
   const std::string name = common.empty() ? kDefaultName : NameFor(common);
   return NormalizedPath(services_.files.CurrentFolder()) + "\\" + name;
 }
 
 bool PlaylistFiles::AskForTarget(bool& Relative, std::string& target) {
-  DestroyFileArray(document_);
-  items_.SaveFileArrayFromList(true);
-  const std::string proposed = Relative ? ProposeRelativeName(Relative) : ProposeName();
+  const std::string common = FindCommonFolder(PathsOf(document_.ListView1, WhichRows::kAll));
+  const std::string proposed = Relative ? ProposeRelativeName(common, Relative) : ProposeName(common);
   const std::optional<std::string> chosen = services_.dialogs.ShowSave({proposed, kPlaylistFilter, "m3u"});
   if (chosen) target = *chosen;
   return chosen.has_value();
@@ -138,18 +136,25 @@ bool PlaylistFiles::SavePlaylistFile(bool AsNew, bool Relative) {
   ResumeNext([&] {
     std::string target = document_.CurrentPlaylist;
     if ((AsNew || target.empty()) && !AskForTarget(Relative, target)) return;
-    FileDetails details;
-    GetFileDetails(services_.files, target, details);
-    if (CheckExists(details.Path)) return;
-    saved = WriteTo(details.Path, Relative);
+    saved = SaveTo(target, Relative ? LineForm::kRelative : LineForm::kFull);
   });
   return saved;
 }
 
-bool PlaylistFiles::WriteTo(const std::string& path, bool Relative) {
+bool PlaylistFiles::SaveTo(std::string target, LineForm form) {
+  bool saved = false;
+  ResumeNext([&] {
+    FileDetails details;
+    GetFileDetails(services_.files, target, details);
+    saved = !CheckExists(details.Path) && WriteTo(details.Path, form);
+  });
+  return saved;
+}
+
+bool PlaylistFiles::WriteTo(const std::string& path, LineForm form) {
   const WaitCursor wait(services_.feedback);
   services_.feedback.ShowActivity("Saving file: " + path);
-  const bool written = WriteRows(path, Relative);
+  const bool written = WriteRows(path, form);
   if (written) {
     document_.CurrentPlaylist = path;
     view_.ShowCaption();
@@ -162,9 +167,9 @@ bool PlaylistFiles::WriteTo(const std::string& path, bool Relative) {
   return written;
 }
 
-bool PlaylistFiles::WriteRows(const std::string& path, bool Relative) {
+bool PlaylistFiles::WriteRows(const std::string& path, LineForm form) {
   const RowStore& rows = document_.ListView1;
-  PlaylistText text(services_.files, path, Relative);
+  PlaylistText text(services_.files, path, form == LineForm::kRelative);
   for (int i = 1; i <= rows.Count(); ++i) {
     rows.ExpectPaths(i);
     text.Add(rows.At(i).cells[kPath], rows.At(i).cells[kFileName]);

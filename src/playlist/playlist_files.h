@@ -2,8 +2,7 @@
 
 #include <string>
 
-#include "platform/clock.h"
-#include "platform/dialogs.h"
+#include "platform/services.h"
 #include "playlist/items.h"
 #include "settings/app_settings.h"
 
@@ -12,14 +11,11 @@ namespace qublet {
 // The commands of the file menu: new, open, import, save, the recent list, and the questions they ask.
 class PlaylistFiles {
  public:
-  struct Services {
-    FileSystem& files;
-    Dialogs& dialogs;
-    const Clock& clock;
-    Feedback& feedback;
-  };
+  // How the lines of a playlist name their files.
+  enum class LineForm { kFull, kRelative };
 
-  PlaylistFiles(Document& document, Items& items, const AppSettings& settings, Services services, MainView& view)
+  PlaylistFiles(Document& document, Items& items, const AppSettings& settings, const Services& services,
+                MainView& view)
       : document_(document), items_(items), settings_(settings), services_(services), view_(view) {}
 
   // Asks for a file and opens it, or adds its rows to the list (`Import`). True when rows came.
@@ -27,6 +23,8 @@ class PlaylistFiles {
   // Saves under the open file's name, or asks for one (`AsNew`, or no open file). `Relative` cuts the folder of the
   // playlist from each line, and is cleared when the items have no common folder. True when the file was written.
   bool SavePlaylistFile(bool AsNew, bool Relative);
+  // The rest of a save, once the target's name is known: asks before it replaces a file, writes, tells when it can't.
+  bool SaveTo(std::string target, LineForm form);
   // Offers to save a changed list that has rows. True tells the caller to proceed.
   bool PromptSaveFirst();
   // True when the file is there and the user refused to replace it, or when no drive leads there.
@@ -34,16 +32,20 @@ class PlaylistFiles {
 
   void MFileNew_Click();
   void MFileOpen_Click();
+  void MFileImport_Click() { OpenPlaylistFile(true); }
+  void MFileSave_Click() { SavePlaylistFile(false, false); }
+  void MFileSaveAs_Click() { SavePlaylistFile(true, false); }
+  void MFileSaveRel_Click() { SavePlaylistFile(true, true); }
   // Opens the recent file with that number in the menu, 1 for the newest.
   void MFileRecent_Click(int Index);
 
  private:
   bool AskForTarget(bool& Relative, std::string& target);
-  std::string ProposeRelativeName(bool& Relative);
-  std::string ProposeName();
+  std::string ProposeRelativeName(const std::string& common, bool& Relative);
+  std::string ProposeName(const std::string& common);
   std::string NameFor(const std::string& common);
-  bool WriteTo(const std::string& path, bool Relative);
-  bool WriteRows(const std::string& path, bool Relative);
+  bool WriteTo(const std::string& path, LineForm form);
+  bool WriteRows(const std::string& path, LineForm form);
   void AddRecent();
 
   Document& document_;

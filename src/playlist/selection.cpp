@@ -2,15 +2,14 @@
 
 #include <unordered_set>
 
+#include "playlist/row_paths.h"
+
 namespace qublet {
 namespace {
 
-// Folders of the selected rows, by way of `FileArray`.
-Collection FoldersOfSelection(Document& document, Items& items) {
-  DestroyFileArray(document);
-  items.SaveFileArrayFromList(false);
+Collection FoldersOfSelection(const RowStore& rows) {
   Collection folders;
-  CollectFolders(document.FileArray, folders);
+  CollectFolders(PathsOf(rows, WhichRows::kSelected), folders);
   return folders;
 }
 
@@ -39,10 +38,10 @@ void SelectAtRandom(RowStore& rows, Random& random) {
   });
 }
 
-void SelectInFolders(Document& document, Items& items) {
-  const Collection collected = FoldersOfSelection(document, items);
+void SelectInFolders(RowStore& rows) {
+  const Collection collected = FoldersOfSelection(rows);
   const std::unordered_set<std::string> folders(collected.begin(), collected.end());
-  document.ListView1.SelectWhere([&](int, const Row& row) { return folders.contains(row.cells[kPath]); });
+  rows.SelectWhere([&](int, const Row& row) { return folders.contains(row.cells[kPath]); });
 }
 
 void SetRowMark(RowStore& rows, RowIcon icon) {
@@ -57,14 +56,12 @@ void SelectCheckMarked(RowStore& rows) {
   rows.SelectWhere([](int, const Row& row) { return row.icon >= RowIcon::kBlue; });
 }
 
-void ImportFolders(Document& document, Items& items) {
-  for (const std::string& folder : FoldersOfSelection(document, items)) items.AddStuff(folder, true);
+void ImportFolders(const RowStore& rows, Items& items) {
+  for (const std::string& folder : FoldersOfSelection(rows)) items.AddStuff(folder, true);
 }
 
-std::string CommonFolder(Document& document, Items& items, const FileSystem& files) {
-  DestroyFileArray(document);
-  items.SaveFileArrayFromList(false);
-  const std::string folder = FindCommonFolder(document.FileArray);
+std::string CommonFolder(const RowStore& rows, const FileSystem& files) {
+  const std::string folder = FindCommonFolder(PathsOf(rows, WhichRows::kSelected));
   return folder.empty() ? files.CurrentFolder() : folder;
 }
 

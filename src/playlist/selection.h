@@ -17,7 +17,7 @@ void AlternateSelection(RowStore& rows);
 // Each row with an even chance, whatever was selected, until about half of them are.
 void SelectAtRandom(RowStore& rows, Random& random);
 // Every row whose "Path" is the folder of a selected one; subfolders don't count.
-void SelectInFolders(Document& document, Items& items);
+void SelectInFolders(RowStore& rows);
 
 // The mark of the selected rows becomes `icon`; a missing row keeps its own.
 void SetRowMark(RowStore& rows, RowIcon icon);
@@ -26,9 +26,9 @@ void SelectCheckMarked(RowStore& rows);
 
 // Adds all that is in the folders of the selected rows, and below them, to the end of the list, whether or not it is
 // there already. A folder is read as often as the rows come back to it.
-void ImportFolders(Document& document, Items& items);
+void ImportFolders(const RowStore& rows, Items& items);
 // The folder that the selected rows have in common; the current one where there is none.
-std::string CommonFolder(Document& document, Items& items, const FileSystem& files);
+std::string CommonFolder(const RowStore& rows, const FileSystem& files);
 // What the system knows of the focused row's file; nothing when no row has the focus.
 void ShowFocusedProperties(Document& document, Shell& shell);
 

@@ -2,24 +2,26 @@
 
 #include <cmath>
 
+#include "playlist/own_playlists.h"
 #include "playlist/paths/collections.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/formats.h"
 #include "playlist/paths/numbers.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text_files.h"
+#include "playlist/row_paths.h"
 
 namespace qublet {
 namespace {
 
-void GatherNames(Statistics& found, const Document& document, const Associations& associations,
-                 const std::string& program_folder) {
+void GatherNames(Statistics& found, const Collection& paths, const std::string& current_playlist,
+                 const Associations& associations, const std::string& program_folder) {
   ResumeNext([&] {
-    found.RelativeFolder = FindCommonFolder(document.FileArray);
-    found.OpensWith = GetFileName(associations.FindAssociatedProgram(program_folder + "\\last.m3u"));
+    found.RelativeFolder = FindCommonFolder(paths);
+    found.OpensWith = GetFileName(associations.FindAssociatedProgram(LastPlaylist(program_folder)));
   });
   found.RelativeFolder = found.RelativeFolder.empty() ? "'Not found...'" : found.RelativeFolder + "\\";
-  found.ListFileName = GetFileName(document.CurrentPlaylist);
+  found.ListFileName = GetFileName(current_playlist);
   if (found.ListFileName.empty()) found.ListFileName = "'Unsaved Playlist'";
 }
 
@@ -54,22 +56,20 @@ std::string Counted(std::int64_t count, const std::string& noun) {
 
 }  // namespace
 
-Statistics GatherStatistics(Document& document, Items& items, const FileSystem& files,
-                            const Associations& associations, const std::string& program_folder) {
+Statistics GatherStatistics(const Document& document, const FileSystem& files, const Associations& associations,
+                            const std::string& program_folder) {
   Statistics found;
-  DestroyFileArray(document);
-  items.SaveFileArrayFromList(true);
+  const Collection paths = PathsOf(document.ListView1, WhichRows::kAll);
   Collection folders;
-  CollectFolders(document.FileArray, folders);
-  found.FileCount = static_cast<std::int16_t>(document.FileArray.size());
+  CollectFolders(paths, folders);
+  found.FileCount = static_cast<std::int16_t>(paths.size());
   found.FolderCount = static_cast<std::int16_t>(folders.size());
-  GatherNames(found, document, associations, program_folder);
-  for (std::size_t i = 0; i < document.FileArray.size(); ++i) {
-    ResumeNext([&] { AddSize(found, files, document.FileArray[i]); });
+  GatherNames(found, paths, document.CurrentPlaylist, associations, program_folder);
+  for (std::size_t i = 0; i < paths.size(); ++i) {
+    ResumeNext([&] { AddSize(found, files, paths[i]); });
     ResumeNext([&] { AddTime(found, document.ListView1.At(static_cast<int>(i) + 1).cells[kHiddenLen]); });
   }
-  ResumeNext(
-      [&] { found.ListFileSize = ToInteger32(static_cast<std::int64_t>(EncodeLines(document.FileArray).size())); });
+  ResumeNext([&] { found.ListFileSize = ToInteger32(static_cast<std::int64_t>(EncodeLines(paths).size())); });
   WorkOutAverages(found);
   return found;
 }

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/associations.h"
-#include "playlist/items.h"
+#include "playlist/document.h"
 
 namespace qublet {
 
@@ -28,8 +28,8 @@ struct Statistics {
 };
 
 // Walks the rows once, with one look at the disk a row. A value that can't be worked out stays 0; nothing is thrown.
-Statistics GatherStatistics(Document& document, Items& items, const FileSystem& files,
-                            const Associations& associations, const std::string& program_folder);
+Statistics GatherStatistics(const Document& document, const FileSystem& files, const Associations& associations,
+                            const std::string& program_folder);
 
 inline constexpr const char* kUnknownStatistic = "????";
 

@@ -61,7 +61,7 @@ TEST_F(Accessibility, ReadsEachPanelsTextAndSaysWhatItIsAbout) {
 
 TEST_F(Accessibility, TheListHasTheKeyboardFromTheStartAndKeepsItUnderTab) {
   window.main->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window.main.get()));
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.main));
   EXPECT_EQ(window.main->focusWidget(), &window.List());
   QTest::keyClick(window.main->windowHandle(), Qt::Key_Tab);
   EXPECT_EQ(window.main->focusWidget(), &window.List()) << "all else is reached by menu and shortcuts";

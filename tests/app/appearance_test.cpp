@@ -7,7 +7,7 @@
 #include <QToolButton>
 
 #include "app/appearance.h"
-#include "app/placement.h"
+#include "desk/placement.h"
 #include "support/main_window.h"
 
 namespace qublet {
@@ -138,7 +138,7 @@ TEST_F(Appearance, GivesTheListAllThatTheBarsLeave) {
   auto* status_bar = window.main->findChild<QStatusBar*>("StatusBar1");
   const auto place_of_list = [&] {
     QCoreApplication::processEvents();
-    return QRect(window.List().mapTo(window.main.get(), QPoint()), window.List().size());
+    return QRect(window.List().mapTo(window.main, QPoint()), window.List().size());
   };
   EXPECT_EQ(place_of_list().top(), toolbar->geometry().bottom() + 1);
   EXPECT_EQ(place_of_list().bottom() + 1, status_bar->geometry().top());
@@ -155,7 +155,7 @@ TEST_F(Appearance, PutsNewWindowsBesideTheMainWindow) {
   QCoreApplication::processEvents();
   QWidget frm;
   frm.resize(120, 90);
-  window.main->PositionForm(frm);
+  PositionForm(*window.main, frm);
   const QSize frame = window.main->frameGeometry().size() - window.main->size();
   EXPECT_EQ(frm.pos(), PlaceBeside(window.main->frameGeometry(), frm.size() + frame,
                                    window.main->screen()->geometry(), QPoint()));

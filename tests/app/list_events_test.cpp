@@ -192,7 +192,7 @@ class ListKeys : public ListMouseTest {
   }
   // Through the window, where menu entries and the list compete for a key.
   void Type(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.main.get()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.main));
     QTest::keyClick(window.main->windowHandle(), key, modifiers);
   }
 };

@@ -129,7 +129,7 @@ TEST_F(ListDrops, KeepTheOrderOfFilesFoldersAndPlaylistsAtTheRowUnderThePointer)
   const auto c = window.drives.C();
   EXPECT_TRUE(Drop(*Addresses({c / "two", c / "z.wav", c / "list.m3u", c / "notes.txt"}), 3));
   EXPECT_EQ(window.Names(), "a.mp3 b.mp3 x.mp3 y.mp3 z.wav x.mp3 gone.mp3 c.mp3 d.mp3 e.mp3");
-  EXPECT_FALSE(window.document->Dropping);
+  EXPECT_FALSE(window.program->engine.view.Dropping());
   EXPECT_TRUE(window.document->PlaylistChanged);
   EXPECT_EQ(window.Panel(1), "2 Items") << "the first name's rows are the selected ones";
 }
@@ -170,7 +170,7 @@ TEST_F(ListDrops, RefuseWhatHoldsNoFile) {
 }
 
 TEST_F(ListDrops, WaitForTheAnswerToAModalWindow) {
-  QDialog question(window.main.get());
+  QDialog question(window.main);
   question.open();
   const auto data = Addresses({window.drives.C() / "m/a.mp3"});
   EXPECT_FALSE(Drop(*data, 1));
@@ -184,7 +184,7 @@ TEST_F(ListDrops, OfNamesThatLeadNowhereChangeNothing) {
   EXPECT_TRUE(Drop(*Addresses({"/nowhere/a.mp3", window.drives.C() / "gone.mp3"}), 1));
   EXPECT_EQ(Order(), "abcde");
   EXPECT_FALSE(window.document->PlaylistChanged);
-  EXPECT_FALSE(window.document->Dropping);
+  EXPECT_FALSE(window.program->engine.view.Dropping());
 }
 
 }  // namespace

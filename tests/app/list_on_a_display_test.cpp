@@ -36,7 +36,7 @@ class ListOnADisplay : public testing::Test {
     ASSERT_EQ(QGuiApplication::platformName(), QStringLiteral("xcb")) << "these tests need a display";
     window.main->setGeometry(60, 90, 900, 500);
     window.main->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.main.get()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.main));
     // The window manager may still be moving it.
     QPoint before(-1, -1);
     ASSERT_TRUE(QTest::qWaitFor(
@@ -140,7 +140,7 @@ TEST_F(ListOnADisplay, TakesFilesFoldersAndPlaylistsFromAnotherProgram) {
   EXPECT_EQ(Told("gave"), "gave 1") << "they are copied, though the other program would rather move them";
   EXPECT_EQ(window.Rows().At(6).icon, RowIcon::kNormal);
   EXPECT_EQ(window.Panel(1), "2 Items");
-  EXPECT_FALSE(window.document->Dropping);
+  EXPECT_FALSE(window.program->engine.view.Dropping());
 }
 
 TEST_F(ListOnADisplay, RefusesAddressesElsewhere) {

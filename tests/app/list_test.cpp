@@ -80,7 +80,7 @@ TEST_F(ListTest, TakesADroppedFolderAtTheEndAndSelectsItsRows) {
   EXPECT_EQ(window.Names(), "a.mp3 b.mp3");
   EXPECT_EQ(window.Selected(), "xx");
   EXPECT_TRUE(window.document->PlaylistChanged);
-  EXPECT_FALSE(window.document->Dropping);
+  EXPECT_FALSE(window.program->engine.view.Dropping());
   EXPECT_EQ(window.Panel(1), "2 Items");
 }
 

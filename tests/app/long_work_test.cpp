@@ -48,7 +48,7 @@ class Watcher : public QObject {
  private:
   void PressKeys() {
     QCoreApplication::postEvent(&window_.List(), new QKeyEvent(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier));
-    QCoreApplication::postEvent(window_.main.get(), new QCloseEvent);
+    QCoreApplication::postEvent(window_.main, new QCloseEvent);
   }
 
   MainWindow& window_;

@@ -118,15 +118,17 @@ TEST_F(MenuTest, LeavesWhatHasNoToolYetDisabledWhateverIsSelected) {
 }
 
 TEST_F(MenuTest, SaysOfEveryEntryWhatItDoes) {
-  for (const Command& command : kCommands) {
-    if (command.IsSeparator() || command.IsSubmenu()) continue;
-    EXPECT_NE(std::string(command.tip), "") << command.name;
+  for (const QAction* action : window.main->findChildren<QAction*>()) {
+    const bool is_entry = CommandName::Find(action->objectName().toStdString()).has_value();
+    if (is_entry && action->menu() == nullptr && !action->isSeparator()) {
+      EXPECT_FALSE(action->statusTip().isEmpty()) << action->objectName().toStdString();
+    }
   }
 }
 
 TEST_F(MenuTest, GivesNoKeyTwice) {
   QStringList keys;
-  for (const Command& command : kCommands) {
+  for (const MenuRow& command : kMenu) {
     if (*command.shortcut != '\0') keys << QString::fromUtf8(command.shortcut);
   }
   const qsizetype all = keys.size();
@@ -135,7 +137,7 @@ TEST_F(MenuTest, GivesNoKeyTwice) {
 }
 
 TEST_F(MenuTest, TakesItsKeysAlsoWhileTheMenusAreHidden) {
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window.main.get()));
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.main));
   window.drives.Write("a.mp3", kNoise);
   window.Add("c:\\a.mp3");
   window.Run("MEditSelNone");

@@ -115,7 +115,7 @@ TEST_F(OrderTest, MovesTheSelectedRowsByMenuKeysAndToolbar) {
   EXPECT_TRUE(window.document->PlaylistChanged);
   window.List().setFocus();
   window.main->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window.main.get()));
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.main));
   QTest::keyClick(window.main->windowHandle(), Qt::Key_Up, Qt::AltModifier);
   EXPECT_EQ(window.Names(), "a.mp3 d.mp3 c.mp3 b.mp3");
   EXPECT_EQ(window.Selected(), "xx--");

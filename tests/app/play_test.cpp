@@ -81,11 +81,11 @@ TEST_F(PlayTest, RemembersTheBookmarkFileThatItFound) {
 TEST_F(PlayTest, RunsItsFourCommands) {
   StartWithRows();
   window.document->ListView1.SetSelected(2, true);
-  window.main->MEditPlaySel_Click();
+  window.program->commands.Run("MEditPlaySel");
   EXPECT_EQ(Played(), "c:\\one\\b.mp3|");
-  window.main->MEditPlayFol_Click();
+  window.program->commands.Run("MEditPlayFol");
   EXPECT_EQ(Played(), "c:\\one\\a.mp3|c:\\one\\b.mp3|");
-  window.main->MEditPlayLoc_Click();
+  window.program->commands.Run("MEditPlayLoc");
   EXPECT_EQ(Played(), "c:\\one\\b.mp3|c:\\two\\c.mp3|");
   window.Run("MEditPlayList");
   EXPECT_EQ(Played(), "c:\\one\\a.mp3|c:\\one\\b.mp3|c:\\two\\c.mp3|");

@@ -166,7 +166,7 @@ TEST_F(ToolbarTest, StaysAsItIsWhenTheFormIsCancelled) {
 }
 
 TEST_F(ToolbarTest, IsCustomisedByTheKeyboardToo) {
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window.main.get()));
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.main));
   bool came = false;
   QTimer::singleShot(0, [&] {
     auto* form = qobject_cast<QDialog*>(QApplication::activeModalWidget());

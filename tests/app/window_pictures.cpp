@@ -131,14 +131,14 @@ class Pictures {
   }
 
   void TakeToolbarForm() {
-    ToolbarForm form({1, 2, 3, 4, 5, 6, 4, 11, 12}, window_.main.get());
+    ToolbarForm form({1, 2, 3, 4, 5, 6, 4, 11, 12}, window_.main);
     form.move(window_.main->mapToGlobal(QPoint(220, 40)));
     form.show();
     Take("toolbar-form", &form);
   }
 
   void TakeProperties() {
-    QTimer::singleShot(0, window_.main.get(), [this] {
+    QTimer::singleShot(0, window_.main, [this] {
       QWidget* form = QApplication::activeModalWidget();
       QTest::qWait(kGathering);
       Take("playlist-properties", form);

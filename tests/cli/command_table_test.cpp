@@ -7,22 +7,14 @@
 
 #include "cli/json_text.h"
 #include "playlist/paths/text.h"
-#include "support/fake_settings_store.h"
-#include "support/list_test_base.h"
+#include "support/cli_test_base.h"
 
 namespace qublet {
 namespace {
 
 // Runs the program's commands in this process, over two temporary drives.
-class CommandTest : public ListTestBase {
+class CommandTest : public CliTestBase {
  protected:
-  int Run(const Arguments& arguments) {
-    out_.str("");
-    err_.str("");
-    return RunCommand(arguments, *files_, store_, out_, err_);
-  }
-  std::string Out() const { return out_.str(); }
-  std::string Err() const { return err_.str(); }
   // The full paths that a table of rows shows.
   Collection Listed() const {
     Collection paths;
@@ -36,11 +28,6 @@ class CommandTest : public ListTestBase {
     return paths;
   }
   std::string Native(const std::string& name) const { return (drives_.C() / name).string(); }
-
- private:
-  FakeSettingsStore store_;
-  std::ostringstream out_;
-  std::ostringstream err_;
 };
 
 using CommandLine = CommandTest;

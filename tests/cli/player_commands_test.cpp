@@ -1,19 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <sstream>
-
-#include "cli/play_command.h"
-#include "cli/player_command.h"
-#include "cli/properties_command.h"
-#include "support/fake_player.h"
-#include "support/fake_settings_store.h"
-#include "support/scripted_shell.h"
-#include "support/temporary_drives.h"
+#include "support/cli_test_base.h"
 
 namespace qublet {
 namespace {
 
-class PlayerCommandsTest : public testing::Test {
+class PlayerCommandsTest : public CliTestBase {
  protected:
   PlayerCommandsTest() {
     drives_.Write("m/1.mp3", "abc");
@@ -22,31 +14,13 @@ class PlayerCommandsTest : public testing::Test {
     associations_.program = {"c:\\mpv", "mpv", true};
   }
 
-  CommandContext Context(const Arguments& arguments) {
-    out_.str("");
-    err_.str("");
-    return {arguments, *files_, store_, out_, err_};
-  }
-  int Play(const Arguments& arguments) {
-    CommandContext context = Context(arguments);
-    return PlayWith(context, shell_, associations_, "c:\\program");
-  }
-  int Player(const Arguments& arguments) {
-    CommandContext context = Context(arguments);
-    return SteerPlayer(context, associations_, players_, "c:\\program");
-  }
-  int Properties(const Arguments& arguments) {
-    CommandContext context = Context(arguments);
-    return PrintProperties(context, associations_, "c:\\program");
-  }
+  int Play(const Arguments& arguments) { return Run("play", arguments); }
+  int Player(const Arguments& arguments) { return Run("player", arguments); }
+  int Properties(const Arguments& arguments) { return Run("properties", arguments); }
 
-  TemporaryDrives drives_;
-  std::unique_ptr<FileSystem> files_ = OpenFileSystem();
-  FakeSettingsStore store_;
-  ScriptedShell shell_;
-  FakeAssociations associations_;
-  FakePlayerWindows players_;
-  std::ostringstream out_, err_;
+  ScriptedShell& shell_ = fakes_.shell;
+  FakeAssociations& associations_ = fakes_.associations;
+  FakePlayerWindows& players_ = fakes_.players;
 };
 
 TEST_F(PlayerCommandsTest, PlayOpensWhatThePathsHold) {

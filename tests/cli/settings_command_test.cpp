@@ -1,30 +1,18 @@
-#include "cli/settings_command.h"
-
 #include <gtest/gtest.h>
 
-#include <sstream>
-
-#include "support/fake_settings_store.h"
+#include "support/cli_test_base.h"
 
 namespace qublet {
 namespace {
 
-class SettingsCommandTest : public testing::Test {
+class SettingsCommandTest : public CliTestBase {
  protected:
-  int Run(const std::vector<std::string>& arguments) {
-    out_.str("");
-    err_.str("");
-    CommandContext context{arguments, *files_, store_, out_, err_};
-    return SettingsCommand(context);
-  }
+  int Run(const std::vector<std::string>& arguments) { return CliTestBase::Run("settings", arguments); }
   std::string Stored(const std::string& section, const std::string& key) const {
     return store_.GetSetting("QUBLET2021", section, key);
   }
 
-  std::unique_ptr<FileSystem> files_ = OpenFileSystem();
-  FakeSettingsStore store_;
-  std::ostringstream out_;
-  std::ostringstream err_;
+  FakeSettingsStore& store_ = fakes_.store;
 };
 
 TEST_F(SettingsCommandTest, SetsGetsAndLists) {

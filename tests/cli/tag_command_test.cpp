@@ -1,31 +1,15 @@
-#include "cli/tag_command.h"
-
 #include <gtest/gtest.h>
 
-#include <sstream>
-
-#include "support/fake_settings_store.h"
+#include "support/cli_test_base.h"
 #include "support/tag_bytes.h"
-#include "support/temporary_drives.h"
 #include "support/vorbis_bytes.h"
 
 namespace qublet {
 namespace {
 
-class TagCommandTest : public testing::Test {
+class TagCommandTest : public CliTestBase {
  protected:
-  int Run(const std::vector<std::string>& arguments) {
-    out_.str("");
-    err_.str("");
-    CommandContext context{arguments, *files_, store_, out_, err_};
-    return TagCommand(context);
-  }
-
-  TemporaryDrives drives_;
-  std::unique_ptr<FileSystem> files_ = OpenFileSystem();
-  FakeSettingsStore store_;
-  std::ostringstream out_;
-  std::ostringstream err_;
+  int Run(const std::vector<std::string>& arguments) { return CliTestBase::Run("tag", arguments); }
 };
 
 const std::string kSong =

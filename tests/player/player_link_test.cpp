@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/fake_player.h"
+#include "support/fake_services.h"
 #include "support/temporary_drives.h"
 
 namespace qublet {
@@ -20,9 +20,11 @@ class PlayerLinkTest : public testing::Test {
   TemporaryDrives drives_;
   std::unique_ptr<FileSystem> files_ = OpenFileSystem();
   Document document_;
-  FakeAssociations associations_;
-  FakePlayerWindows players_;
-  PlayerLink link_{document_, {*files_, associations_, players_}, "c:\\program"};
+  Feedback feedback_;
+  FakeServices fakes_;
+  FakeAssociations& associations_ = fakes_.associations;
+  FakePlayerWindows& players_ = fakes_.players;
+  PlayerLink link_{document_, fakes_.Over(*files_, feedback_), "c:\\program"};
 };
 
 TEST_F(PlayerLinkTest, KnowsThePlayerByItsPathInAnyCaseAndInAFolder) {

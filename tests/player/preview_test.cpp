@@ -3,9 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "support/fake_player.h"
+#include "support/fake_services.h"
 #include "support/recorders.h"
-#include "support/scripted_dialogs.h"
-#include "support/scripted_shell.h"
 #include "support/temporary_drives.h"
 
 namespace qublet {
@@ -48,9 +47,10 @@ class PreviewTest : public testing::Test {
   RecordingFeedback feedback_;
   MainView view_;
   Items items_{document_, *files_, feedback_, view_, ","};
-  ScriptedShell shell_;
-  ScriptedDialogs dialogs_;
-  Preview preview_{document_, items_, {*files_, shell_, dialogs_, feedback_}, "c:\\program"};
+  FakeServices fakes_;
+  ScriptedShell& shell_ = fakes_.shell;
+  ScriptedDialogs& dialogs_ = fakes_.dialogs;
+  Preview preview_{document_, items_, fakes_.Over(*files_, feedback_), "c:\\program"};
 };
 
 TEST_F(PreviewTest, DoesNothingForAnEmptyList) {

@@ -327,10 +327,16 @@ TEST_F(AddStuff, RefreshesTheWindowForTheNewSelectionUnlessDropping) {
   EXPECT_TRUE(Add("c:\\a.mp3", true));
   EXPECT_EQ(view_.shown.size(), 2U) << "once for the rows deselected, once for the rows selected";
   view_.shown.clear();
-  document_.Dropping = true;
-  EXPECT_TRUE(Add("c:\\a.mp3", true));
-  EXPECT_EQ(Selection(), "-x");
-  EXPECT_TRUE(view_.shown.empty()) << "who drops refreshes once, after the last name";
+  {
+    const RefreshOnce outer(view_);
+    const RefreshOnce inner(view_);
+    EXPECT_TRUE(view_.Dropping());
+    EXPECT_TRUE(Add("c:\\a.mp3", true));
+    EXPECT_EQ(Selection(), "-x");
+    EXPECT_TRUE(view_.shown.empty()) << "who drops refreshes once, after the last name";
+  }
+  EXPECT_FALSE(view_.Dropping());
+  EXPECT_EQ(view_.shown, std::vector<std::string>{"click"});
 }
 
 TEST_F(AddStuff, EndsWithFalseWhenTheRowOfAFileCouldNotBeFilled) {

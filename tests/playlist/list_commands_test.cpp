@@ -32,12 +32,10 @@ class ListCommandsTest : public ListTestBase {
   }
 
   AppSettings settings_;
-  ScriptedDialogs dialogs_;
-  ScriptedShell shell_;
-  ScriptedRandom random_;
-  std::unique_ptr<Collation> collation_ = OpenCollation();
-  ListCommands commands_{
-      document_, items_, settings_, {*files_, dialogs_, shell_, random_, *collation_, feedback_}, view_};
+  ScriptedDialogs& dialogs_ = fakes_.dialogs;
+  ScriptedShell& shell_ = fakes_.shell;
+  ScriptedRandom& random_ = fakes_.random;
+  ListCommands commands_{document_, items_, settings_, services_, view_};
 };
 
 TEST_F(ListCommandsTest, SortWithoutAQuestionWhenNoneIsWanted) {

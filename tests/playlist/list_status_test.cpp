@@ -2,50 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "support/list_test_base.h"
+#include "support/song_list_test_base.h"
 
 namespace qublet {
 namespace {
 
 using Panels = std::array<std::string, 3>;
 
-class ListStatusTest : public ListTestBase {
- protected:
-  // A row of this length and size; its file is there if `present`.
-  void AddRow(const std::string& name, const std::string& length, const std::string& size, bool present = true) {
-    if (present) Touch({name});
-    Row row = NamedRow(name);
-    row.cells[kPath] = "c:\\";
-    row.cells[kHiddenLen] = length;
-    row.cells[kHiddenSize] = size;
-    Rows().Insert(Rows().Count() + 1, {row});
-  }
-  // Three songs of 1:00, 2:05 and 1:01:01 and a missing one between them.
-  void AddSongs() {
-    AddRow("1.mp3", "60", "1000");
-    AddRow("2.mp3", "125", "20000");
-    AddRow("gone.mp3", "", "", false);
-    AddRow("3.mp3", "3661", "20000000");
-  }
-  void Select(const std::string& letters, int focused) {
-    Rows().SelectWhere([&](int index, const Row&) { return letters.at(static_cast<std::size_t>(index - 1)) == 'x'; });
-    Rows().SetFocusedRow(focused);
-  }
-  ListStatus Status() { return WorkOutStatus(Rows(), *files_, settings_, ","); }
-  // What the status says of a menu entry; the last word counts.
-  std::string Enabled(const std::string& name) {
-    std::string word = "unsaid";
-    for (const CommandState& command : Status().commands) {
-      if (command.name == name) word = command.enabled ? "enabled" : "disabled";
-    }
-    return word;
-  }
-  void ExpectAll(const std::vector<std::string>& names, const std::string& word) {
-    for (const std::string& name : names) EXPECT_EQ(Enabled(name), word) << name;
-  }
-
-  AppSettings settings_;
-};
+using ListStatusTest = SongListTestBase;
 
 TEST_F(ListStatusTest, ShowsZerosForAnEmptyList) {
   EXPECT_EQ(Status().panels, (Panels{"Total: 0", "0:00", "0 Bytes"}));
@@ -108,53 +72,6 @@ TEST_F(ListStatusTest, AddsUpBeyond32Bits) {
 TEST_F(ListStatusTest, GroupsDigitsAsTheLocaleDoes) {
   AddRow("1.mp3", "1", "16384");
   EXPECT_EQ(WorkOutStatus(Rows(), *files_, settings_, "'").panels[2], "16'384 Bytes");
-}
-
-const std::vector<std::string> kForAnySelection{
-    "MEditRemove", "MEditPlaySel", "MEditPlayFol",  "MEditPlayLoc", "MEditSelAlt",       "MEditSelNone",
-    "MEditSelLoc", "MEditSeMark",  "MEditSeUnMark", "MEditSelFol",  "MToolsBookmarkAdd", "MEditSelShuffle"};
-
-TEST_F(ListStatusTest, LeavesOnlySelectAllOfTheSelectionCommandsOnAnEmptyList) {
-  ExpectAll(kForAnySelection, "disabled");
-  ExpectAll({"MEditSelTop", "MEditSelBottom", "MEditId3", "MEditFileInfo", "MEditMoveUp", "MEditMoveDown", "Mreloc"},
-            "disabled");
-  EXPECT_EQ(Enabled("MEditSelAll"), "enabled");
-}
-
-TEST_F(ListStatusTest, EnablesCommandsForOnePresentRow) {
-  AddSongs();
-  Select("-x--", 2);
-  ExpectAll(kForAnySelection, "enabled");
-  ExpectAll({"MEditSelAll", "MEditSelTop", "MEditSelBottom", "MEditMoveUp", "MEditMoveDown", "MEditId3",
-             "MEditFileInfo", "MEditPlaySel"},
-            "enabled");
-  ExpectAll({"Mreloc", "Mrelocs"}, "disabled");
-}
-
-TEST_F(ListStatusTest, OffersRelocationForOneMissingRow) {
-  AddSongs();
-  Select("--x-", 3);
-  ExpectAll({"Mreloc", "Mrelocs"}, "enabled");
-  ExpectAll({"MEditId3", "MEditFileInfo", "MEditPlaySel"}, "disabled");
-}
-
-TEST_F(ListStatusTest, KeepsTheTagEditorForSeveralRowsWithAMissingOneAmongThem) {
-  AddSongs();
-  Select("-xx-", 3);
-  ExpectAll({"MEditId3", "MEditSelAll", "MEditSelTop", "MEditSelBottom"}, "enabled");
-  ExpectAll({"Mreloc", "MEditFileInfo"}, "disabled");
-}
-
-TEST_F(ListStatusTest, DoesNotMoveBeyondTheEnds) {
-  AddSongs();
-  Select("x---", 1);
-  ExpectAll({"MEditMoveUp", "MEditSelTop"}, "disabled");
-  ExpectAll({"MEditMoveDown", "MEditSelBottom"}, "enabled");
-  Select("---x", 4);
-  ExpectAll({"MEditMoveUp", "MEditSelTop"}, "enabled");
-  ExpectAll({"MEditMoveDown", "MEditSelBottom"}, "disabled");
-  Select("xxxx", 4);
-  ExpectAll({"MEditSelAll", "MEditSelTop", "MEditSelBottom", "MEditMoveUp", "MEditMoveDown"}, "disabled");
 }
 
 using Warnings = std::array<std::optional<bool>, 3>;

@@ -73,9 +73,8 @@ class PlaylistFilesTest : public ListTestBase {
   }
 
   AppSettings settings_;
-  ScriptedDialogs dialogs_;
-  StoppedClock clock_;
-  PlaylistFiles playlist_files_{document_, items_, settings_, {*files_, dialogs_, clock_, feedback_}, view_};
+  ScriptedDialogs& dialogs_ = fakes_.dialogs;
+  PlaylistFiles playlist_files_{document_, items_, settings_, services_, view_};
 };
 
 using Caption = PlaylistFilesTest;

@@ -6,8 +6,7 @@
 #include <cstdlib>
 
 #include "playlist/playlist_files.h"
-#include "support/scripted_dialogs.h"
-#include "support/stopped_clock.h"
+#include "support/fake_services.h"
 
 namespace {
 
@@ -24,12 +23,12 @@ int Save(const std::string& source, const std::string& target, bool relative) {
   MainView view;
   AppSettings settings;
   LoadDefaultSettings(settings, {});
-  ScriptedDialogs dialogs;
+  FakeServices fakes;
+  ScriptedDialogs& dialogs = fakes.dialogs;
   dialogs.save_names.emplace_back(target);
   dialogs.answers.push_back(MessageAnswer::kYes);
-  const StoppedClock clock;
   Items items(document, *files, feedback, view, ",");
-  PlaylistFiles playlist_files(document, items, settings, {*files, dialogs, clock, feedback}, view);
+  PlaylistFiles playlist_files(document, items, settings, fakes.Over(*files, feedback), view);
 
   items.AddStuff(source, false);
   const bool saved = playlist_files.SavePlaylistFile(true, relative);

@@ -36,9 +36,9 @@ class SelectionTest : public ListTestBase {
     for (const int row : rows) Rows().SetSelected(row, true);
   }
 
-  ScriptedDialogs dialogs_;
-  ScriptedShell shell_;
-  ScriptedRandom random_;
+  ScriptedDialogs& dialogs_ = fakes_.dialogs;
+  ScriptedShell& shell_ = fakes_.shell;
+  ScriptedRandom& random_ = fakes_.random;
 };
 
 using Selecting = SelectionTest;
@@ -114,7 +114,7 @@ TEST_F(Selecting, InFoldersTakesAllRowsInTheFoldersOfTheSelectedOnesOnly) {
   Add("c:\\two");
   Add("c:\\three");
   SelectRows({2, 6});
-  SelectInFolders(document_, items_);
+  SelectInFolders(document_.ListView1);
   EXPECT_EQ(Names(), "a.mp3 b.mp3 c.mp3 d.mp3 e.mp3 f.mp3");
   EXPECT_EQ(Selection(), "xx--xx");
 }
@@ -122,7 +122,7 @@ TEST_F(Selecting, InFoldersTakesAllRowsInTheFoldersOfTheSelectedOnesOnly) {
 TEST_F(Selecting, InFoldersOfNothingIsNothing) {
   Touch({"one/a.mp3"});
   Add("c:\\one");
-  SelectInFolders(document_, items_);
+  SelectInFolders(document_.ListView1);
   EXPECT_EQ(Selection(), "-");
 }
 
@@ -130,7 +130,7 @@ TEST_F(Selecting, InFoldersComparesTheFolderAsTextWithTheNameTakenOutEverywhere)
   Touch({"a.mp3/a.mp3", "a.mp3/b.mp3"});
   Add("c:\\a.mp3");
   SelectRows({1});
-  SelectInFolders(document_, items_);
+  SelectInFolders(document_.ListView1);
   EXPECT_EQ(Rows().At(1).cells[kPath], "c:\\\\");
   EXPECT_EQ(Selection(), "x-");
 }
@@ -186,7 +186,7 @@ TEST_F(ImportingFolders, AddsEachFolderAtTheEndWithWhatIsBelow) {
   Add("c:\\two\\c.mp3");
   SelectRows({1, 2});
   document_.PlaylistChanged = false;
-  ImportFolders(document_, items_);
+  ImportFolders(document_.ListView1, items_);
   EXPECT_EQ(Names(), "a.mp3 c.mp3 a.mp3 b.mp3 c.mp3");
   EXPECT_EQ(Selection(), "----x") << "the selection moves to the last batch";
   EXPECT_TRUE(document_.PlaylistChanged);
@@ -198,18 +198,18 @@ TEST_F(ImportingFolders, ReadsAFolderAgainWhenTheRowsComeBackToIt) {
   Add("c:\\two");
   Add("c:\\one");
   SelectRows({1, 2, 3});
-  ImportFolders(document_, items_);
+  ImportFolders(document_.ListView1, items_);
   EXPECT_EQ(Names(), "a.mp3 c.mp3 a.mp3 a.mp3 c.mp3 a.mp3");
 }
 
 TEST_F(ImportingFolders, WithoutASelectionOrAFolderDoesNothing) {
   Touch({"one/a.mp3"});
   Add("c:\\one");
-  ImportFolders(document_, items_);
+  ImportFolders(document_.ListView1, items_);
   EXPECT_EQ(Names(), "a.mp3");
   std::filesystem::remove_all(drives_.C() / "one");
   SelectRows({1});
-  ImportFolders(document_, items_);
+  ImportFolders(document_.ListView1, items_);
   EXPECT_EQ(Names(), "a.mp3");
 }
 
@@ -220,11 +220,11 @@ TEST_F(FolderInCommon, IsTheOneThatTheSelectedRowsShare) {
   Add("c:\\music");
   Add("c:\\c.mp3");
   SelectRows({1});
-  EXPECT_EQ(CommonFolder(document_, items_, *files_), "c:\\music\\one");
+  EXPECT_EQ(CommonFolder(document_.ListView1, *files_), "c:\\music\\one");
   SelectRows({2});
-  EXPECT_EQ(CommonFolder(document_, items_, *files_), "c:\\music");
+  EXPECT_EQ(CommonFolder(document_.ListView1, *files_), "c:\\music");
   SelectRows({3});
-  EXPECT_EQ(CommonFolder(document_, items_, *files_), "c:");
+  EXPECT_EQ(CommonFolder(document_.ListView1, *files_), "c:");
 }
 
 TEST_F(FolderInCommon, IsTheCurrentOneForFilesOnSeveralDrives) {
@@ -234,7 +234,7 @@ TEST_F(FolderInCommon, IsTheCurrentOneForFilesOnSeveralDrives) {
   Add("d:\\b.mp3");
   SelectRows({1, 2});
   files_->SetCurrentFolder("c:\\here");
-  EXPECT_EQ(CommonFolder(document_, items_, *files_), "c:\\here");
+  EXPECT_EQ(CommonFolder(document_.ListView1, *files_), "c:\\here");
 }
 
 using Removing = SelectionTest;

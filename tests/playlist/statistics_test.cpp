@@ -22,7 +22,7 @@ class StatisticsTest : public ListTestBase {
     Rows().Insert(Rows().Count() + 1, std::move(row));
   }
 
-  Statistics Gather() { return GatherStatistics(document_, items_, *files_, associations_, "c:\\program"); }
+  Statistics Gather() { return GatherStatistics(document_, *files_, associations_, "c:\\program"); }
 
   // The shown texts by their labels.
   std::map<std::string, std::string> Texts() {
@@ -31,7 +31,7 @@ class StatisticsTest : public ListTestBase {
     return texts;
   }
 
-  FakeAssociations associations_;
+  FakeAssociations& associations_ = fakes_.associations;
 };
 
 TEST_F(StatisticsTest, CountItemsFoldersSizesAndTimes) {

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "playlist/items.h"
+#include "support/fake_services.h"
 #include "support/mpeg_frames.h"
 #include "support/recorders.h"
 #include "support/row_texts.h"
@@ -35,6 +36,8 @@ class ListTestBase : public testing::Test {
   Document document_;
   RecordingFeedback feedback_;
   RecordingView view_;
+  FakeServices fakes_;
+  Services services_ = fakes_.Over(*files_, feedback_);
   Items items_{document_, *files_, feedback_, view_, ","};
 };
 

@@ -9,13 +9,8 @@
 #include <memory>
 #include <string>
 
-#include "app/Main.h"
-#include "support/fake_player.h"
-#include "support/fake_settings_store.h"
-#include "support/fake_startup_entries.h"
-#include "support/scripted_dialogs.h"
-#include "support/scripted_random.h"
-#include "support/scripted_shell.h"
+#include "app/program.h"
+#include "support/fake_services.h"
 #include "support/temporary_drives.h"
 
 namespace qublet {
@@ -31,22 +26,23 @@ class MainWindow {
 
   TemporaryDrives drives;
   std::unique_ptr<FileSystem> files;
-  FakeSettingsStore store;
-  FakeStartupEntries startup;
-  ScriptedDialogs dialogs;
-  SystemClock clock;
-  ScriptedShell shell;
-  ScriptedRandom random;
-  std::unique_ptr<Collation> collation = OpenCollation();
-  FakeAssociations associations;
-  FakePlayerWindows players;
-  std::unique_ptr<Document> document;
-  std::unique_ptr<AppSettings> settings;
-  std::unique_ptr<Main> main;
+  FakeServices fakes;
+  FakeSettingsStore& store = fakes.store;
+  FakeStartupEntries& startup = fakes.startup;
+  ScriptedDialogs& dialogs = fakes.dialogs;
+  ScriptedShell& shell = fakes.shell;
+  ScriptedRandom& random = fakes.random;
+  FakeAssociations& associations = fakes.associations;
+  FakePlayerWindows& players = fakes.players;
+  WindowFeedback feedback;
+  std::unique_ptr<Program> program;
+  Document* document = nullptr;
+  AppSettings* settings = nullptr;
+  Main* main = nullptr;
 
   // The program is started anew: what the store and the program folder keep stays.
   void Restart(const std::string& command_line = "") {
-    main.reset();
+    program.reset();
     Make();
     Start(command_line);
   }
@@ -82,12 +78,12 @@ class MainWindow {
 
  private:
   void Make() {
-    document = std::make_unique<Document>();
-    settings = std::make_unique<AppSettings>();
     drives.WriteAt(drives.C() / "program" / "here", "");
-    const Main::Services services{*files, store,  startup,    dialogs,      clock,
-                                  shell,  random, *collation, associations, players};
-    main = std::make_unique<Main>(*document, *settings, services, Session::Places{"QUBLET2021", "c:\\program"});
+    program = std::make_unique<Program>(fakes.Over(*files, feedback), feedback,
+                                        Session::Places{"QUBLET2021", "c:\\program"});
+    document = &program->engine.document;
+    settings = &program->engine.settings;
+    main = &program->main;
   }
 };
 

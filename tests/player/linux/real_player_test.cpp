@@ -4,8 +4,8 @@
 
 #include "player/player_link.h"
 #include "player/preview.h"
+#include "support/fake_services.h"
 #include "support/private_bus.h"
-#include "support/scripted_dialogs.h"
 
 namespace qublet {
 namespace {
@@ -115,10 +115,13 @@ class RealPlayer : public testing::Test {
   Document document_;
   Feedback feedback_;
   MainView view_;
-  ScriptedDialogs dialogs_;
+  FakeServices fakes_;
+  ScriptedDialogs& dialogs_ = fakes_.dialogs;
+  Services services_{*files_,       fakes_.store,      fakes_.startup, dialogs_,  fakes_.clock, *shell_,
+                     fakes_.random, *fakes_.collation, *associations_, *players_, feedback_};
   Items items_{document_, *files_, feedback_, view_, ","};
-  PlayerLink link_{document_, {*files_, *associations_, *players_}, "c:\\program"};
-  Preview preview_{document_, items_, {*files_, *shell_, dialogs_, feedback_}, "c:\\program"};
+  PlayerLink link_{document_, services_, "c:\\program"};
+  Preview preview_{document_, items_, services_, "c:\\program"};
 };
 
 TEST_F(RealPlayer, IsKnownByItsEntry) {

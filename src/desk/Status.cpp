@@ -1,4 +1,4 @@
-#include "app/Status.h"
+#include "desk/Status.h"
 
 namespace qublet {
 

@@ -1,4 +1,6 @@
-#include "app/placement.h"
+#include "desk/placement.h"
+
+#include <QScreen>
 
 namespace qublet {
 namespace {
@@ -24,6 +26,11 @@ QPoint PlaceBeside(const QRect& main, QSize frm, const QRect& screen, QPoint pre
     place.setY(main.top() + main.height() - frm.height());
   }
   return place;
+}
+
+void PositionForm(const QWidget& main, QWidget& frm) {
+  const QSize frame = main.frameGeometry().size() - main.size();
+  frm.move(PlaceBeside(main.frameGeometry(), frm.size() + frame, main.screen()->geometry(), frm.pos()));
 }
 
 }  // namespace qublet

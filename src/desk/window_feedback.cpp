@@ -1,4 +1,4 @@
-#include "app/window_feedback.h"
+#include "desk/window_feedback.h"
 
 namespace qublet {
 namespace {
@@ -7,45 +7,51 @@ constexpr qint64 kPumpEvery = 20;  // milliseconds: often enough for a smooth wi
 
 }  // namespace
 
-WindowFeedback::WindowFeedback(QWidget& list, QLabel& activity, QWidget* window)
-    : list_(list), activity_(activity), status_(window) {
+void WindowFeedback::ShowIn(QWidget& list, QLabel& activity, QWidget& window) {
+  places_.reset(new Places{list, activity, Status(&window)});
   last_pump_.start();
 }
 
+void WindowFeedback::ShowNowhere() {
+  places_.reset();
+}
+
 void WindowFeedback::LetRepaint() {
-  if (last_pump_.elapsed() < kPumpEvery) return;
+  if (!places_ || last_pump_.elapsed() < kPumpEvery) return;
   lock_.Pump();
   last_pump_.restart();
 }
 
 void WindowFeedback::BeginWait() {
-  if (++waiting_ == 1) list_.setCursor(Qt::WaitCursor);
+  if (++waiting_ == 1 && places_) places_->list.setCursor(Qt::WaitCursor);
 }
 
 void WindowFeedback::EndWait() {
-  if (--waiting_ == 0) list_.unsetCursor();
+  if (--waiting_ == 0 && places_) places_->list.unsetCursor();
 }
 
 void WindowFeedback::ShowActivity(const std::string& text) {
-  activity_.setText(QString::fromStdString(text));
+  if (places_) places_->activity.setText(QString::fromStdString(text));
   LetRepaint();
 }
 
 void WindowFeedback::BeginProgress(const std::string& caption, int maximum) {
-  status_.Begin(QString::fromStdString(caption), maximum);
+  if (!places_) return;
+  places_->status.Begin(QString::fromStdString(caption), maximum);
   lock_.Pump();
 }
 
 void WindowFeedback::ShowProgress(int value) {
-  if (last_pump_.elapsed() < kPumpEvery) return;
-  status_.Move(value);
+  if (!places_ || last_pump_.elapsed() < kPumpEvery) return;
+  places_->status.Move(value);
   LetRepaint();
 }
 
 void WindowFeedback::EndProgress() {
+  if (!places_) return;
   // What the user pressed during the work is thrown away with the last round.
   lock_.Pump();
-  status_.hide();
+  places_->status.hide();
 }
 
 }  // namespace qublet

@@ -1,10 +1,9 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
-#include "platform/file_system.h"
-#include "platform/settings_store.h"
-#include "platform/startup_entry.h"
+#include "platform/services.h"
 #include "playlist/items.h"
 #include "settings/app_settings.h"
 #include "settings/kept_values.h"
@@ -22,7 +21,6 @@ class Session {
     virtual void CopyState(AppSettings& settings) = 0;  // what the window looks like now, into the record
     virtual ColumnWidths DefColumnWidths() const = 0;
     virtual ScreenSize Screen() const = 0;
-    virtual void ShowRecentFiles() = 0;
     virtual void Relayout() = 0;
   };
 
@@ -31,27 +29,37 @@ class Session {
     std::string program_folder;  // drive form, no trailing "\"; "" when there is none
   };
 
-  Session(Document& document, AppSettings& settings, Items& items, FileSystem& files, SettingsStore& store,
-          StartupEntries& startup, Places places, Window& window);
+  Session(Document& document, AppSettings& settings, Items& items, const Services& services, MainView& view,
+          Places places)
+      : document_(document),
+        settings_(settings),
+        items_(items),
+        services_(services),
+        view_(view),
+        places_(std::move(places)) {}
 
-  // True on the first start for this user: no earlier start has left its mark in the store. Marks this one.
-  bool FirstStart() const { return first_start_; }
+  // The window that the rest is about; it outlives all calls below.
+  void Show(Window& window) { window_ = &window; }
 
+  // Leaves the mark of a start in the store, and where the program lies for those who look for it.
+  void Begin();
+  // What the last session left; on the first start for this user (no mark of an earlier one) the defaults, shown and
+  // written at once.
+  void RestoreOrBeginAnew();
   // Stores what is to be kept (`SetReg` True) or brings it back. A step that fails is skipped and the next one runs.
   void SetFormState(bool SetReg);
-  // The defaults of a first start, shown and written at once.
-  void BeginFirstStart();
 
   // A value that is kept apart from the record, "" when there is none; and keeps it at once, or gives up quietly.
-  std::string Kept(const SettingAddress& address) const { return GetSetting(store_, places_.AppKey, address); }
+  std::string Kept(const SettingAddress& address) const {
+    return GetSetting(services_.store, places_.AppKey, address);
+  }
   void Keep(const SettingAddress& address, const std::string& value) {
-    SaveSetting(store_, places_.AppKey, address, value);
+    SaveSetting(services_.store, places_.AppKey, address, value);
   }
 
-  // "last.m3u" in the program folder: the list of the last session.
-  std::string LastPlaylist() const { return places_.program_folder + "\\last.m3u"; }
-
  private:
+  void StoreState();
+  void RestoreState();
   void LoadRecord();
   void RestoreWorkFolder();
   void RestoreRecentFiles();
@@ -60,11 +68,10 @@ class Session {
   Document& document_;
   AppSettings& settings_;
   Items& items_;
-  FileSystem& files_;
-  SettingsStore& store_;
-  StartupEntries& startup_;
+  Services services_;
+  MainView& view_;
   Places places_;
-  Window& window_;
+  Window* window_ = nullptr;
   bool first_start_ = false;
 };
 

@@ -3,8 +3,9 @@
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QWidget>
+#include <memory>
 
-#include "app/Status.h"
+#include "desk/Status.h"
 #include "platform/feedback.h"
 #include "platform/qt/input_lock.h"
 
@@ -14,25 +15,31 @@ namespace qublet {
 // window.
 class WindowFeedback : public Feedback {
  public:
-  WindowFeedback(QWidget& list, QLabel& activity, QWidget* window);
-
-  // True while a batch runs; the window takes no command then.
-  bool Busy() const { return waiting_ > 0; }
+  // From now on the work shows there; before, nothing is shown.
+  void ShowIn(QWidget& list, QLabel& activity, QWidget& window);
+  // The window goes away.
+  void ShowNowhere();
 
   // Repaints now and then in the middle of work that shows no progress; what the user presses is thrown away.
   void LetRepaint();
 
   void BeginWait() override;
   void EndWait() override;
+  bool Busy() const override { return waiting_ > 0; }
   void ShowActivity(const std::string& text) override;
   void BeginProgress(const std::string& caption, int maximum) override;
   void ShowProgress(int value) override;
   void EndProgress() override;
 
  private:
-  QWidget& list_;
-  QLabel& activity_;
-  Status status_;
+  // The parts of the window.
+  struct Places {
+    QWidget& list;
+    QLabel& activity;
+    Status status;
+  };
+
+  std::unique_ptr<Places> places_;
   InputLock lock_;
   QElapsedTimer last_pump_;
   int waiting_ = 0;

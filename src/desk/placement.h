@@ -3,6 +3,7 @@
 #include <QPoint>
 #include <QRect>
 #include <QSize>
+#include <QWidget>
 
 namespace qublet {
 
@@ -10,5 +11,8 @@ namespace qublet {
 // leaves no room beside it. All in pixels of the desktop, frames included; `present` is where the new window would
 // stand otherwise, and stays what it is sideways when there is room on neither side.
 QPoint PlaceBeside(const QRect& main, QSize frm, const QRect& screen, QPoint present);
+
+// Moves a window that isn't shown yet to that place.
+void PositionForm(const QWidget& main, QWidget& frm);
 
 }  // namespace qublet

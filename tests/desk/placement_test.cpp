@@ -1,4 +1,4 @@
-#include "app/placement.h"
+#include "desk/placement.h"
 
 #include <gtest/gtest.h>
 

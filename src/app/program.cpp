@@ -1,0 +1,16 @@
+#include "app/program.h"
+
+#include "app/tools.h"
+#include "playlist/paths/formats.h"
+
+namespace qublet {
+
+Program::Program(const Services& services, WindowFeedback& feedback, const Session::Places& places)
+    : engine(services, places, UserThousandsSeparator()),
+      commands(feedback),
+      main(engine, commands, feedback),
+      desk{engine, main, feedback} {
+  AddTools(commands, desk);
+}
+
+}  // namespace qublet

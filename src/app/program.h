@@ -1,0 +1,23 @@
+#pragma once
+
+#include "app/Main.h"
+#include "desk/commands.h"
+#include "desk/desk.h"
+#include "desk/window_feedback.h"
+#include "engine/engine.h"
+
+namespace qublet {
+
+// The window program over given services: engine, main window and every tool, made and bound.
+class Program {
+ public:
+  // `feedback` is the one that `services` name.
+  Program(const Services& services, WindowFeedback& feedback, const Session::Places& places);
+
+  Engine engine;
+  Commands commands;
+  Main main;
+  Desk desk;
+};
+
+}  // namespace qublet

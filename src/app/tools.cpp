@@ -1,0 +1,17 @@
+#include "app/tools.h"
+
+#include "player/ui/play_commands.h"
+#include "playlist/ui/menu_commands.h"
+
+namespace qublet {
+
+// A line each.
+void AddTools(Commands& commands, const Desk& desk) {
+  AddFileCommands(commands, desk);
+  AddListCommands(commands, desk);
+  AddSorts(commands, desk);
+  AddPlaylistStats(commands, desk);
+  AddPlayCommands(commands, desk);
+}
+
+}  // namespace qublet

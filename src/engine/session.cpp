@@ -1,0 +1,76 @@
+#include "engine/session.h"
+
+#include "playlist/own_playlists.h"
+#include "playlist/paths/file_details.h"
+#include "playlist/paths/text_files.h"
+#include "playlist/row_paths.h"
+#include "settings/kept_values.h"
+
+namespace qublet {
+
+void Session::Begin() {
+  first_start_ = IsFirstStart(services_.store, places_.AppKey);
+  SaveSetting(services_.store, places_.AppKey, kProgramPath, places_.program_folder + "\\QUBLET20.exe");
+}
+
+void Session::RestoreOrBeginAnew() {
+  if (!first_start_) return SetFormState(false);
+  settings_ = AppSettings{};
+  LoadDefaultSettings(settings_, window_->DefColumnWidths());
+  window_->ApplyQUBLETSettings();
+  SetFormState(true);
+}
+
+void Session::SetFormState(bool SetReg) {
+  SetReg ? StoreState() : RestoreState();
+}
+
+void Session::StoreState() {
+  ResumeNext([&] { services_.store.SaveSettings(places_.AppKey, StoredRecentFiles(document_.RecentFiles)); });
+  Keep(kWinampBookmarkFile, document_.WinampBookmarkFile);
+  for (const std::string& file : document_.TempFiles) DeleteFileSafe(services_.files, file);
+  if (!settings_.V && !first_start_) return;
+  StoreList();
+  Keep(kWorkFolder, document_.WorkFolder);
+  window_->CopyState(settings_);
+  SaveSettings(services_.store, places_.AppKey, settings_, services_.startup, LastPlaylist(places_.program_folder));
+}
+
+void Session::RestoreState() {
+  LoadRecord();
+  if (settings_.V) ResumeNext([&] { RestoreWorkFolder(); });
+  RestoreRecentFiles();
+  view_.RefreshRecentMenu();
+  document_.WinampBookmarkFile = Kept(kWinampBookmarkFile);
+  window_->ApplyQUBLETSettings();
+  items_.MEditSelNone_Click();
+  window_->Relayout();
+}
+
+void Session::StoreList() {
+  const Collection paths = PathsOf(document_.ListView1, WhichRows::kAll);
+  // An empty list leaves the old file: the next start brings back the list before it.
+  if (!paths.empty()) WriteLinesToFile(services_.files, LastPlaylist(places_.program_folder), paths);
+}
+
+void Session::LoadRecord() {
+  settings_ = AppSettings{};
+  LoadDefaultSettings(settings_, window_->DefColumnWidths());
+  LoadSettings(services_.store, places_.AppKey, settings_, window_->Screen());
+}
+
+void Session::RestoreWorkFolder() {
+  const std::string folder = Kept(kWorkFolder);
+  if (!FileExists(services_.files, folder)) return;
+  document_.WorkFolder = folder;
+  // "&Add Item" may have left a file's name here, which no one can change to.
+  services_.files.SetCurrentFolder(folder);
+}
+
+void Session::RestoreRecentFiles() {
+  for (const std::string& path : LoadRecentFiles(services_.store, places_.AppKey, settings_.RCount)) {
+    if (!settings_.RPurge || FileExists(services_.files, path)) document_.RecentFiles.push_back(path);
+  }
+}
+
+}  // namespace qublet

@@ -1,0 +1,46 @@
+#include "engine/system.h"
+
+#include "platform/failure.h"
+#include "platform/memory_settings_store.h"
+#include "platform/no_startup_entries.h"
+#include "platform/program.h"
+#include "settings/application.h"
+
+namespace qublet {
+namespace {
+
+std::unique_ptr<SettingsStore> StoreFor(System::Traces traces) {
+  if (traces == System::Traces::kLeavesNothing) return std::make_unique<MemorySettingsStore>();
+  return OpenSettingsStore();
+}
+
+std::unique_ptr<StartupEntries> StartupEntriesFor(System::Traces traces, const FileSystem& files) {
+  if (traces == System::Traces::kLeavesNothing) return std::make_unique<NoStartupEntries>();
+  return OpenStartupEntries(files);
+}
+
+}  // namespace
+
+System::System(Traces traces)
+    : files(OpenFileSystem()),
+      store_(StoreFor(traces)),
+      startup_(StartupEntriesFor(traces, *files)),
+      clock_(std::make_unique<SystemClock>()),
+      shell_(OpenShell(*files)),
+      random_(std::make_unique<SystemRandom>()),
+      collation_(OpenCollation()),
+      associations_(OpenAssociations(*files)),
+      players_(OpenPlayerWindows()) {}
+
+Services System::With(Dialogs& dialogs, Feedback& feedback) const {
+  return {*files,   *store_,     *startup_,      dialogs,   *clock_, *shell_,
+          *random_, *collation_, *associations_, *players_, feedback};
+}
+
+Session::Places System::FindPlaces() const {
+  Session::Places places{AppKey(), ""};
+  ResumeNext([&] { places.program_folder = ProgramFolder(*files); });
+  return places;
+}
+
+}  // namespace qublet
