@@ -40,10 +40,4 @@ if(QUBLET_FUZZ)
   target_link_options(house_rules INTERFACE -fsanitize=address,undefined)
 endif()
 
-# room(NAME SOURCES ... USES ...): one static library per room, linked to exactly the rooms it may use. A room that
-# reaches into one it doesn't name fails to link.
-function(room name)
-  cmake_parse_arguments(ROOM "" "" "SOURCES;USES" ${ARGN})
-  add_library(${name} STATIC ${ROOM_SOURCES})
-  target_link_libraries(${name} PUBLIC house_rules ${ROOM_USES})
-endfunction()
+include(Rooms)

@@ -53,7 +53,7 @@ bool Take(const Measure& measure, Workplace& workplace) {
                 Text(medians.floor, measure.unit).c_str(), ratio, measure.goal, passes ? "pass" : "FALL SHORT");
     std::fflush(stdout);
     return passes;
-  } catch (const std::exception& error) {
+  } catch (const std::runtime_error& error) {
     std::fprintf(stderr, "measures: %s can't be taken: %s\n", measure.name.c_str(), error.what());
     return false;
   }

@@ -24,7 +24,7 @@ void WriteTagToFile(const FileSystem& files, const std::string& path, TagObject&
   ok = false;
   if (!IsFile(files, path)) return;
   ok = Guarded([&] {
-    if (files.IsReadOnly(path)) throw Failure("read-only: " + path);
+    if (files.IsReadOnly(path)) throw Failure("read-only", path);
     if (id3v1_present) {
       tag.WriteID3v1(path);
     } else {

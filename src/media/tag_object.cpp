@@ -28,7 +28,7 @@ constexpr auto kId3v1Size = static_cast<std::int64_t>(Id3v1Tag::kSize);
 
 void TagImages::Add(const std::string& file, const std::string& description) {
   const auto input = files_.OpenForReading(file);
-  if (input->Size() > kMaxSyncSafe) throw Failure("too large for a tag: " + file);
+  if (input->Size() > kMaxSyncSafe) throw Failure("too large for a tag", file);
   TagPicture picture;
   picture.data.resize(static_cast<std::size_t>(input->Size()));
   picture.data.resize(input->ReadAt(0, picture.data));
@@ -122,7 +122,7 @@ void TagObject::WriteID3v2(const std::string& path) {
   const auto file = files_.OpenForReading(path);
   const FileEnds ends = FindEnds(*file);
   const auto present = ReadHead(*file, ends);
-  if (ends.head && !present) throw Failure("a tag of an unknown kind stands in " + path);
+  if (ends.head && !present) throw Failure("it has a tag of an unknown kind", path);
   Id3v2Tag wanted = Composed();
   if (present && Upgraded(*present) == wanted.Raw()) return;
   RefuseOverrun(ends);

@@ -1,27 +1,71 @@
 #pragma once
 
+#include <new>
+#include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <system_error>
 #include <utility>
 
 namespace qublet {
 
 // What a platform call or a checked operation throws when it can't do its work. It never leaves a public routine of a
-// room: the routine is wrapped in one of the two helpers below, which say which style of failure applies.
+// room: the routine is wrapped in one of the helpers below, which say which style of failure applies.
 class Failure : public std::runtime_error {
  public:
-  explicit Failure(const std::string& what) : std::runtime_error(what) {}
+  // `reason` is short and in lower case, fit to stand behind a path: "read-only". `detail` is for who looks closer:
+  // the step, the file in this system's form.
+  explicit Failure(const std::string& reason, const std::string& detail = "")
+      : std::runtime_error(detail.empty() ? reason : reason + ": " + detail), reason_length_(reason.size()) {}
+
+  std::string_view Reason() const { return std::string_view(what()).substr(0, reason_length_); }
+
+ private:
+  std::size_t reason_length_;
 };
 
-// An error ends the steps: runs `steps` and answers True, or False when anything was thrown on the way.
+// A system's error as a reason: "no such file or folder", "permission denied", "no space left", ...
+std::string ReasonOf(const std::error_code& error);
+
+// How some work ended: done, or given up for a reason.
+class Outcome {
+ public:
+  Outcome() = default;  // done
+  static Outcome GivenUp(std::string_view reason) { return Outcome(std::string(reason)); }
+
+  explicit operator bool() const { return !reason_; }
+  // See Failure; "" when done.
+  std::string Reason() const { return reason_.value_or(""); }
+
+ private:
+  explicit Outcome(std::string reason) : reason_(std::move(reason)) {}
+
+  std::optional<std::string> reason_;
+};
+
+// An error ends the steps. What is taken for one is a Failure, an error of the system, and a want of memory; anything
+// else that is thrown is a mistake of the program and goes on up, for tests to see.
 template <typename Steps>
-bool Guarded(Steps&& steps) {
+Outcome Attempt(Steps&& steps) {
   try {
     std::forward<Steps>(steps)();
-    return true;
-  } catch (const std::exception&) {
-    return false;
+    return {};
+  } catch (const Failure& failure) {
+    return Outcome::GivenUp(failure.Reason());
+  } catch (const std::system_error& error) {
+    return Outcome::GivenUp(ReasonOf(error.code()));
+  } catch (const std::bad_alloc&) {
+    return Outcome::GivenUp("not enough memory");
+  } catch (const std::length_error&) {
+    return Outcome::GivenUp("too large");
   }
+}
+
+// The same where nobody asks for the reason: True when the steps came to their end.
+template <typename Steps>
+bool Guarded(Steps&& steps) {
+  return static_cast<bool>(Attempt(std::forward<Steps>(steps)));
 }
 
 // This statement is given up and the next one runs: what was thrown is swallowed, the target keeps its value.

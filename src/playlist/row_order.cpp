@@ -65,11 +65,11 @@ double DateNumber(const std::string& cell) {
   constexpr std::array<int, 6> kLeast{0, 1, 1, 0, 0, 0};
   constexpr std::array<int, 6> kMost{9999, 12, 31, 23, 59, 59};
   const std::vector<int> fields = NumbersIn(cell);
-  if (fields.size() < 3 || fields.size() > kMost.size()) throw Failure("not a date: " + cell);
+  if (fields.size() < 3 || fields.size() > kMost.size()) throw Failure("not a date", cell);
   double number = 0;
   for (std::size_t i = 0; i < kMost.size(); ++i) {
     const int field = i < fields.size() ? fields[i] : 0;
-    if (field < kLeast[i] || field > kMost[i]) throw Failure("not a date: " + cell);
+    if (field < kLeast[i] || field > kMost[i]) throw Failure("not a date", cell);
     number = number * 100 + field;
   }
   return number;

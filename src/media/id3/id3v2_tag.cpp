@@ -123,7 +123,7 @@ void Id3v2Tag::EraseAll(std::string_view id, const Wanted& wanted) {
 
 void Id3v2Tag::SetFrame(std::string_view id, const std::string& text) {
   const auto kind = KindOf(id);
-  if (!kind || id == "COMM") throw Failure("no text frame: " + std::string(id));
+  if (!kind || id == "COMM") throw Failure("no text frame", std::string(id));
   const auto place = FindFrame(id);
   const bool can_be_empty = *kind == FrameKind::kText || *kind == FrameKind::kUserText;
   const bool wants_empty = is_new_ && !place && can_be_empty;

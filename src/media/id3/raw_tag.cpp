@@ -96,7 +96,7 @@ RawFrame FrameAt(BytesView body, std::size_t start, std::size_t end, int version
 
 void AppendFrame(Bytes& out, const RawFrame& frame, int version) {
   const std::uint32_t most = version == 4 ? kMaxSyncSafe : 0xFFFFFFFF;
-  if (frame.content.size() > most) throw Failure("a frame is too large: " + frame.id);
+  if (frame.content.size() > most) throw Failure("a frame is too large", frame.id);
   Append(out, frame.id);
   AppendNumber(out, static_cast<std::uint32_t>(frame.content.size()), 4, version == 4 ? 7 : 8);
   AppendNumber(out, frame.flags, 2);

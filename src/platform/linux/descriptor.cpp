@@ -14,8 +14,8 @@ Descriptor::~Descriptor() {
 }
 
 void FailWithErrno(const std::string& step, const std::string& native) {
-  const int error = errno;
-  throw Failure(step + " \"" + native + "\": " + std::generic_category().message(error));
+  const std::error_code error(errno, std::generic_category());
+  throw Failure(ReasonOf(error), step + " \"" + native + "\"");
 }
 
 Descriptor OpenAt(int folder, const std::string& native, int flags, mode_t mode) {

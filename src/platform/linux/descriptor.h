@@ -30,7 +30,7 @@ class Descriptor {
   int number_;
 };
 
-// Throws Failure with the step, the file and the text of errno.
+// Throws Failure with the reason that errno says, the step and the file.
 [[noreturn]] void FailWithErrno(const std::string& step, const std::string& native);
 
 // Runs a system call again for as long as a signal interrupts it.

@@ -114,7 +114,7 @@ std::string Drives::TextOf(std::string_view native) const {
     const std::string text = std::string(1, target.letter) + ":" + TextFromNative(rest);
     return rest.empty() ? text + "\\" : text;
   }
-  throw Failure("no drive leads to \"" + std::string(native) + "\"");
+  throw Failure("no drive leads there", std::string(native));
 }
 
 }  // namespace qublet

@@ -112,7 +112,7 @@ std::optional<struct stat> LinuxFileSystem::FindStatus(const std::string& path) 
 
 struct stat LinuxFileSystem::StatusAt(const std::string& path) const {
   const auto status = FindStatus(path);
-  if (!status) throw Failure("there is no file \"" + path + "\"");
+  if (!status) throw Failure("no such file or folder", path);
   return *status;
 }
 
@@ -124,7 +124,7 @@ std::optional<unsigned> LinuxFileSystem::Attributes(const std::string& path) con
 
 std::int64_t LinuxFileSystem::FileLength(const std::string& path) const {
   const struct stat status = StatusAt(path);
-  if (S_ISDIR(status.st_mode)) throw Failure("a folder has no length: " + path);
+  if (S_ISDIR(status.st_mode)) throw Failure("is a folder", path);
   return status.st_size;
 }
 
@@ -206,7 +206,7 @@ std::string LinuxFileSystem::ToNative(const std::string& path) const {
     return native += rest;
   }
   if (!IsSeparator(path[0])) return NativeFromText(path);
-  if (path.size() > 1 && IsSeparator(path[1])) throw Failure("a path names a server: " + path);
+  if (path.size() > 1 && IsSeparator(path[1])) throw Failure("a path names a server", path);
   return drives_.RootOf(current_[0]) + NativeFromText(path);
 }
 

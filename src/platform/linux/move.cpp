@@ -46,7 +46,7 @@ void MoveAcross(const std::string& from, const std::string& to) {
   const auto source = OpenInput(from);
   Replacement copy(to, Replacement::Role::kMoved, source.get());
   copy.CopyFrom(*source, 0, source->Size());
-  if (!SameContent(*source, *copy.OpenWritten())) throw Failure("the copy differs: " + to);
+  if (!SameContent(*source, *copy.OpenWritten())) throw Failure("the copy differs", to);
   copy.Commit();
   if (unlink(from.c_str()) == 0) return;
   const int error = errno;

@@ -47,8 +47,8 @@ std::unique_ptr<DescriptorInput> OpenInput(const std::string& native) {
 std::unique_ptr<InPlaceFile> OpenForChange(const std::string& native) {
   Descriptor file = OpenRegular(native, O_WRONLY);
   const struct stat status = StatusOf(file);
-  if (!S_ISREG(status.st_mode)) throw Failure("only a regular file can be changed: " + native);
-  if ((status.st_mode & S_IWUSR) == 0) throw Failure("read-only: " + native);
+  if (!S_ISREG(status.st_mode)) throw Failure("only a regular file can be changed", native);
+  if ((status.st_mode & S_IWUSR) == 0) throw Failure("read-only", native);
   return std::make_unique<DescriptorInPlace>(std::move(file));
 }
 

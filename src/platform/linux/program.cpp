@@ -22,7 +22,7 @@ Utf8Console::~Utf8Console() = default;
 std::string ExecutablePath(const FileSystem& files) {
   std::error_code error;
   const std::filesystem::path place = std::filesystem::read_symlink("/proc/self/exe", error);
-  if (error) throw Failure("the executable can't be found: " + error.message());
+  if (error) throw Failure("the executable can't be found", ReasonOf(error));
   return files.FromNative(place.string());
 }
 

@@ -35,7 +35,7 @@ Place FollowLinks(std::string native) {
     const std::string link(target, static_cast<std::size_t>(length));
     native = link.starts_with('/') ? link : place.folder + link;
   }
-  throw Failure("too many links: " + native);
+  throw Failure("too many links", native);
 }
 
 // Flushing a folder needs it readable; one that is not still serves to make files in.
@@ -50,7 +50,7 @@ Descriptor OpenFolder(const std::string& folder) {
 Replacement::Replacement(const std::string& native, Role role, DescriptorInput* source, FolderFlushes* batches)
     : role_(role), source_(source), batches_(batches) {
   const Place place = role == Role::kMoved ? SplitPlace(native) : FollowLinks(native);
-  if (place.name.empty()) throw Failure("a folder can't be replaced: " + native);
+  if (place.name.empty()) throw Failure("a folder can't be replaced", native);
   name_ = place.name;
   folder_ = OpenFolder(place.folder);
   FindPresent(native);
@@ -64,9 +64,9 @@ Replacement::~Replacement() {
 void Replacement::FindPresent(const std::string& native) {
   struct stat status {};
   if (fstatat(folder_.Get(), name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return;
-  if (role_ == Role::kMoved) throw Failure("there is a file of this name already: " + native);
-  if (!S_ISREG(status.st_mode)) throw Failure("only a regular file can be replaced: " + native);
-  if (RefusesWriting(folder_.Get(), name_, status)) throw Failure("read-only: " + native);
+  if (role_ == Role::kMoved) throw Failure("there is a file of this name already", native);
+  if (!S_ISREG(status.st_mode)) throw Failure("only a regular file can be replaced", native);
+  if (RefusesWriting(folder_.Get(), name_, status)) throw Failure("read-only", native);
   present_ = status;
   present_file_ = Descriptor(openat(folder_.Get(), name_.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
 }
@@ -136,7 +136,7 @@ void Replacement::CopyAttributes() {
 }
 
 void Replacement::Commit() {
-  if (temporary_.empty()) throw Failure("committed already: " + name_);
+  if (temporary_.empty()) throw Failure("committed already", name_);
   FlushBuffer();
   CopyAttributes();
   FlushToDisk(file_);

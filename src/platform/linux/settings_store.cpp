@@ -29,7 +29,7 @@ class FileLock {
     while (flock(file_.Get(), LOCK_EX | LOCK_NB) != 0) {
       if (errno == ENOLCK || errno == EOPNOTSUPP) return;  // a file system without locks: better than no settings
       if (errno != EWOULDBLOCK && errno != EINTR) FailWithErrno("lock", native);
-      if (std::chrono::steady_clock::now() > end) throw Failure("locked by another process: " + native);
+      if (std::chrono::steady_clock::now() > end) throw Failure("locked by another process", native);
       std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
   }

@@ -5,7 +5,7 @@
 namespace qublet {
 
 std::string ContentOf(InputFile& file, std::int64_t most) {
-  if (file.Size() > most) throw Failure("too large: " + std::to_string(file.Size()) + " bytes");
+  if (file.Size() > most) throw Failure("too large", std::to_string(file.Size()) + " bytes");
   std::string content(static_cast<std::size_t>(file.Size()), '\0');
   content.resize(file.ReadAt(0, {reinterpret_cast<std::uint8_t*>(content.data()), content.size()}));
   return content;

@@ -66,7 +66,7 @@ class AutostartFolder : public StartupEntries {
     const std::string present = Present(native);
     const std::string wanted = EntryThatOpens(files_.ToNative(path));
     if (present == wanted) return;
-    if (!present.empty() && !IsOurs(present)) throw Failure("an entry of another program: " + native);
+    if (!present.empty() && !IsOurs(present)) throw Failure("an entry of another program", native);
     MakeFolders(folder_);
     WriteWholeFile(native, wanted);
   }
@@ -87,7 +87,7 @@ class AutostartFolder : public StartupEntries {
 
   std::string PathOf(const std::string& name) const {
     if (folder_.empty()) throw Failure("this user has no home folder");
-    if (name.empty() || name.find('/') != name.npos) throw Failure("no name for a startup entry: " + name);
+    if (name.empty() || name.find('/') != name.npos) throw Failure("no name for a startup entry", name);
     return folder_ + '/' + name + ".desktop";
   }
 

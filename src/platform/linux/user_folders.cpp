@@ -66,7 +66,7 @@ std::string TemporaryFolder() {
 void MakeFolders(const std::string& native) {
   std::error_code error;
   std::filesystem::create_directories(native, error);
-  if (error) throw Failure("\"" + native + "\" can't be made: " + error.message());
+  if (error) throw Failure(ReasonOf(error), "make \"" + native + "\"");
 }
 
 }  // namespace qublet

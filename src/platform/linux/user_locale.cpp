@@ -3,23 +3,21 @@
 #include <utf8proc.h>
 
 #include <locale>
-
-#include "platform/failure.h"
+#include <stdexcept>
 
 namespace qublet {
 
 std::string DigitGroupMark() {
-  std::string mark;
   // Asked for as a wide character: in UTF-8 many locales have a separator of more than one byte.
-  ResumeNext([&] {
-    const std::locale user("");
-    const wchar_t code = std::use_facet<std::numpunct<wchar_t>>(user).thousands_sep();
-    utf8proc_uint8_t bytes[4] = {};
-    if (code == 0) return;
-    const auto length = utf8proc_encode_char(static_cast<utf8proc_int32_t>(code), bytes);
-    mark.assign(reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length));
-  });
-  return mark;
+  wchar_t code = 0;
+  try {
+    code = std::use_facet<std::numpunct<wchar_t>>(std::locale("")).thousands_sep();
+  } catch (const std::runtime_error&) {  // what a locale throws that isn't installed
+  }
+  if (code == 0) return "";
+  utf8proc_uint8_t bytes[4] = {};
+  const auto length = utf8proc_encode_char(static_cast<utf8proc_int32_t>(code), bytes);
+  return {reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length)};
 }
 
 }  // namespace qublet

@@ -135,7 +135,7 @@ std::wstring WindowsFileSystem::PlaceOf(const std::string& path) const {
 
 Status WindowsFileSystem::StatusAt(const std::string& path) const {
   const auto status = FindStatus(PlaceOf(path));
-  if (!status) throw Failure("there is no file \"" + path + "\"");
+  if (!status) throw Failure("no such file or folder", path);
   return *status;
 }
 
@@ -154,7 +154,7 @@ void WindowsFileSystem::SetAttributes(const std::string& path, unsigned attribut
 
 std::int64_t WindowsFileSystem::FileLength(const std::string& path) const {
   const Status status = StatusAt(path);
-  if (IsFolder(status)) throw Failure("a folder has no length: " + path);
+  if (IsFolder(status)) throw Failure("is a folder", path);
   return status.size;
 }
 
@@ -165,7 +165,7 @@ bool WindowsFileSystem::IsReadOnly(const std::string& path) const {
 std::vector<FolderEntry> WindowsFileSystem::ReadFolder(const std::string& folder) const {
   std::wstring place = PlaceOf(folder);
   const auto status = FindStatus(place);
-  if (!status || !IsFolder(*status)) throw Failure("there is no folder \"" + folder + "\"");
+  if (!status || !IsFolder(*status)) throw Failure("no such file or folder", folder);
   if (!place.ends_with(L'\\')) place += L'\\';
 
   std::vector<FolderEntry> entries;

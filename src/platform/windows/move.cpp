@@ -12,7 +12,7 @@ void MoveAcross(const std::wstring& from, const std::wstring& to) {
     const auto source = OpenInput(from);
     Replacement copy(to, Replacement::Role::kMoved, source.get());
     copy.CopyFrom(*source, 0, source->Size());
-    if (!SameContent(*source, *copy.OpenWritten())) throw Failure("the copy differs: " + NarrowText(to));
+    if (!SameContent(*source, *copy.OpenWritten())) throw Failure("the copy differs", NarrowText(to));
     copy.Commit();
   }
   if (DeleteFileW(from.c_str())) return;
@@ -50,7 +50,7 @@ void ChangeCase(const std::wstring& from, const std::wstring& to) {
 
 void Move(const std::wstring& from, const std::wstring& to) {
   // The system would take this for done.
-  if (from == to) throw Failure("there is a file of this name already: " + NarrowText(to));
+  if (from == to) throw Failure("there is a file of this name already", NarrowText(to));
   if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_WRITE_THROUGH)) {
     if (DifferInCaseOnly(from, to) && !StandsAsWritten(to)) ChangeCase(from, to);
     return;

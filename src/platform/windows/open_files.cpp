@@ -21,7 +21,7 @@ OVERLAPPED PlaceOf(std::int64_t offset) {
 Handle OpenFile(const std::wstring& place, DWORD access) {
   Handle file(CreateFileW(place.c_str(), access, kSharedWithAll, nullptr, OPEN_EXISTING, 0, nullptr));
   if (!file.IsOpen()) FailWithLastError("open", NarrowText(place));
-  if (GetFileType(file.Get()) != FILE_TYPE_DISK) throw Failure("no file on a disk: " + NarrowText(place));
+  if (GetFileType(file.Get()) != FILE_TYPE_DISK) throw Failure("no file on a disk", NarrowText(place));
   return file;
 }
 
@@ -73,7 +73,7 @@ std::unique_ptr<HandleInput> OpenInput(const std::wstring& place) {
 std::unique_ptr<InPlaceFile> OpenForChange(const std::wstring& place) {
   const DWORD attributes = GetFileAttributesW(place.c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
-    throw Failure("read-only: " + NarrowText(place));
+    throw Failure("read-only", NarrowText(place));
   return std::make_unique<HandleInPlace>(OpenFile(place, GENERIC_WRITE));
 }
 

@@ -57,7 +57,7 @@ std::string OwnFolderOfUser(const FileSystem& files) {
   const std::string folder = LocalDataFolder() + "\\Velmora";
   CreateDirectoryW(WideText(folder).c_str(), nullptr);
   const std::string text = files.FromNative(folder);
-  if (!files.IdentityOf(text)) throw Failure("\"" + folder + "\" can't be made");
+  if (!files.IdentityOf(text)) throw Failure("the folder can't be made", folder);
   return text;
 }
 

@@ -17,7 +17,7 @@ constexpr DWORD kMostNameCharacters = 16384;
 RegistryKey RegistryKey::Create(HKEY root, const std::string& path, REGSAM rights) {
   HKEY key = nullptr;
   if (RegCreateKeyExW(root, WideText(path).c_str(), 0, nullptr, 0, rights, nullptr, &key, nullptr) != ERROR_SUCCESS)
-    throw Failure("registry key can't be made: " + path);
+    throw Failure("registry key can't be made", path);
   return RegistryKey(key);
 }
 
@@ -51,18 +51,18 @@ std::optional<std::string> RegistryKey::Text(const std::string& name) const {
 }
 
 void RegistryKey::SetText(const std::string& name, const std::string& text) const {
-  if ((name + text).find('\0') != std::string::npos) throw Failure("a zero character in a registry value: " + name);
+  if ((name + text).find('\0') != std::string::npos) throw Failure("a zero character in a registry value", name);
   const std::wstring wide = WideText(text);
   const auto bytes = static_cast<DWORD>((wide.size() + 1) * sizeof(wchar_t));
   const auto* data = reinterpret_cast<const BYTE*>(wide.c_str());
   if (RegSetValueExW(key_, WideText(name).c_str(), 0, REG_SZ, data, bytes) != ERROR_SUCCESS)
-    throw Failure("registry value can't be written: " + name);
+    throw Failure("registry value can't be written", name);
 }
 
 void RegistryKey::Delete(const std::string& name) const {
   const LSTATUS status = RegDeleteValueW(key_, WideText(name).c_str());
   if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND)
-    throw Failure("registry value can't be deleted: " + name);
+    throw Failure("registry value can't be deleted", name);
 }
 
 std::vector<std::string> RegistryKey::ValueNames() const {

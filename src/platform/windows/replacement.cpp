@@ -78,12 +78,12 @@ Replacement::~Replacement() {
 
 void Replacement::CheckPresent() {
   const std::string native = NarrowText(place_);
-  if (place_.ends_with(L'\\')) throw Failure("a folder can't be replaced: " + native);
+  if (place_.ends_with(L'\\')) throw Failure("a folder can't be replaced", native);
   const DWORD attributes = GetFileAttributesW(place_.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) return;
-  if (role_ == Role::kMoved) throw Failure("there is a file of this name already: " + native);
-  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) throw Failure("a folder can't be replaced: " + native);
-  if (RefusesWriting(place_)) throw Failure("read-only: " + native);
+  if (role_ == Role::kMoved) throw Failure("there is a file of this name already", native);
+  if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) throw Failure("a folder can't be replaced", native);
+  if (RefusesWriting(place_)) throw Failure("read-only", native);
   present_ = attributes;
 }
 
@@ -114,7 +114,7 @@ std::unique_ptr<InputFile> Replacement::OpenWritten() {
 }
 
 void Replacement::Commit() {
-  if (temporary_.empty()) throw Failure("committed already: " + NarrowText(place_));
+  if (temporary_.empty()) throw Failure("committed already", NarrowText(place_));
   FlushBuffer();
   FlushToDisk(file_);
   if (source_ != nullptr) {

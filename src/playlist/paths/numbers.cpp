@@ -13,7 +13,7 @@ namespace {
 template <typename Integer>
 Integer Narrowed(std::int64_t value) {
   if (value < std::numeric_limits<Integer>::min() || value > std::numeric_limits<Integer>::max())
-    throw Failure("number out of range: " + std::to_string(value));
+    throw Failure("number out of range", std::to_string(value));
   return static_cast<Integer>(value);
 }
 
@@ -72,7 +72,7 @@ std::int32_t RoundHalfEven(double value) {
 double TextToNumber(std::string_view text) {
   const std::string trimmed = Trim(text);
   const ParsedNumber number = ParseNumber(trimmed);
-  if (number.length == 0 || number.length != trimmed.size()) throw Failure("not a number: " + trimmed);
+  if (number.length == 0 || number.length != trimmed.size()) throw Failure("not a number", trimmed);
   return number.value;
 }
 
