@@ -1,5 +1,6 @@
 #include "app/session.h"
 
+#include "playlist/m3u_lines.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/text_files.h"
 #include "settings/kept_values.h"
@@ -16,7 +17,9 @@ Session::Session(Document& document, AppSettings& settings, Items& items, FileSy
       places_(std::move(places)),
       window_(window),
       first_start_(IsFirstStart(store, places_.AppKey)) {
-  SaveSetting(store_, places_.AppKey, kProgramPath, places_.program_folder + "\\QUBLET20.exe");
+  const std::string& program = places_.program;
+  SaveSetting(store_, places_.AppKey, kProgramPath,
+              program.empty() ? places_.program_folder + "\\QUBLET20.exe" : program);
 }
 
 void Session::BeginFirstStart() {
@@ -33,6 +36,7 @@ void Session::SetFormState(bool SetReg) {
     for (const std::string& file : document_.TempFiles) DeleteFileSafe(files_, file);
     if (settings_.V || first_start_) {
       StoreList();
+      StoreTwin();
       SaveSetting(store_, places_.AppKey, kWorkFolder, document_.WorkFolder);
       window_.CopyState(settings_);
       SaveSettings(store_, places_.AppKey, settings_, startup_, LastPlaylist());
@@ -54,6 +58,13 @@ void Session::StoreList() {
   items_.SaveFileArrayFromList(true);
   // An empty list leaves the old file: the next start brings back the list before it.
   if (!document_.FileArray.empty()) WriteLinesToFile(files_, LastPlaylist(), document_.FileArray);
+}
+
+void Session::StoreTwin() {
+  const std::string twin = startup_.FileToOpen(LastPlaylist());
+  Collection lines;
+  if (settings_.WINSTART && twin != LastPlaylist() && ReadLinesFromFile(files_, lines, LastPlaylist()))
+    WriteHandOver(files_, twin, lines);
 }
 
 void Session::LoadRecord() {
