@@ -47,6 +47,7 @@ int SteerPlayer(CommandContext& context, const Associations& associations, Playe
   Document document;
   PlayerLink link(document, {context.files, associations, players}, program_folder);
   const std::string program = associations.FindAssociatedProgram(TempPlaylist(program_folder));
+  const PlayerWindows::Action action(players);
   const PlayerHandle player = link.FindPlayerWindow();
   if (player.empty()) {
     const std::string name = program.empty() ? "no program opens playlists here" : program + " doesn't run";
