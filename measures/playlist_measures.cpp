@@ -32,7 +32,7 @@ struct Program {
   System system{System::Traces::kLeavesNothing};
   Yes dialogs;
   Feedback feedback;
-  Engine engine{system.With(dialogs, feedback), {"QUBLET-measures", ""}, ","};
+  Engine engine{system.With(dialogs, feedback), {"QUBLET-measures", "", ""}, ","};
   FileSystem& files = *system.files;
   Document& document = engine.document;
   Items& items = engine.items;

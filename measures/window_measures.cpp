@@ -101,7 +101,7 @@ class Window {
   System system_{System::Traces::kLeavesNothing};
   NoDialogs dialogs_;
   WindowFeedback feedback_;
-  Program program_{system_.With(dialogs_, feedback_), feedback_, Session::Places{"QUBLET-measures", ""}};
+  Program program_{system_.With(dialogs_, feedback_), feedback_, Session::Places{"QUBLET-measures", "", ""}};
   Main& main_ = program_.main;
   Document& document_ = program_.engine.document;
   AppSettings& settings_ = program_.engine.settings;

@@ -40,7 +40,7 @@ struct House {
 // Renders the window with the given paths loaded into a picture, and ends. Nothing of this user's is touched or
 // shown.
 int TakeScreenshot(const System& system, const QString& picture, const std::string& command_line) {
-  House house(system, {AppKey(), ""});
+  House house(system, {AppKey(), "", ""});
   Main& main = house.program.main;
   main.Load(command_line, nullptr);
   main.resize(1180, 560);

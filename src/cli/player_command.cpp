@@ -46,6 +46,7 @@ int PlayerCommand(CommandContext& context) {
   Engine& engine = context.engine;
   PlayerWindows& players = engine.services.players;
   const std::string program = engine.services.associations.FindAssociatedProgram(TempPlaylist(engine.program_folder));
+  const PlayerWindows::Action action(players);
   const PlayerHandle player = engine.player.FindPlayerWindow();
   if (player.empty()) {
     const std::string name = program.empty() ? "no program opens playlists here" : program + " doesn't run";

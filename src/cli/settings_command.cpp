@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <ostream>
 
+#include "cli/json_text.h"
 #include "platform/failure.h"
 #include "settings/application.h"
 #include "settings/setting_rows.h"
@@ -10,9 +11,39 @@
 namespace qublet {
 namespace {
 
-int List(const SettingsStore& store, std::ostream& out) {
-  for (const Setting& setting : store.AllSettings(AppKey()))
-    out << setting.section << '\t' << setting.key << '\t' << setting.value << '\n';
+// So that a setting is one line of three parts whatever it holds.
+std::string Escaped(const std::string& text) {
+  std::string escaped;
+  for (const char c : text) {
+    switch (c) {
+      case '\\':
+        escaped += "\\\\";
+        break;
+      case '\t':
+        escaped += "\\t";
+        break;
+      case '\n':
+        escaped += "\\n";
+        break;
+      case '\r':
+        escaped += "\\r";
+        break;
+      default:
+        escaped += c;
+    }
+  }
+  return escaped;
+}
+
+int List(const SettingsStore& store, bool json, std::ostream& out) {
+  for (const auto& [section, key, value] : store.AllSettings(AppKey())) {
+    if (json) {
+      out << "{\"section\": " << JsonText(section) << ", \"key\": " << JsonText(key)
+          << ", \"value\": " << JsonText(value) << "}\n";
+    } else {
+      out << Escaped(section) << '\t' << Escaped(key) << '\t' << Escaped(value) << '\n';
+    }
+  }
   return kDone;
 }
 
@@ -68,11 +99,12 @@ int SettingsCommand(CommandContext& context) {
   SettingsStore& store = context.store;
   std::ostream& out = context.out;
   std::ostream& err = context.err;
+  if (arguments == Arguments{"list", "--json"} || arguments == Arguments{"--json"}) return List(store, true, out);
   const std::string verb = arguments.empty() ? "list" : arguments[0];
-  if (verb == "list" && arguments.size() <= 1) return List(store, out);
+  if (verb == "list" && arguments.size() <= 1) return List(store, false, out);
   if (verb == "get" && arguments.size() == 3) return Get(store, arguments[1], arguments[2], out);
   if (verb == "set" && arguments.size() == 4) return Set(store, {arguments[1], arguments[2], arguments[3]}, err);
-  return Complain(err, "settings: list, get SECTION KEY or set SECTION KEY VALUE is wanted", kWrongUse);
+  return Complain(err, "settings: list [--json], get SECTION KEY or set SECTION KEY VALUE is wanted", kWrongUse);
 }
 
 }  // namespace qublet

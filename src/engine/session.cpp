@@ -1,5 +1,6 @@
 #include "engine/session.h"
 
+#include "playlist/m3u_lines.h"
 #include "playlist/own_playlists.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/text_files.h"
@@ -10,7 +11,8 @@ namespace qublet {
 
 void Session::Begin() {
   first_start_ = IsFirstStart(services_.store, places_.AppKey);
-  SaveSetting(services_.store, places_.AppKey, kProgramPath, places_.program_folder + "\\QUBLET20.exe");
+  const std::string& program = places_.program;
+  Keep(kProgramPath, program.empty() ? places_.program_folder + "\\QUBLET20.exe" : program);
 }
 
 void Session::RestoreOrBeginAnew() {
@@ -31,6 +33,7 @@ void Session::StoreState() {
   for (const std::string& file : document_.TempFiles) DeleteFileSafe(services_.files, file);
   if (!settings_.V && !first_start_) return;
   StoreList();
+  StoreTwin();
   Keep(kWorkFolder, document_.WorkFolder);
   window_->CopyState(settings_);
   SaveSettings(services_.store, places_.AppKey, settings_, services_.startup, LastPlaylist(places_.program_folder));
@@ -51,6 +54,14 @@ void Session::StoreList() {
   const Collection paths = PathsOf(document_.ListView1, WhichRows::kAll);
   // An empty list leaves the old file: the next start brings back the list before it.
   if (!paths.empty()) WriteLinesToFile(services_.files, LastPlaylist(places_.program_folder), paths);
+}
+
+void Session::StoreTwin() {
+  const std::string last = LastPlaylist(places_.program_folder);
+  const std::string twin = services_.startup.FileToOpen(last);
+  Collection lines;
+  if (settings_.WINSTART && twin != last && ReadLinesFromFile(services_.files, lines, last))
+    WriteHandOver(services_.files, twin, lines);
 }
 
 void Session::LoadRecord() {

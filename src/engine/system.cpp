@@ -38,8 +38,9 @@ Services System::With(Dialogs& dialogs, Feedback& feedback) const {
 }
 
 Session::Places System::FindPlaces() const {
-  Session::Places places{AppKey(), ""};
+  Session::Places places{AppKey(), "", ""};
   ResumeNext([&] { places.program_folder = ProgramFolder(*files); });
+  ResumeNext([&] { places.program = ExecutablePath(*files); });
   return places;
 }
 

@@ -70,17 +70,11 @@ void CheckWritten(InputFile& written, InputFile& present, const EndsChange& chan
   CheckEqual(present, kept.offset, written, head, kept.length);
 }
 
-std::string FolderOf(const FileSystem& files, const std::string& path) {
-  const std::size_t cut = path.rfind('\\');
-  return cut == std::string::npos ? files.CurrentFolder() : path.substr(0, cut + 1);
-}
-
 // Nothing when the folder can't be written; any other trouble is a Failure.
 std::unique_ptr<FileReplacement> BeginIfFolderAllows(const FileSystem& files, const std::string& path) {
   try {
     return files.BeginReplacement(path);
-  } catch (const Failure&) {
-    if (files.IsReadOnly(path) || !files.IsReadOnly(FolderOf(files, path))) throw;
+  } catch (const FolderRefusesWriting&) {
     return nullptr;
   }
 }

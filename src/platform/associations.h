@@ -12,6 +12,9 @@ struct AssociatedProgram {
   std::string path;     // drive form, "" when there is none
   std::string id;       // what this system calls it ("mpv" on Linux); "" where programs have no such name
   bool player = false;  // the system knows it as a player of sound
+  // Native path of what runs then, where that tells the program: "" when other programs run by it too (an
+  // interpreter).
+  std::string executable = {};
 };
 
 // Which program opens which files, as this user has it set. Asked anew each time: it may change while we run.

@@ -83,6 +83,12 @@ class InPlaceFile {
   virtual void Flush() = 0;
 };
 
+// Nothing can be made in the folder where a new version of a file would stand, though the file itself may be
+// changed.
+class FolderRefusesWriting : public Failure {
+  using Failure::Failure;
+};
+
 // Files and folders under paths in drive form ("z:\home\u\a.mp3"), UTF-8. A path without a drive is relative to the
 // current folder. Native paths exist only behind this interface; ToNative and FromNative are the border.
 // All const operations may be called from several threads at once.
@@ -110,7 +116,8 @@ class FileSystem {
   // Throws Failure when the file can't be opened for reading or is no regular file.
   virtual std::unique_ptr<InputFile> OpenForReading(const std::string& path) const = 0;
   // Starts a new version of `path`, which need not exist yet. Symbolic links are resolved first. Throws Failure when
-  // the present file is read-only (see IsReadOnly) or a folder, or the folder can't be written.
+  // the present file is read-only (see IsReadOnly) or a folder, FolderRefusesWriting when the folder that the links
+  // lead to can't be written.
   virtual std::unique_ptr<FileReplacement> BeginReplacement(const std::string& path) const = 0;
   // Holds for what BeginReplacement gives to any thread, and ends before this does. Batches may overlap.
   virtual std::unique_ptr<ReplacementBatch> BeginBatch() const { return std::make_unique<ReplacementBatch>(); }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/associations.h"
@@ -13,10 +15,26 @@ using PlayerHandle = std::string;
 
 enum PlayingState : std::int32_t { kStopped = 0, kPlaying = 1, kPaused = 3 };
 
+inline constexpr int kPlayerPatience = 1000;  // milliseconds
+
 // Live control of a running player. Every call comes back within a second (kPlayerPatience) whatever the player does;
 // one that doesn't answer is as good as stopped. Nothing here throws. One thread at a time.
 class PlayerWindows {
  public:
+  using Time = std::chrono::steady_clock::time_point;
+
+  // What one action of the user asks of a player: for as long as it lives, all calls together have the time of one.
+  class Action {
+   public:
+    explicit Action(PlayerWindows& players) : players_(players) { players_.end_of_action_ = FromNow(); }
+    ~Action() { players_.end_of_action_.reset(); }
+    Action(const Action&) = delete;
+    Action& operator=(const Action&) = delete;
+
+   private:
+    PlayerWindows& players_;
+  };
+
   virtual ~PlayerWindows() = default;
 
   // The player that runs, "" if none does. Where the system can't know a player by its window, it is `program` and no
@@ -29,9 +47,16 @@ class PlayerWindows {
   virtual std::int32_t Position(const PlayerHandle& player) = 0;
   // Goes on from there, playing or paused as it was.
   virtual void Jump(const PlayerHandle& player, std::int32_t milliseconds) = 0;
-};
 
-inline constexpr int kPlayerPatience = 1000;  // milliseconds
+ protected:
+  // When a call that begins now is to be over.
+  Time Deadline() const { return end_of_action_.value_or(FromNow()); }
+
+ private:
+  static Time FromNow() { return std::chrono::steady_clock::now() + std::chrono::milliseconds(kPlayerPatience); }
+
+  std::optional<Time> end_of_action_;
+};
 
 // The players of this user's session.
 std::unique_ptr<PlayerWindows> OpenPlayerWindows();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -31,7 +32,11 @@ class Shell {
   virtual std::string HandOverFolder() = 0;
 };
 
+// Makes an id for each start, by which the window system knows that the user asked for the program's window; "" where
+// it has none.
+using StartupIds = std::function<std::string()>;
+
 // The one of this machine; `files` must outlive it.
-std::unique_ptr<Shell> OpenShell(const FileSystem& files);
+std::unique_ptr<Shell> OpenShell(const FileSystem& files, StartupIds startup_ids = {});
 
 }  // namespace qublet

@@ -11,8 +11,11 @@ namespace qublet {
 class StartupEntries {
  public:
   virtual ~StartupEntries() = default;
-  // From the next logon on the file at `path` (drive form) is opened, with the program that files of its kind are
-  // opened with. Throws Failure.
+  // Where a playlist (drive form) has to stand for programs to open it: `path` itself, or where they don't read
+  // drives a twin beside it in this system's own form ("last.m3u8" for "last.m3u").
+  virtual std::string FileToOpen(const std::string& path) const { return path; }
+  // From the next logon on FileToOpen(path) is opened, with the program that files of its kind are opened with.
+  // Throws Failure.
   virtual void Set(const std::string& name, const std::string& path) = 0;
   // Throws Failure; an entry that isn't there is none.
   virtual void Remove(const std::string& name) = 0;

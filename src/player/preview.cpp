@@ -62,7 +62,7 @@ std::string Preview::WritePlaylist() {
     const std::string twin = folder + "\\tmp.m3u8";
     if (folder.empty()) {
       playlist = own;
-    } else if (WritePlaylistLines(services_.files, twin, document_.FileArray, false)) {
+    } else if (WriteHandOver(services_.files, twin, document_.FileArray)) {
       playlist = twin;
     }
   });

@@ -4,6 +4,7 @@
 
 #include "platform/code_page.h"
 #include "platform/drive_form.h"
+#include "platform/file_address.h"
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
@@ -77,6 +78,13 @@ std::string NativeLine(const FileSystem& files, const std::string& path, const s
   return native;
 }
 
+std::string HandOverLine(const FileSystem& files, const std::string& path) {
+  const std::string native = NativeLine(files, path, path);
+  std::string whole;
+  ResumeNext([&] { whole = files.ToNative(path); });
+  return whole.starts_with('/') && whole.find_first_of("#%?\r\n") != whole.npos ? FileAddress(whole) : native;
+}
+
 }  // namespace
 
 bool IsPlaylistExtension(std::string_view extension) {
@@ -128,6 +136,12 @@ bool WritePlaylistLines(const FileSystem& files, const std::string& path, const 
   PlaylistText text(files, path, Relative);
   for (const std::string& item : paths) text.Add("", item);
   return text.Write();
+}
+
+bool WriteHandOver(const FileSystem& files, const std::string& path, const Collection& paths) {
+  TextWriter writer(files, path, TextWriter::Encoding::kUtf8);
+  for (const std::string& item : paths) writer.Append(HandOverLine(files, item) + "\n");
+  return writer.Commit();
 }
 
 }  // namespace qublet

@@ -47,4 +47,9 @@ class PlaylistText {
 // Replaces `path` by a playlist of `paths`; see PlaylistText.
 bool WritePlaylistLines(const FileSystem& files, const std::string& path, const Collection& paths, bool Relative);
 
+// Replaces `path` (".m3u8") by a playlist that is handed to other programs, never one of the user's. Where paths have
+// no drives, a path with "#", "%", "?" or an end of line is an address there ("file:///m/a%231.mp3"): some players
+// take every line for one, and all of them read these.
+bool WriteHandOver(const FileSystem& files, const std::string& path, const Collection& paths);
+
 }  // namespace qublet

@@ -80,9 +80,8 @@ std::vector<StatisticsLine> StatisticsLines(const Statistics& found, std::string
     return seconds == 0 ? kUnknownStatistic : found.TimePrefix + FormatTime(seconds) + " [hms]";
   };
   const std::string total = found.TotalSize == 0 ? kUnknownStatistic : found.SizePrefix + bytes(found.TotalSize);
-  const std::string average = found.AverageSize == 0
-                                  ? kUnknownStatistic
-                                  : found.SizePrefix + FormatSize(std::llround(found.AverageSize), separator);
+  const std::string average =
+      found.AverageSize == 0 ? kUnknownStatistic : found.SizePrefix + FormatSize(found.AverageSize, separator);
   const std::string missing = found.MissingCount == 0 ? "None" : Counted(found.MissingCount, "item");
   return {
       {"Playlist filename:", "lblplaylistfilename", found.ListFileName},

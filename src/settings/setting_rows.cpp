@@ -161,7 +161,8 @@ std::optional<SettingValue> ReadSetting(const SettingRow& row, std::string_view 
 }
 
 std::string WriteSetting(const SettingRow& row, const SettingValue& value) {
-  if (row.code == kText) return Trim(std::get<std::string>(value));
+  if (row.code == kText)
+    return FirstCharacters(Trim(std::get<std::string>(value)), static_cast<std::size_t>(row.most));
   if (row.code == kWord) return std::get<bool>(value) ? "True" : "False";
   if (row.code == kFlag) return std::to_string(BoolToFlag(std::get<bool>(value)));
   return std::to_string(std::get<std::int32_t>(value));

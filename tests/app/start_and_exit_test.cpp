@@ -45,6 +45,21 @@ TEST_F(StartAndExit, BringsTheListOfTheLastSessionBack) {
   EXPECT_EQ(window.Panel(1), "Total: 1");
 }
 
+TEST_F(StartAndExit, LeavesATwinOfTheListWhereThatIsOpenedAtLogon) {
+  window.startup.wants_twins = true;
+  window.Start();
+  window.Add("c:\\a.mp3");
+  window.dialogs.answers = {MessageAnswer::kNo};
+  window.main->close();
+  EXPECT_FALSE(std::filesystem::exists(window.drives.C() / "program/last.m3u8")) << "not wanted";
+  window.store.SaveSetting("QUBLET2021", "SSE", "WINSTART", "1");
+  window.Restart();
+  window.Run("MFileNew");
+  window.main->close();
+  EXPECT_EQ(window.drives.Read("program/last.m3u8"), window.files->ToNative("c:\\a.mp3") + "\n") << "of the file";
+  EXPECT_EQ(window.startup.paths.at("last"), "c:\\program\\last.m3u");
+}
+
 TEST_F(StartAndExit, AnEmptyListLeavesTheEarlierOneForTheNextStart) {
   window.drives.Write("program/last.m3u", "c:\\a.mp3\r\n");
   window.Start();

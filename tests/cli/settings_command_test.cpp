@@ -22,10 +22,27 @@ TEST_F(SettingsCommandTest, SetsGetsAndLists) {
   EXPECT_EQ(Run({"get", "SSE", "RCount"}), 0);
   EXPECT_EQ(out_.str(), "12\n");
   EXPECT_EQ(Run({"list"}), 0);
-  EXPECT_EQ(out_.str(), "SSE\tRCount\t12\nRF\tW\tc:\\winamp.bm\n");
+  EXPECT_EQ(out_.str(), "SSE\tRCount\t12\nRF\tW\tc:\\\\winamp.bm\n");
   EXPECT_EQ(Run({}), 0);
-  EXPECT_EQ(out_.str(), "SSE\tRCount\t12\nRF\tW\tc:\\winamp.bm\n");
+  EXPECT_EQ(out_.str(), "SSE\tRCount\t12\nRF\tW\tc:\\\\winamp.bm\n");
   EXPECT_EQ(err_.str(), "");
+}
+
+TEST_F(SettingsCommandTest, ListsEachSettingInALineOfThreeParts) {
+  store_.SaveSettings("QUBLET2021", {{"a\tb", "c\\d", "two\r\nlines"}, {"SSE", "DefSName", "\\t"}});
+  EXPECT_EQ(Run({"list"}), 0);
+  EXPECT_EQ(out_.str(), "a\\tb\tc\\\\d\ttwo\\r\\nlines\nSSE\tDefSName\t\\\\t\n");
+}
+
+TEST_F(SettingsCommandTest, ListsEachSettingAsAJsonObject) {
+  store_.SaveSettings("QUBLET2021", {{"a\tb", "c", "two\nlines"}, {"SSE", "Idir", "c:\\m"}});
+  for (const std::vector<std::string>& arguments :
+       std::vector<std::vector<std::string>>{{"list", "--json"}, {"--json"}}) {
+    EXPECT_EQ(Run(arguments), 0);
+    EXPECT_EQ(out_.str(),
+              "{\"section\": \"a\\u0009b\", \"key\": \"c\", \"value\": \"two\\u000alines\"}\n"
+              "{\"section\": \"SSE\", \"key\": \"Idir\", \"value\": \"c:\\\\m\"}\n");
+  }
 }
 
 TEST_F(SettingsCommandTest, TellsAnAbsentValueFromAnEmptyOne) {
@@ -59,7 +76,7 @@ TEST_F(SettingsCommandTest, ShowsItsUseForAnythingElse) {
   for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
            {"get"}, {"get", "SSE"}, {"set", "SSE", "V"}, {"set", "SSE", "V", "1", "2"}, {"list", "SSE"}, {"drop"}}) {
     EXPECT_EQ(Run(arguments), 2);
-    EXPECT_TRUE(err_.str().starts_with("qublet: settings: list, get"));
+    EXPECT_TRUE(err_.str().starts_with("qublet: settings: list [--json], get"));
   }
   EXPECT_EQ(store_.saves, 0);
 }

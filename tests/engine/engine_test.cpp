@@ -26,7 +26,7 @@ class EngineTest : public ListTestBase {
     std::filesystem::create_directory(drives_.C() / "program");
   }
 
-  Engine engine_{services_, {"QUBLET2021", "c:\\program"}, ","};
+  Engine engine_{services_, {"QUBLET2021", "c:\\program", ""}, ","};
 };
 
 TEST_F(EngineTest, WorksWithoutAWindow) {
@@ -56,7 +56,7 @@ TEST_F(EngineTest, BringsBackInASecondSessionWhatTheFirstOneStored) {
   EXPECT_TRUE(state.copied);
   EXPECT_EQ(drives_.Read("program/last.m3u"), "c:\\b.mp3\r\n");
 
-  Engine next(services_, {"QUBLET2021", "c:\\program"}, ",");
+  Engine next(services_, {"QUBLET2021", "c:\\program", ""}, ",");
   next.Show(view_, state);
   next.session.Begin();
   next.session.RestoreOrBeginAnew();

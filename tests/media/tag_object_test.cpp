@@ -353,6 +353,16 @@ TEST_F(FolderWithoutAccessTest, ChangesATagThatFitsItsRoomInPlace) {
                            AudioBytes() + Id3v1Bytes("New"));
 }
 
+TEST_F(FolderWithoutAccessTest, ChangesAFileInPlaceThatALinkInAnotherFolderLeadsTo) {
+  Write(AudioBytes());
+  std::filesystem::create_symlink(drives_.C() / "song.mp3", drives_.D() / "link.mp3");
+  Close();
+  TagObject tag = Loaded();
+  tag.SetV1Title("New");
+  tag.WriteID3v1("d:\\link.mp3");
+  EXPECT_EQ(Content(), AudioBytes() + Id3v1Bytes("New"));
+}
+
 TEST_F(FolderWithoutAccessTest, KeepsTheRoomOfAPictureThatGoes) {
   const std::string picture = FrameBytes(3, "APIC", "\0image/png\0\x03\0"s + std::string(100000, 'x'));
   Write(TagBytes(3, TextFrameBytes(3, "TIT2", "Title") + picture) + AudioBytes());

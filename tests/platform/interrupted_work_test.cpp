@@ -217,6 +217,15 @@ TEST_F(InterruptedWorkTest, NeverLosesAFileThatMovesToAnotherFileSystem) {
   EXPECT_GE(faults, 5) << "the deletion of the source at least can go wrong";
 }
 
+TEST_F(InterruptedWorkTest, LeavesNothingBehindWhereNoFileCanBeLocked) {
+  drives_.Write("list.m3u", "old");
+  FaultyProgram program = Driver({"replace", "c:\\list.m3u", "new"});
+  program.no_locks = true;
+  EXPECT_TRUE(EndsWell(program));
+  EXPECT_EQ(drives_.Read("list.m3u"), "new");
+  EXPECT_EQ(AllNames(), Names{"list.m3u"});
+}
+
 TEST_F(InterruptedWorkTest, NeverReplacesATargetOnAnOldFileSystemEither) {
   drives_.Write("a.mp3", "a");
   drives_.Write("b.mp3", "b");

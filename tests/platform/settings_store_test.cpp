@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <functional>
 #include <random>
 #include <thread>
@@ -373,6 +374,9 @@ TEST_F(SettingsStoreTest, GivesUpWhenAnotherProcessNeverLetsGo) {
   ASSERT_EQ(flock(held, LOCK_EX), 0);
   EXPECT_EQ(Get("SSE", "V"), "1");
   EXPECT_THROW(Save("SSE", "V", "0"), Failure);
+  const auto begin = std::chrono::steady_clock::now();
+  for (int i = 0; i < 3; ++i) EXPECT_THROW(Save("SSE", "V", "0"), Failure);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(1)) << "it has waited already";
   close(held);
   EXPECT_NO_THROW(Save("SSE", "V", "0"));
 }

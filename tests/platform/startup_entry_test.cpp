@@ -29,18 +29,23 @@ class StartupEntriesTest : public testing::Test {
 TEST_F(StartupEntriesTest, OpensTheFileUnderItsNativePath) {
   entries_->Set("last", "c:\\music\\last.m3u");
   EXPECT_EQ(Content(),
-            "[Desktop Entry]\nType=Application\nName=Last playlist\n"
+            "[Desktop Entry]\nType=Application\nName=last\n"
             "Comment=Opens the last playlist at logon\nExec=xdg-open \"" +
-                (drives_.C() / "music" / "last.m3u").string() +
+                (drives_.C() / "music" / "last.m3u8").string() +
                 "\"\nTerminal=false\nNoDisplay=true\nX-Velmora-Startup=true\n");
 }
 
 TEST_F(StartupEntriesTest, EscapesWhatAnEntryCouldMisunderstand) {
-  EXPECT_EQ(ExecLineFor("z:\\a b.m3u"), R"(Exec=xdg-open "/a b.m3u")");
-  EXPECT_EQ(ExecLineFor("z:\\100%U.m3u"), R"(Exec=xdg-open "/100%%U.m3u")");
-  EXPECT_EQ(ExecLineFor("z:\\$HOME `x` \"q\".m3u"), R"(Exec=xdg-open "/\\$HOME \\`x\\` \\"q\\".m3u")");
-  EXPECT_EQ(ExecLineFor("z:\\back\xEF\x81\x9Cslash.m3u"), R"(Exec=xdg-open "/back\\\\slash.m3u")");
-  EXPECT_EQ(ExecLineFor("z:\\two\nlines\tand\rmore.m3u"), R"(Exec=xdg-open "/two\nlines\tand\rmore.m3u")");
+  EXPECT_EQ(ExecLineFor("z:\\a b.m3u"), R"(Exec=xdg-open "/a b.m3u8")");
+  EXPECT_EQ(ExecLineFor("z:\\100%U.m3u"), R"(Exec=xdg-open "/100%%U.m3u8")");
+  EXPECT_EQ(ExecLineFor("z:\\$HOME `x` \"q\".m3u"), R"(Exec=xdg-open "/\\$HOME \\`x\\` \\"q\\".m3u8")");
+  EXPECT_EQ(ExecLineFor("z:\\back\xEF\x81\x9Cslash.m3u"), R"(Exec=xdg-open "/back\\\\slash.m3u8")");
+  EXPECT_EQ(ExecLineFor("z:\\two\nlines\tand\rmore.m3u"), R"(Exec=xdg-open "/two\nlines\tand\rmore.m3u8")");
+}
+
+TEST_F(StartupEntriesTest, OpensATwinInThisSystemsOwnForm) {
+  EXPECT_EQ(entries_->FileToOpen("c:\\last.m3u"), "c:\\last.m3u8");
+  EXPECT_EQ(entries_->FileToOpen("c:\\list.m3u8"), "c:\\list.m3u8");
 }
 
 TEST_F(StartupEntriesTest, ASecondPathReplacesTheFirst) {

@@ -263,6 +263,20 @@ TEST_F(WriteM3u8, WritesPathsOfThisSystemInUtf8WithLineFeeds) {
             Root() + "/c/m/Bj\u00F6rk.mp3\n" + Root() + "/d/\u97F3.mp3\n/x.mp3\n");
 }
 
+TEST_F(WriteM3u8, IsPlainForTheUserAndHasAddressesOnlyWhenHandedOver) {
+  const Collection paths{"c:\\hash#1.mp3", "c:\\pct%41.mp3", "c:\\q?x.mp3", "c:\\a b \u00E9.mp3",
+                         "http://radio/x?y#z.mp3"};
+  EXPECT_EQ(Written("c:\\saved.m3u8", paths), Root() + "/c/hash#1.mp3\n" + Root() + "/c/pct%41.mp3\n" + Root() +
+                                                  "/c/q?x.mp3\n" + Root() + "/c/a b \u00E9.mp3\n" +
+                                                  "http://radio/x?y#z.mp3\n");
+  EXPECT_TRUE(WriteHandOver(*files_, "c:\\handed.m3u8", paths));
+  const std::string root = "file://" + Root() + "/c/";
+  EXPECT_EQ(drives_.Read("handed.m3u8"), root + "hash%231.mp3\n" + root + "pct%2541.mp3\n" + root + "q%3Fx.mp3\n" +
+                                             Root() + "/c/a b \u00E9.mp3\n" + "http://radio/x?y#z.mp3\n");
+  EXPECT_TRUE(WriteHandOver(*files_, "c:\\handed.m3u8", {"c:\\two\nlines.mp3"}));
+  EXPECT_EQ(drives_.Read("handed.m3u8"), root + "two%0Alines.mp3\n");
+}
+
 TEST_F(WriteM3u8, WritesRelativeLines) {
   EXPECT_EQ(Written("c:\\a.m3u8", {"c:\\m\\1.mp3", "c:\\2.mp3", "d:\\3.mp3"}, true),
             "m/1.mp3\n2.mp3\n" + Root() + "/d/3.mp3\n");

@@ -83,6 +83,12 @@ TEST(WriteSetting, WritesEachCodeItsOwnWay) {
   EXPECT_EQ(WriteSetting(Row(kText), std::string("  two words ")), "two words");
 }
 
+TEST(WriteSetting, CutsATextToItsLength) {
+  const std::string longer = "\u00E9" + std::string(150, 'x');
+  EXPECT_EQ(WriteSetting(*FindSettingRow("TableFont", "Name"), " " + longer), "\u00E9" + std::string(99, 'x'));
+  EXPECT_EQ(WriteSetting(*FindSettingRow("SSE", "Idir"), longer), longer);
+}
+
 TEST(SettingRows, NameEachKeyOnce) {
   for (const SettingRow& row : SettingRows()) EXPECT_EQ(FindSettingRow(row.section, row.key), &row);
 }

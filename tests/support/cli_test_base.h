@@ -16,7 +16,7 @@ class CliTestBase : public ListTestBase {
     out_.str("");
     err_.str("");
     PrintedDialogs dialogs(err_);
-    Engine engine(fakes_.Over(*files_, feedback_, dialogs), {"QUBLET2021", "c:\\program"}, ",");
+    Engine engine(fakes_.Over(*files_, feedback_, dialogs), {"QUBLET2021", "c:\\program", ""}, ",");
     return RunCommand(arguments, engine, dialogs, out_, err_);
   }
   // With the name of the command ahead of its arguments.

@@ -11,6 +11,7 @@ namespace qublet {
 // Startup entries in memory.
 class FakeStartupEntries : public StartupEntries {
  public:
+  std::string FileToOpen(const std::string& path) const override { return wants_twins ? path + '8' : path; }
   void Set(const std::string& name, const std::string& path) override {
     if (refuses) throw Failure("no rights");
     paths[name] = path;
@@ -22,6 +23,7 @@ class FakeStartupEntries : public StartupEntries {
 
   std::map<std::string, std::string> paths;
   bool refuses = false;
+  bool wants_twins = false;
 };
 
 }  // namespace qublet

@@ -245,6 +245,12 @@ int fsetxattr(int file, const char* name, const void* value, size_t size, int fl
                 [&] { return syscall(SYS_fsetxattr, file, name, value, size, flags); });
 }
 
+int flock(int file, int operation) noexcept {
+  if (*Setting("QUBLET_FAULT_NO_LOCKS") == '\0') return static_cast<int>(syscall(SYS_flock, file, operation));
+  errno = ENOLCK;
+  return -1;
+}
+
 int rename(const char* from, const char* to) noexcept {
   return Rename(AT_FDCWD, from, AT_FDCWD, to, 0);
 }

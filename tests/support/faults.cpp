@@ -44,6 +44,7 @@ std::vector<std::string> EnvironmentFor(const FaultyProgram& program, Fault faul
   entries.push_back("QUBLET_FAULT_CALL=" + std::to_string(call));
   entries.push_back("QUBLET_FAULT_REPORT=" + report.string());
   if (program.old_file_system) entries.push_back("QUBLET_FAULT_OLD_FILE_SYSTEM=1");
+  if (program.no_locks) entries.push_back("QUBLET_FAULT_NO_LOCKS=1");
   return entries;
 }
 

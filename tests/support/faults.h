@@ -39,6 +39,8 @@ struct FaultyProgram {
   std::filesystem::path below;
   // The program finds no rename that never replaces, as on simple file systems.
   bool old_file_system = false;
+  // The program finds that no file can be locked.
+  bool no_locks = false;
 };
 
 struct FaultRun {

@@ -80,7 +80,7 @@ class MainWindow {
   void Make() {
     drives.WriteAt(drives.C() / "program" / "here", "");
     program = std::make_unique<Program>(fakes.Over(*files, feedback), feedback,
-                                        Session::Places{"QUBLET2021", "c:\\program"});
+                                        Session::Places{"QUBLET2021", "c:\\program", ""});
     document = &program->engine.document;
     settings = &program->engine.settings;
     main = &program->main;

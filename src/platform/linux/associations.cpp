@@ -1,6 +1,8 @@
 #include "platform/associations.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 #include "platform/linux/handlers.h"
 
@@ -13,6 +15,12 @@ bool IsPlayer(const DesktopEntry& entry) {
   });
 }
 
+std::string ExecutableOf(const DesktopEntry& entry) {
+  std::error_code error;
+  const std::filesystem::path real = std::filesystem::canonical(FindProgram(entry.command.front()), error);
+  return error || !entry.RunsByItself() ? "" : real.string();
+}
+
 class DesktopAssociations : public Associations {
  public:
   explicit DesktopAssociations(const FileSystem& files) : files_(files) {}
@@ -22,7 +30,7 @@ class DesktopAssociations : public Associations {
     ResumeNext([&] {
       const std::optional<DesktopEntry> entry = FindHandler(TypesOf(path));
       if (!entry) return;
-      program = {"", entry->id, IsPlayer(*entry)};
+      program = {"", entry->id, IsPlayer(*entry), ExecutableOf(*entry)};
       program.path = files_.FromNative(FindProgram(entry->command.front()));
     });
     return program;

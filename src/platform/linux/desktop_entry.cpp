@@ -177,6 +177,11 @@ std::optional<DesktopEntry> ReadDesktopEntry(const std::string& id, const std::s
                       ValueOf(text, kMain, "Terminal") == "true"};
 }
 
+bool DesktopEntry::RunsByItself() const {
+  return std::all_of(command.begin() + 1, command.end(),
+                     [](const std::string& word) { return word.starts_with('-') || IsFieldCode(word); });
+}
+
 std::vector<std::string> DesktopEntry::CommandLine(const std::string& native_file) const {
   std::vector<std::string> line;
   bool names_file = false;

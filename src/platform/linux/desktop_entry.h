@@ -31,6 +31,9 @@ struct DesktopEntry {
   std::vector<std::string> types;
   bool in_terminal = false;
 
+  // Whether the first word is the program itself: one that has to be told what to run, by a word that is neither an
+  // option nor stands for the file, is an interpreter.
+  bool RunsByItself() const;
   // The command line that opens a file. The file comes last when the Exec line has no place for it.
   std::vector<std::string> CommandLine(const std::string& native_file) const;
 };

@@ -6,9 +6,6 @@
 
 namespace qublet {
 
-// The address of a file for other programs (RFC 8089): "file:///home/u/a%20b.mp3".
-std::string FileAddress(const std::string& native);
-
 // Asks the desktop's file manager for its window about a file, over the bus interface org.freedesktop.FileManager1
 // (https://www.freedesktop.org/wiki/Specifications/file-manager-interface/). It is started when it doesn't run. False
 // when there is none or it refuses; one that hasn't answered after two seconds is taken to be still starting.

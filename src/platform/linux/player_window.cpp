@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <charconv>
+#include <filesystem>
 #include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -26,10 +28,6 @@ constexpr const char* kPlayer = "org.mpris.MediaPlayer2.Player";
 constexpr const char* kNoTrack = "/org/mpris/MediaPlayer2/TrackList/NoTrack";
 constexpr std::int64_t kLongest = std::int64_t{1} << 60;  // microseconds; nothing plays as long
 
-Deadline FromNow() {
-  return std::chrono::steady_clock::now() + std::chrono::milliseconds(kPlayerPatience);
-}
-
 BusMessage PlayerCall(const std::string& player, const char* method) {
   return BusCall(player.c_str(), kPath, kPlayer, method);
 }
@@ -40,8 +38,9 @@ BusMessage Property(const std::string& player, const char* interface, const char
   return call;
 }
 
-BusMessage OwnerCall(const std::string& name) {
-  BusMessage call = BusCall(DBUS_SERVICE_DBUS, DBUS_PATH_DBUS, DBUS_INTERFACE_DBUS, "GetNameOwner");
+// A question to the bus about one of its names.
+BusMessage NameCall(const char* method, const std::string& name) {
+  BusMessage call = BusCall(DBUS_SERVICE_DBUS, DBUS_PATH_DBUS, DBUS_INTERFACE_DBUS, method);
   const char* text = name.c_str();
   dbus_message_append_args(call.get(), DBUS_TYPE_STRING, &text, DBUS_TYPE_INVALID);
   return call;
@@ -114,6 +113,26 @@ std::string TrackOf(const BusMessage& answer) {
   return "";
 }
 
+// The program of the process whose number the bus told; "" when it can't be known.
+std::string ExecutableFrom(const BusMessage& answer) {
+  dbus_uint32_t process = 0;
+  if (!answer || !dbus_message_get_args(answer.get(), nullptr, DBUS_TYPE_UINT32, &process, DBUS_TYPE_INVALID))
+    return "";
+  std::error_code error;
+  return std::filesystem::read_symlink("/proc/" + std::to_string(process) + "/exe", error).string();
+}
+
+char Small(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// Ids are written like domains ("org.videolan.VLC"), while a program calls itself by the last part on the bus
+// ("vlc").
+bool IsLastPart(std::string_view name, std::string_view id) {
+  id.remove_prefix(id.rfind('.') + 1);
+  return std::ranges::equal(name, id, {}, Small, Small);
+}
+
 PlayingState StateFrom(const std::string& status) {
   return status == "Playing" ? kPlaying : status == "Paused" ? kPaused : kStopped;
 }
@@ -139,21 +158,21 @@ class BusPlayers : public PlayerWindows {
     PlayerHandle player;
     if (program.id.empty()) return player;
     ResumeNext([&] {
-      const Deadline deadline = FromNow();
+      const Time deadline = Deadline();
       // Half the time is kept for the choice: who doesn't answer may be no player of ours.
-      player = Best(Candidates(program.id, deadline - std::chrono::milliseconds(kPlayerPatience / 2)), deadline);
+      player = Best(Candidates(program, deadline - std::chrono::milliseconds(kPlayerPatience / 2)), deadline);
     });
     return player;
   }
 
   void Stop(const PlayerHandle& player) override {
-    if (!player.empty()) ResumeNext([&] { bus_.Ask(PlayerCall(player, "Stop"), FromNow()); });
+    if (!player.empty()) ResumeNext([&] { bus_.Ask(PlayerCall(player, "Stop"), Deadline()); });
   }
 
   PlayingState State(const PlayerHandle& player) override {
     PlayingState state = kStopped;
     if (player.empty()) return state;
-    ResumeNext([&] { state = StateFrom(TextOf(bus_.Ask(Property(player, kPlayer, "PlaybackStatus"), FromNow()))); });
+    ResumeNext([&] { state = StateFrom(TextOf(bus_.Ask(Property(player, kPlayer, "PlaybackStatus"), Deadline()))); });
     return state;
   }
 
@@ -164,7 +183,7 @@ class BusPlayers : public PlayerWindows {
       std::vector<BusMessage> calls;
       calls.push_back(Property(player, kPlayer, "PlaybackStatus"));
       calls.push_back(Property(player, kPlayer, "Position"));
-      const std::vector<BusMessage> answers = bus_.Ask(calls, FromNow());
+      const std::vector<BusMessage> answers = bus_.Ask(calls, Deadline());
       const std::optional<std::int64_t> microseconds = NumberOf(answers[1]);
       if (StateFrom(TextOf(answers[0])) == kStopped || !microseconds) return;
       // At the start of a track some are a little before it, which is no reason to call them stopped.
@@ -175,13 +194,13 @@ class BusPlayers : public PlayerWindows {
   }
 
   void Jump(const PlayerHandle& player, std::int32_t milliseconds) override {
-    if (!player.empty()) ResumeNext([&] { JumpTo(player, std::int64_t{milliseconds} * 1000, FromNow()); });
+    if (!player.empty()) ResumeNext([&] { JumpTo(player, std::int64_t{milliseconds} * 1000, Deadline()); });
   }
 
  private:
   // A jump is for the track that is named with it, so the name is asked for each time. A player that names none can
   // still be moved from where it is.
-  void JumpTo(const PlayerHandle& player, dbus_int64_t target, Deadline deadline) {
+  void JumpTo(const PlayerHandle& player, dbus_int64_t target, Time deadline) {
     std::vector<BusMessage> calls;
     calls.push_back(Property(player, kPlayer, "Metadata"));
     calls.push_back(Property(player, kPlayer, "Position"));
@@ -201,7 +220,7 @@ class BusPlayers : public PlayerWindows {
     }
   }
 
-  std::vector<std::string> PlayerNames(Deadline deadline) {
+  std::vector<std::string> PlayerNames(Time deadline) {
     const BusMessage answer =
         bus_.Ask(BusCall(DBUS_SERVICE_DBUS, DBUS_PATH_DBUS, DBUS_INTERFACE_DBUS, "ListNames"), deadline);
     std::vector<std::string> names;
@@ -216,29 +235,41 @@ class BusPlayers : public PlayerWindows {
   }
 
   // The names of the program's instances. Only if none of them bears its id are all players asked what they are.
-  std::vector<std::string> Candidates(const std::string& id, Deadline deadline) {
+  std::vector<std::string> Candidates(const AssociatedProgram& program, Time deadline) {
     const std::vector<std::string> names = PlayerNames(deadline);
-    std::vector<std::string> candidates;
+    std::vector<std::string> exact, alike;
     for (const std::string& name : names) {
       const std::string_view part = std::string_view(name).substr(kNames.size());
-      if (part.substr(0, part.find(".instance")) == id) candidates.push_back(name);
+      const std::string_view own = part.substr(0, part.find(".instance"));
+      if (own == program.id) exact.push_back(name);
+      if (IsLastPart(own, program.id)) alike.push_back(name);
     }
-    if (!candidates.empty()) return candidates;
+    if (!exact.empty()) return exact;
+    return alike.empty() ? ByWhatTheyAre(names, program, deadline) : alike;
+  }
 
+  std::vector<std::string> ByWhatTheyAre(const std::vector<std::string>& names, const AssociatedProgram& program,
+                                         Time deadline) {
     std::vector<BusMessage> calls;
     for (const std::string& name : names) calls.push_back(Property(name, kRoot, "DesktopEntry"));
+    for (const std::string& name : names) calls.push_back(NameCall("GetConnectionUnixProcessID", name));
     const std::vector<BusMessage> answers = bus_.Ask(calls, deadline);
+    std::vector<std::string> candidates;
     for (std::size_t i = 0; i < names.size(); ++i) {
-      if (TextOf(answers[i]) == id) candidates.push_back(names[i]);
+      const std::string entry = TextOf(answers[i]);
+      const std::string executable = ExecutableFrom(answers[names.size() + i]);
+      const bool same = !executable.empty() && executable == program.executable;
+      if (same || (!entry.empty() && (entry == program.id || IsLastPart(entry, program.id))))
+        candidates.push_back(names[i]);
     }
     return candidates;
   }
 
   // The unique name of the one that plays, else of the newest; one that doesn't answer comes last.
-  PlayerHandle Best(const std::vector<std::string>& candidates, Deadline deadline) {
+  PlayerHandle Best(const std::vector<std::string>& candidates, Time deadline) {
     const std::size_t count = candidates.size();
     std::vector<BusMessage> calls;
-    for (const std::string& name : candidates) calls.push_back(OwnerCall(name));
+    for (const std::string& name : candidates) calls.push_back(NameCall("GetNameOwner", name));
     // Nothing is to be chosen of one.
     for (std::size_t i = 0; i < count && count > 1; ++i)
       calls.push_back(Property(candidates[i], kPlayer, "PlaybackStatus"));

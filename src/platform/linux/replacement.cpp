@@ -74,6 +74,9 @@ void Replacement::FindPresent(const std::string& native) {
 void Replacement::OpenTemporary() {
   // What replaces a private file must never be readable to others, not even for a moment.
   const mode_t mode = present_ || source_ != nullptr ? 0600 : 0666;
+  const bool no_entry = faccessat(folder_.Get(), ".", W_OK | X_OK, AT_EACCESS) != 0;
+  if (no_entry && (errno == EACCES || errno == EROFS))
+    throw FolderRefusesWriting("no file can be made beside " + name_);
   TemporaryFile made = MakeTemporaryFile(folder_, name_, mode);
   file_ = std::move(made.file);
   temporary_ = std::move(made.name);

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <map>
 #include <thread>
+#include <utility>
 
 #include "platform/failure.h"
 #include "platform/linux/open_files.h"
@@ -23,9 +24,10 @@ constexpr auto kLockPatience = std::chrono::seconds(3);
 // Held while one process reads, changes and replaces a file. It ends with the process, however that ends.
 class FileLock {
  public:
-  // Throws Failure when another process keeps the lock for longer than anyone's save can take.
-  explicit FileLock(const std::string& native) : file_(OpenAt(AT_FDCWD, native, O_RDWR | O_CREAT, 0666)) {
-    const auto end = std::chrono::steady_clock::now() + kLockPatience;
+  // Throws Failure when another process keeps the lock for longer than `patience`.
+  FileLock(const std::string& native, std::chrono::seconds patience)
+      : file_(OpenAt(AT_FDCWD, native, O_RDWR | O_CREAT, 0666)) {
+    const auto end = std::chrono::steady_clock::now() + patience;
     while (flock(file_.Get(), LOCK_EX | LOCK_NB) != 0) {
       if (errno == ENOLCK || errno == EOPNOTSUPP) return;  // a file system without locks: better than no settings
       if (errno != EWOULDBLOCK && errno != EINTR) FailWithErrno("lock", native);
@@ -114,7 +116,10 @@ class FileSettingsStore : public SettingsStore {
   void SaveSettings(const std::string& application, const std::vector<Setting>& settings) override {
     const std::string native = PathOf(application);
     MakeFolders(folder_);
-    const FileLock lock(native + ".lock");
+    // Who holds it for longer than any save takes hangs: it is waited for once, and then asked for only.
+    const auto patience = std::exchange(lock_patience_, std::chrono::seconds(0));
+    const FileLock lock(native + ".lock", patience);
+    lock_patience_ = kLockPatience;
     SettingsText text = ReadSnapshot(native).text;
     const std::string before = text.Text();
     for (const Setting& setting : settings) text.Set(setting);
@@ -138,6 +143,7 @@ class FileSettingsStore : public SettingsStore {
   }
 
   std::string folder_;
+  std::chrono::seconds lock_patience_ = kLockPatience;  // of the next save
   mutable std::map<std::string, Snapshot> snapshots_;
 };
 

@@ -7,6 +7,9 @@
 
 #include <csignal>
 #include <string>
+#include <string_view>
+#include <thread>
+#include <utility>
 #include <vector>
 
 #include "platform/linux/file_manager.h"
@@ -41,15 +44,22 @@ class StartConditions {
   StartConditions& operator=(const StartConditions&) = delete;
 
   // Number of the new process, 0 when it can't be started.
-  pid_t Start(const std::vector<std::string>& command) const {
-    std::vector<char*> words;
-    for (const std::string& word : command) words.push_back(const_cast<char*>(word.c_str()));
-    words.push_back(nullptr);
+  pid_t Start(const std::vector<std::string>& command, const std::vector<std::string>& environment) const {
+    std::vector<char*> words = Pointers(command);
+    std::vector<char*> variables = Pointers(environment);
     pid_t process = 0;
-    return posix_spawnp(&process, words[0], &actions_, &attributes_, words.data(), environ) == 0 ? process : 0;
+    const int error = posix_spawnp(&process, words[0], &actions_, &attributes_, words.data(), variables.data());
+    return error == 0 ? process : 0;
   }
 
  private:
+  static std::vector<char*> Pointers(const std::vector<std::string>& texts) {
+    std::vector<char*> pointers;
+    for (const std::string& text : texts) pointers.push_back(const_cast<char*>(text.c_str()));
+    pointers.push_back(nullptr);
+    return pointers;
+  }
+
   posix_spawnattr_t attributes_{};
   posix_spawn_file_actions_t actions_{};
 };
@@ -66,6 +76,30 @@ const Commands kVolumeControls{{"pavucontrol"},
                                {"mate-volume-control"},
                                {"qasmixer"}};
 
+// What shows a program that has no window; the program and its words follow.
+const Commands kTerminals{{"xdg-terminal-exec"},
+                          {"x-terminal-emulator", "-e"},
+                          {"gnome-terminal", "--"},
+                          {"konsole", "-e"},
+                          {"xfce4-terminal", "-x"},
+                          {"mate-terminal", "-x"},
+                          {"kitty"},
+                          {"foot"},
+                          {"alacritty", "-e"},
+                          {"xterm", "-e"}};
+
+// The environment of this process, with `startup_id` in place of what this process itself was started by.
+std::vector<std::string> EnvironmentFor(const std::string& startup_id) {
+  std::vector<std::string> environment;
+  for (char** variable = environ; *variable != nullptr; ++variable) {
+    const std::string_view text = *variable;
+    if (!text.starts_with("DESKTOP_STARTUP_ID=") && !text.starts_with("XDG_ACTIVATION_TOKEN="))
+      environment.emplace_back(text);
+  }
+  if (!startup_id.empty()) environment.push_back("DESKTOP_STARTUP_ID=" + startup_id);
+  return environment;
+}
+
 // The first command whose program can be run; empty when there is none.
 std::vector<std::string> FirstInstalled(const Commands& commands) {
   for (const std::vector<std::string>& command : commands)
@@ -75,7 +109,8 @@ std::vector<std::string> FirstInstalled(const Commands& commands) {
 
 class DesktopShell : public Shell {
  public:
-  explicit DesktopShell(const FileSystem& files) : files_(files) {}
+  DesktopShell(const FileSystem& files, StartupIds startup_ids)
+      : files_(files), startup_ids_(std::move(startup_ids)) {}
 
   void Open(const std::string& path) override {
     ResumeNext([&] {
@@ -119,25 +154,30 @@ class DesktopShell : public Shell {
     if (types.empty()) return {"xdg-open", native};
     const std::optional<DesktopEntry> handler = FindHandler(types);
     if (!handler) return {};
-    if (handler->in_terminal) return {"xdg-open", native};
-    return handler->CommandLine(native);
+    std::vector<std::string> command = handler->CommandLine(native);
+    if (!handler->in_terminal) return command;
+    const std::vector<std::string> terminal = FirstInstalled(kTerminals);
+    if (terminal.empty()) return {"xdg-open", native};
+    command.insert(command.begin(), terminal.begin(), terminal.end());
+    return command;
   }
 
   void Start(const std::vector<std::string>& command) {
-    // Those that have ended meanwhile are let go of here.
-    std::erase_if(running_, [](pid_t process) { return waitpid(process, nullptr, WNOHANG) != 0; });
-    if (const pid_t process = StartConditions().Start(command); process != 0) running_.push_back(process);
+    const std::vector<std::string> environment = EnvironmentFor(startup_ids_ ? startup_ids_() : "");
+    const pid_t process = StartConditions().Start(command, environment);
+    // Nobody looks at how it ends, but the system keeps a process until someone has waited for it.
+    if (process != 0) std::thread([process] { waitpid(process, nullptr, 0); }).detach();
   }
 
   const FileSystem& files_;
+  StartupIds startup_ids_;
   SessionBus bus_;
-  std::vector<pid_t> running_;
 };
 
 }  // namespace
 
-std::unique_ptr<Shell> OpenShell(const FileSystem& files) {
-  return std::make_unique<DesktopShell>(files);
+std::unique_ptr<Shell> OpenShell(const FileSystem& files, StartupIds startup_ids) {
+  return std::make_unique<DesktopShell>(files, std::move(startup_ids));
 }
 
 }  // namespace qublet

@@ -50,10 +50,10 @@ std::string ExecArgument(std::string_view argument) {
   return '"' + value + '"';
 }
 
-std::string EntryThatOpens(const std::string& native) {
-  return "[Desktop Entry]\nType=Application\nName=Last playlist\nComment=Opens the last playlist at "
-         "logon\nExec=xdg-open " +
-         ExecArgument(native) + "\nTerminal=false\nNoDisplay=true\n" + std::string(kMark);
+std::string EntryThatOpens(const std::string& name, const std::string& native) {
+  return "[Desktop Entry]\nType=Application\nName=" + name +
+         "\nComment=Opens the last playlist at logon\nExec=xdg-open " + ExecArgument(native) +
+         "\nTerminal=false\nNoDisplay=true\n" + std::string(kMark);
 }
 
 class AutostartFolder : public StartupEntries {
@@ -61,10 +61,14 @@ class AutostartFolder : public StartupEntries {
   AutostartFolder(const FileSystem& files, const std::string& config)
       : files_(files), folder_(config.empty() ? "" : config + "/autostart") {}
 
+  std::string FileToOpen(const std::string& path) const override {
+    return path.ends_with(".m3u") ? path + '8' : path;
+  }
+
   void Set(const std::string& name, const std::string& path) override {
     const std::string native = PathOf(name);
     const std::string present = Present(native);
-    const std::string wanted = EntryThatOpens(files_.ToNative(path));
+    const std::string wanted = EntryThatOpens(name, files_.ToNative(FileToOpen(path)));
     if (present == wanted) return;
     if (!present.empty() && !IsOurs(present)) throw Failure("an entry of another program", native);
     MakeFolders(folder_);

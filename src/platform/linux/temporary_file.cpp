@@ -19,8 +19,11 @@ std::string NameFor(const std::string& target) {
   return name;
 }
 
-bool Lock(const Descriptor& file) {
-  return Uninterrupted([&] { return flock(file.Get(), LOCK_EX | LOCK_NB); }) == 0;
+enum class LockResult { kLocked, kHeldByAnother, kNotLockable };
+
+LockResult Lock(const Descriptor& file) {
+  if (Uninterrupted([&] { return flock(file.Get(), LOCK_EX | LOCK_NB); }) == 0) return LockResult::kLocked;
+  return errno == EWOULDBLOCK ? LockResult::kHeldByAnother : LockResult::kNotLockable;
 }
 
 bool StandsAt(const Descriptor& folder, const std::string& name, const Descriptor& file) {
@@ -33,7 +36,7 @@ bool StandsAt(const Descriptor& folder, const std::string& name, const Descripto
 // Whoever holds the lock of the file that stands at a name may delete or rename it, and nobody else. Between opening
 // and locking it may have gone, and another come, so both are asked for together.
 bool Owns(const Descriptor& folder, const std::string& name, const Descriptor& file) {
-  return file.IsOpen() && Lock(file) && StandsAt(folder, name, file);
+  return file.IsOpen() && Lock(file) == LockResult::kLocked && StandsAt(folder, name, file);
 }
 
 void DeleteIfLeft(const Descriptor& folder, const std::string& name) {
@@ -56,8 +59,10 @@ TemporaryFile MakeTemporaryFile(const Descriptor& folder, const std::string& tar
     const std::string name = NameFor(target);
     DeleteIfLeft(folder, name);
     Descriptor file = MakeNew(folder, name, mode);
-    // One that took ours for left, before it was locked, deletes it.
     if (Owns(folder, name, file)) return {std::move(file), name};
+    // One that took ours for left, before it was locked, deletes it. What nobody can lock is ours to delete.
+    if (file.IsOpen() && Lock(file) == LockResult::kNotLockable && StandsAt(folder, name, file))
+      unlinkat(folder.Get(), name.c_str(), 0);
   }
   const std::string name = TemporaryName();
   return {OpenAt(folder.Get(), name, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, mode), name};

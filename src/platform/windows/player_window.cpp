@@ -16,14 +16,6 @@ HWND WindowOf(const PlayerHandle& player) {
   return reinterpret_cast<HWND>(static_cast<ULONG_PTR>(std::strtoull(player.c_str(), nullptr, 10)));
 }
 
-// What the window answers; `otherwise` when it is gone or hangs.
-LRESULT Send(const PlayerHandle& player, UINT message, WPARAM first, LPARAM second, LRESULT otherwise) {
-  DWORD_PTR answer = 0;
-  const LRESULT sent = SendMessageTimeoutW(WindowOf(player), message, first, second, SMTO_ABORTIFHUNG,
-                                           static_cast<UINT>(kPlayerPatience), &answer);
-  return sent != 0 ? static_cast<LRESULT>(answer) : otherwise;
-}
-
 class MessagePlayers : public PlayerWindows {
  public:
   PlayerHandle Find(const AssociatedProgram& /*program*/) override {
@@ -49,6 +41,18 @@ class MessagePlayers : public PlayerWindows {
 
   void Jump(const PlayerHandle& player, std::int32_t milliseconds) override {
     if (!player.empty()) Send(player, WM_USER, static_cast<WPARAM>(milliseconds), kJumpTo, 0);
+  }
+
+ private:
+  // What the window answers; `otherwise` when it is gone or hangs.
+  LRESULT Send(const PlayerHandle& player, UINT message, WPARAM first, LPARAM second, LRESULT otherwise) const {
+    using namespace std::chrono;
+    const auto left = duration_cast<milliseconds>(Deadline() - steady_clock::now()).count();
+    if (left <= 0) return otherwise;
+    DWORD_PTR answer = 0;
+    const LRESULT sent = SendMessageTimeoutW(WindowOf(player), message, first, second, SMTO_ABORTIFHUNG,
+                                             static_cast<UINT>(left), &answer);
+    return sent != 0 ? static_cast<LRESULT>(answer) : otherwise;
   }
 };
 

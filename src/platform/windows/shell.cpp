@@ -52,7 +52,7 @@ class WindowsShell : public Shell {
 
 }  // namespace
 
-std::unique_ptr<Shell> OpenShell(const FileSystem& files) {
+std::unique_ptr<Shell> OpenShell(const FileSystem& files, StartupIds /*startup_ids*/) {
   return std::make_unique<WindowsShell>(files);
 }
 

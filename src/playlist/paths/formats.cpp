@@ -1,15 +1,12 @@
 #include "playlist/paths/formats.h"
 
+#include <cmath>
+
 #include "platform/user_locale.h"
 #include "playlist/paths/text.h"
 
 namespace qublet {
 namespace {
-
-// Rounded to nearest, halves up; for amounts of 0 and more.
-std::int64_t DividedRounded(std::int64_t amount, std::int64_t unit) {
-  return amount / unit + (amount % unit >= unit - unit / 2 ? 1 : 0);
-}
 
 bool StaysInTagText(char c) {
   return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == ' ';
@@ -43,13 +40,14 @@ std::string GroupedNumber(std::int64_t number, std::string_view thousands_separa
   return text;
 }
 
-std::string FormatSize(std::int64_t bytes, std::string_view thousands_separator) {
-  constexpr std::int64_t kKilo = 1024;
-  constexpr std::int64_t kMega = kKilo * kKilo;
+std::string FormatSize(double bytes, std::string_view thousands_separator) {
+  constexpr double kKilo = 1024;
+  constexpr double kMega = kKilo * kKilo;
+  const auto whole = [&](double amount) { return GroupedNumber(std::llround(amount), thousands_separator); };
   if (bytes == 0) return "0 Bytes";
-  if (bytes > 16 * kMega) return GroupedNumber(DividedRounded(bytes, kMega), thousands_separator) + " Mb";
-  if (bytes > 16 * kKilo) return GroupedNumber(DividedRounded(bytes, kKilo), thousands_separator) + " Kb";
-  if (bytes > 1) return GroupedNumber(bytes, thousands_separator) + " Bytes";
+  if (bytes > 16 * kMega) return whole(bytes / kMega) + " Mb";
+  if (bytes > 16 * kKilo) return whole(bytes / kKilo) + " Kb";
+  if (bytes > 1) return whole(bytes) + " Bytes";
   return "";
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -23,8 +24,12 @@ std::string UserThousandsSeparator();
 std::string GroupedNumber(std::int64_t number, std::string_view thousands_separator = ",");
 
 // "0 Bytes", "16,384 Bytes", "16 Kb" (above 16384), "16 Mb" (above 16777216); whole numbers, halves away from zero.
-// "" for 1 and for anything below 0.
-std::string FormatSize(std::int64_t bytes, std::string_view thousands_separator = ",");
+// "" for 1, for fractions below that and for anything below 0. An average may be a fraction: 1.6 is "2 Bytes".
+std::string FormatSize(double bytes, std::string_view thousands_separator = ",");
+template <std::integral Whole>
+std::string FormatSize(Whole bytes, std::string_view thousands_separator = ",") {
+  return FormatSize(static_cast<double>(bytes), thousands_separator);
+}
 
 // "0:05", "10:00", "1:01:01"; hours go on beyond 24.
 std::string FormatTime(std::int64_t seconds);

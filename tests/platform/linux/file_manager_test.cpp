@@ -7,11 +7,6 @@
 namespace qublet {
 namespace {
 
-TEST(FileAddress, EscapesAllThatIsNoPlainCharacter) {
-  EXPECT_EQ(FileAddress("/m/a b#100%?\xC3\xA9.mp3"), "file:///m/a%20b%23100%25%3F%C3%A9.mp3");
-  EXPECT_EQ(FileAddress("/m/it-is_~1.mp3"), "file:///m/it-is_~1.mp3");
-}
-
 class FileManagerTest : public testing::Test {
  protected:
   std::filesystem::path Log() const { return desktop_.Drives().Root() / "log"; }

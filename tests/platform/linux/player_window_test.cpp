@@ -90,6 +90,40 @@ TEST_F(PlayerWindowsTest, FindThePlayerByItsDesktopEntry) {
   EXPECT_NE(players_->Find(kFake), "");
 }
 
+TEST_F(PlayerWindowsTest, FindThePlayerByTheLastPartOfItsId) {
+  const auto other = Start("fakevlc", R"("status": "Playing")");
+  const auto player = Start("vlc.instance5", R"("status": "Stopped", "position": 0)");
+  const AssociatedProgram program{"c:\\flatpak", "org.videolan.VLC", true, ""};
+  EXPECT_EQ(players_->State(players_->Find(program)), kStopped);
+  EXPECT_NE(players_->Find(program), "");
+  const auto named = Start("org.videolan.VLC", R"("status": "Paused")");
+  EXPECT_EQ(players_->State(players_->Find(program)), kPaused) << "the whole id counts more";
+}
+
+TEST_F(PlayerWindowsTest, FindThePlayerByTheExecutableThatAnswers) {
+  const auto player = Start("othername", R"("status": "Paused")");
+  const std::string python = std::filesystem::canonical("/usr/bin/python3").string();
+  EXPECT_EQ(players_->State(players_->Find({"c:\\player", "player", true, python})), kPaused);
+  EXPECT_EQ(players_->Find({"c:\\player", "player", true, "/usr/bin/other"}), "");
+  EXPECT_EQ(players_->Find({"c:\\player", "player", true, ""}), "");
+}
+
+TEST_F(PlayerWindowsTest, WaitASecondForAllThatAnActionAsks) {
+  const auto player = Start("fake", R"("status": "Playing", "position": 3000000, "track": "/t/1")");
+  const PlayerHandle handle = players_->Find(kFake);
+  player->Process().Freeze();
+  EXPECT_LT(TimeOf([&] {
+              const PlayerWindows::Action action(*players_);
+              EXPECT_EQ(players_->State(handle), kStopped);
+              EXPECT_EQ(players_->Position(handle), -1);
+              players_->Jump(handle, 1);
+              players_->Stop(handle);
+            }),
+            kAfterOnePatience);
+  player->Process().Thaw();
+  EXPECT_TRUE(Eventually([&] { return players_->State(handle) == kPlaying; })) << "the next one has its own time";
+}
+
 TEST_F(PlayerWindowsTest, NeverTakeAnotherProgramThatPlays) {
   const auto browser = Start("browser.instance12", R"("status": "Playing", "entry": "browser")");
   const auto nameless = Start("fakes", R"("status": "Playing")");

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <thread>
 
+#include "support/child_process.h"
 #include "support/temporary_desktop.h"
 
 namespace qublet {
@@ -51,15 +52,49 @@ TEST_F(ShellTest, DoesNothingForAPlaylistThatNobodyOwns) {
   EXPECT_TRUE(NothingComes());
 }
 
-TEST_F(ShellTest, LeavesOtherFilesFoldersAndProgramsInATerminalToTheSystem) {
+TEST_F(ShellTest, LeavesOtherFilesAndFoldersToTheSystem) {
   AddLogger("xdg-open");
   shell_->Open("c:\\folder");
   EXPECT_EQ(Noted(), (desktop_.Drives().C() / "folder").string() + "\nend\n");
-  std::filesystem::remove(Log());
+}
+
+TEST_F(ShellTest, StartsAProgramWithoutAWindowInATerminal) {
   desktop_.AddProgram("play");
-  TemporaryDesktop::AddEntry(desktop_.Data(), "play", "Exec=play\nTerminal=true\nMimeType=audio/x-mpegurl;\n");
-  shell_->Open("c:\\a.m3u");
-  EXPECT_EQ(Noted(), (desktop_.Drives().C() / "a.m3u").string() + "\nend\n");
+  TemporaryDesktop::AddEntry(desktop_.Data(), "play", "Exec=play -q %f\nTerminal=true\nMimeType=audio/x-mpegurl;\n");
+  const std::string native = (desktop_.Drives().C() / "a b.m3u").string();
+  AddLogger("xdg-open");
+  shell_->Open("c:\\a b.m3u");
+  EXPECT_EQ(Noted(), native + "\nend\n") << "where there is no terminal";
+  std::filesystem::remove(Log());
+  AddLogger("xterm");
+  shell_->Open("c:\\a b.m3u");
+  EXPECT_EQ(Noted(), "-e\nplay\n-q\n" + native + "\nend\n");
+  std::filesystem::remove(Log());
+  AddLogger("x-terminal-emulator");
+  shell_->Open("c:\\a b.m3u");
+  EXPECT_EQ(Noted(), "-e\nplay\n-q\n" + native + "\nend\n");
+}
+
+TEST_F(ShellTest, LeavesNothingOfAProgramThatHasEnded) {
+  desktop_.AddProgram("xdg-open", "echo $$ >'" + Log().string() + "'\n");
+  shell_->Open("c:\\folder");
+  std::string number;
+  ASSERT_TRUE(Eventually([&] { return (number = TemporaryDrives::ReadAt(Log())).ends_with('\n'); }));
+  number.pop_back();
+  EXPECT_TRUE(Eventually([&] { return !std::filesystem::exists("/proc/" + number); }));
+}
+
+TEST_F(ShellTest, HandsOnAnIdForEachStartAndNeverItsOwn) {
+  const Variable own("DESKTOP_STARTUP_ID", "of the start of this program");
+  const Variable token("XDG_ACTIVATION_TOKEN", "of this program too");
+  desktop_.AddProgram("xdg-open",
+                      "{ echo \"$DESKTOP_STARTUP_ID$XDG_ACTIVATION_TOKEN\"; echo end; } >'" + Log().string() + "'\n");
+  shell_->Open("c:\\folder");
+  EXPECT_EQ(Noted(), "\nend\n");
+  std::filesystem::remove(Log());
+  int starts = 0;
+  OpenShell(*files_, [&] { return "start-" + std::to_string(++starts); })->Open("c:\\folder");
+  EXPECT_EQ(Noted(), "start-1\nend\n");
 }
 
 TEST_F(ShellTest, MindsNeitherAMissingOpenerNorAMissingDrive) {

@@ -2,8 +2,12 @@
 
 #include <cmath>
 
+#include "platform/linux/desktop_entry.h"
+#include "platform/startup_entry.h"
 #include "player/player_link.h"
 #include "player/preview.h"
+#include "playlist/m3u_lines.h"
+#include "playlist/paths/text_files.h"
 #include "support/fake_services.h"
 #include "support/private_bus.h"
 
@@ -41,8 +45,8 @@ class RealPlayer : public testing::Test {
 
   std::filesystem::path Root() const { return desktop_.Drives().Root(); }
 
-  void InstallAs(const std::string& options) const {
-    TemporaryDesktop::AddEntry(desktop_.Data(), "mpv",
+  void InstallAs(const std::string& options, const std::string& id = "mpv") const {
+    TemporaryDesktop::AddEntry(desktop_.Data(), id,
                                "Exec=mpv " + options + " -- %U\nCategories=AudioVideo;Audio;Player;\n" +
                                    "MimeType=audio/x-mpegurl;audio/mpegurl;audio/x-wav;\n");
   }
@@ -131,12 +135,55 @@ TEST_F(RealPlayer, IsKnownByItsEntry) {
             files_->FromNative((desktop_.Programs() / "mpv").string()));
 }
 
+TEST_F(RealPlayer, IsFoundUnderAnIdThatOnlyEndsInItsName) {
+  std::filesystem::remove(desktop_.Data() / "applications/mpv.desktop");
+  InstallAs("--idle=yes", "io.github.Mpv");
+  Add("c:\\long.wav", 100);
+  Play(kPlayList);
+  EXPECT_NE(WaitForPlaying(), "");
+}
+
+TEST_F(RealPlayer, IsFoundByItsExecutableUnderAnotherName) {
+  std::filesystem::remove(desktop_.Data() / "applications/mpv.desktop");
+  TemporaryDesktop::AddEntry(desktop_.Data(), "videos",
+                             std::string("Exec=") + QUBLET_REAL_PLAYER +
+                                 " --no-terminal --ao=null --no-video -- %U\nMimeType=audio/x-mpegurl;\n");
+  Add("c:\\long.wav", 100);
+  Play(kPlayList);
+  const PlayerHandle player = WaitForPlaying();
+  EXPECT_NE(player, "");
+  players_->Stop(player);
+  EXPECT_TRUE(Eventually([&] { return link_.FindPlayerWindow().empty(); })) << "a stop ends it";
+}
+
 TEST_F(RealPlayer, PlaysTheListInItsOrder) {
   Add("c:\\m\\b \u0414\u0430 #1.wav", 0.2);
   Add("d:\\a & 100%.wav", 0.2);
   Add("c:\\m\\b \u0414\u0430 #1.wav", 0.2);
   Play(kPlayList);
   ExpectPlayed({"c:\\m\\b \u0414\u0430 #1.wav", "d:\\a & 100%.wav", "c:\\m\\b \u0414\u0430 #1.wav"});
+}
+
+TEST_F(RealPlayer, PlaysNamesThatSomePlayersTakeForAddresses) {
+  const std::vector<std::string> paths{"c:\\hash#1.wav", "c:\\pct%41.wav", "d:\\q?x.wav"};
+  for (const std::string& path : paths) Add(path, 0.2);
+  Play(kPlayList);
+  ExpectPlayed(paths);
+}
+
+TEST_F(RealPlayer, PlaysTheLastListAtLogon) {
+  const std::vector<std::string> paths{"c:\\b \u0414\u0430 #1.wav", "d:\\a.wav"};
+  for (const std::string& path : paths) TemporaryDrives::WriteAt(files_->ToNative(path), WavOf(0.2));
+  desktop_.AddProgram("xdg-open", "exec mpv --idle=yes -- \"$@\"\n");
+  const std::unique_ptr<StartupEntries> entries = OpenStartupEntries(*files_);
+  const std::string last = "c:\\program\\last.m3u";
+  ASSERT_TRUE(WriteLinesToFile(*files_, last, paths));
+  ASSERT_TRUE(WriteHandOver(*files_, entries->FileToOpen(last), paths));
+  entries->Set("last", last);
+  // What the desktop makes of an Exec line without escapes is what a shell does.
+  const std::string entry = ReadGroups((desktop_.Config() / "autostart/last.desktop").string());
+  const ChildProcess session({"/bin/sh", "-c", ValueOf(entry, "Desktop Entry", "Exec")});
+  ExpectPlayed(paths);
 }
 
 TEST_F(RealPlayer, PlaysTheSelectedRows) {

@@ -58,6 +58,13 @@ TEST(FormatSize, ChangesUnitAtSixteenKiloAndSixteenMega) {
   for (const auto& c : cases) EXPECT_EQ(FormatSize(c.bytes), c.expected) << c.bytes;
 }
 
+TEST(FormatSize, TakesFractions) {
+  EXPECT_EQ(FormatSize(1.6), "2 Bytes");
+  EXPECT_EQ(FormatSize(1.2), "1 Bytes");
+  EXPECT_EQ(FormatSize(0.6), "");
+  EXPECT_EQ(FormatSize(16384.4), "16 Kb");
+}
+
 TEST(FormatSize, TakesTheSeparatorItIsGiven) {
   EXPECT_EQ(FormatSize(16384, "."), "16.384 Bytes");
   EXPECT_EQ(FormatSize(5000000000, "\u202F"), "4\u202F768 Mb");
