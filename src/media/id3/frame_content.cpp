@@ -35,18 +35,9 @@ constexpr Layout LayoutOf(FrameKind kind) {
 }
 
 std::string ReadValues(StringReader& reader) {
-  std::string joined;
-  std::string separators;  // of empty values, which count only when another one follows
-  bool first = true;
-  while (!reader.AtEnd()) {
-    const std::string value = reader.Next();
-    if (!first) separators += '/';
-    first = false;
-    if (value.empty()) continue;
-    joined += separators + value;
-    separators.clear();
-  }
-  return joined;
+  std::vector<std::string> values;
+  while (!reader.AtEnd()) values.push_back(reader.Next());
+  return JoinedValues(values);
 }
 
 std::string ReadUrl(BytesView content) {
@@ -73,6 +64,20 @@ std::optional<FrameKind> KindOf(std::string_view id) {
   if (id[0] == 'T') return FrameKind::kText;
   if (id[0] == 'W') return FrameKind::kUrl;
   return std::nullopt;
+}
+
+std::string JoinedValues(const std::vector<std::string>& values) {
+  std::string joined;
+  std::string separators;  // of empty values, which count only when another one follows
+  bool first = true;
+  for (const std::string& value : values) {
+    if (!first) separators += '/';
+    first = false;
+    if (value.empty()) continue;
+    joined += separators + value;
+    separators.clear();
+  }
+  return joined;
 }
 
 std::optional<FrameText> DecodeFrameText(FrameKind kind, BytesView content) {
