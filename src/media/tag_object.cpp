@@ -41,13 +41,12 @@ void TagObject::PrepareFile(const std::string& /*path*/) {}
 void TagObject::ReadTags(const std::string& path, bool with_stream) {
   ForgetV1();
   ForgetV2();
+  stream_ = {};
   const auto file = files_.OpenForReading(path);
   const FileEnds ends = FindEnds(*file);
   LoadV1(*file, ends);
   LoadV2(*file, ends);
-  if (!with_stream) return;
-  stream_ = {};
-  stream_ = qublet::ReadStreamInfo(*file);
+  if (with_stream) stream_ = FindStreamInfo(*file).value_or(StreamFacts{});
 }
 
 void TagObject::ReadID3v1(const std::string& path) {

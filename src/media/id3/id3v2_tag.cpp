@@ -33,8 +33,13 @@ std::vector<std::size_t> FirstOf(const std::vector<std::size_t>& places) {
 
 }  // namespace
 
+std::optional<Bytes> Id3v2Tag::ContentOf(const RawFrame& frame) const {
+  if (!shows_compressed_ && IsCompressed(frame, raw_)) return std::nullopt;
+  return ShownContent(frame, raw_);
+}
+
 std::optional<FrameText> Id3v2Tag::TextIn(const RawFrame& frame, FrameKind kind) const {
-  const auto content = ShownContent(frame, raw_);
+  const auto content = ContentOf(frame);
   return content ? DecodeFrameText(kind, *content) : std::nullopt;
 }
 

@@ -31,7 +31,8 @@ class Id3v2Tag {
   // A new tag, ID3v2.3.
   Id3v2Tag() = default;
   // One that was read from a file.
-  explicit Id3v2Tag(RawTag raw) : raw_(Upgraded(std::move(raw))), is_new_(false) {}
+  explicit Id3v2Tag(RawTag raw)
+      : raw_(Upgraded(std::move(raw))), is_new_(false), shows_compressed_(ShowsCompressed(raw_)) {}
 
   // The text of a frame by its four-character id; "" when there is none. Several text frames of one id are shown as
   // several values of one are. "TYER" is the year in every version (the text of TDRC in 2.4). Of TXXX it is the frame
@@ -68,6 +69,7 @@ class Id3v2Tag {
   using Wanted = std::function<bool(const FrameText&)>;
   using Places = std::vector<std::size_t>;  // numbers of frames, ascending
 
+  std::optional<Bytes> ContentOf(const RawFrame& frame) const;
   std::optional<FrameText> TextIn(const RawFrame& frame, FrameKind kind) const;
   // Only frames whose text can be shown.
   Places FindAll(std::string_view id, const Wanted& wanted) const;
@@ -90,6 +92,7 @@ class Id3v2Tag {
 
   RawTag raw_;
   bool is_new_ = true;
+  bool shows_compressed_ = true;
 };
 
 inline constexpr std::string_view kPropertyDescriptions[] = {"MusicMatch_Preference", "MusicMatch_Mood",

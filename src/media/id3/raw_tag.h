@@ -68,7 +68,11 @@ inline constexpr char kForeignTailOwner[] = "QUBLET_id3v22tail";
 // The four-character id of a frame that a file has under a three-letter id filled up with a zero, else its own.
 std::string_view ShownId(const RawFrame& frame);
 
-// The bytes that the frame's id defines, flags resolved; nothing when they are compressed or encrypted.
+bool IsCompressed(const RawFrame& frame, const RawTag& tag);
+// Whether the compressed frames of a tag take so little memory, by what they claim, that they can be shown.
+bool ShowsCompressed(const RawTag& tag);
+// The bytes that the frame's id defines, flags resolved; nothing when they are encrypted, broken, or compressed and
+// longer than a text (1 MiB) or a picture (16 MiB) should be.
 std::optional<Bytes> PlainContent(const RawFrame& frame, const RawTag& tag);
 // The same as ShownId's frame has it, which differs where ID3v2.2 had another layout.
 std::optional<Bytes> ShownContent(const RawFrame& frame, const RawTag& tag);
