@@ -30,7 +30,7 @@ class Edit:
             return key.startswith("V1:")
         if self.words == ("same",):
             return False
-        field, start = self.field, key.split(":")[0]
+        field, start = self.field, key.split(":")[0].lstrip("?")
         if field == "V1Title":
             return key in ("V1:title", "V1:TIT2") or not any(one.startswith("V1:") for one in before)
         if field == "TYER":

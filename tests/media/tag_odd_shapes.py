@@ -146,10 +146,12 @@ def compressed(chance):
 def claims(chance):
     """What the head of the tag says isn't so."""
     version, _, before, after = common(chance)
-    what = chance.choice(("extended", "unsync", "footer", "experimental", "revision", "unknown"))
+    what = chance.choice(("extended", "unsync", "footer", "experimental", "revision", "unknown", "version"))
     whole = bytearray(tag(version, *before, *after, padding=chance.choice((0, 30))))
     if what == "revision":
         whole[4] = 1
+    elif what == "version":
+        whole[3] = 5
     elif what != "footer" or version == 4:
         whole[5] |= {"extended": 0x40, "unsync": 0x80, "footer": 0x10, "experimental": 0x20, "unknown": 0x02}[what]
     return Shape(named("claims", version, what), [bytes(whole)], **ends(chance))

@@ -45,9 +45,12 @@ def mutagen_frames(reading, data):
         content.append(sorted(map(repr, getattr(one, "sub_frames", {}).values())))
         add(reading, ":".join(parts).rstrip(" "), brief(content))
     head = 6 if tags.version < (2, 3, 0) else 10
-    for one in tags.unknown_frames:
-        if len(one) > head:
-            add(reading, "?" + bytes(one[:3 if head == 6 else 4]).decode("latin1"), brief(bytes(one[head:])))
+    for one in map(bytes, tags.unknown_frames):
+        # It doesn't look whether there is as much as the frame says.
+        field = one[3:6] if head == 6 else one[4:8]
+        sizes = [sum(byte << bits * i for i, byte in enumerate(reversed(field))) for bits in (7, 8)]
+        if len(one) > head and len(one) - head in sizes:
+            add(reading, "?" + one[:3 if head == 6 else 4].decode("latin1"), brief(one[head:]))
 
 
 def mutagen_v1(reading, data):

@@ -78,12 +78,15 @@ def differences(before, after, edit):
             yield key, "changed", f"{contents} -> {now}"
 
 
-def invented(old, after, edit):
+def invented(old, before, after, edit):
     """Frames of an id that the file didn't hold."""
+    if b"ID3" not in old:
+        return
     for judge, reading in after.items():
         for key, contents in reading.items():
             start = key.split(":")[0].lstrip("?")
-            known = start in ("V1", "TDRC", "TYER") or start.encode("utf8") in old or tag_shapes.name_in(2, start).encode() in old
+            known = (start in ("V1", "TDRC", "TYER") or start in {one.split(":")[0] for one in before[judge]} or
+                     start.encode() in old or tag_shapes.name_in(2, start).encode() in old)
             if not known and not edit.touches(key, reading):
                 yield judge, key, "appeared", contents
 
@@ -115,8 +118,8 @@ def shows(edit, after):
     """The new text stands where it was put. (A reading shows only short texts whole.)"""
     if len(edit.text) not in range(1, 60) or edit.field in ("Comments", "Covers") or edit.in_v1():
         return True
-    wanted = [key for key in after if edit.touches(key, after)]
-    return any(edit.text in str(content) for key in wanted for content in after[key])
+    wanted = [key for key in after if edit.touches(key, after) or key.startswith(edit.field)]
+    return any(edit.text in key + str(content) for key in wanted for content in after[key])
 
 
 # --- a chunk of files ---
@@ -169,7 +172,7 @@ def judge_trial(trial, before, after):
             yield fault(judge, key, what, details)
         if not shows(trial.edit, after[judge]):
             yield fault(judge, trial.edit.field, "not shown")
-    for difference in invented(trial.old, after, trial.edit):
+    for difference in invented(trial.old, before, after, trial.edit):
         yield fault(*difference)
 
 
@@ -191,7 +194,8 @@ def try_chunk(job):
                 faults.append(Fault(trial.number, trial.shape, trial.edit, "write", "", "refused"))
             if answer == "refused" or trial.edit == SAME:
                 if trial.new != trial.old:
-                    faults.append(Fault(trial.number, trial.shape, trial.edit, "bytes", "", "the file changed"))
+                    what = other_bytes(trial.shape, trial.edit, trial.old, trial.new) or "half done"
+                    faults.append(Fault(trial.number, trial.shape, trial.edit, "bytes", "", what))
             elif trial.new != trial.old:
                 changed.append(trial)
         before = read_all(tools, [one.path for one in originals], [one.old for one in originals])

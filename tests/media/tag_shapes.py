@@ -25,7 +25,7 @@ LONG_FRAMES = {"TPE1": b"", "COMM": b"eng", "USLT": b"eng", "TXXX": b"", "APIC":
                "GEOB": b"\0application/x\0file\0described\0", "UFID": b"http://ids\0", "MCDI": b"", "TSSE": b"",
                "XYZW": b""}
 OLD_LONG = {"TPE1": "TP1", "COMM": "COM", "USLT": "ULT", "TXXX": "TXX", "APIC": "PIC", "PRIV": "XY1", "GEOB": "GEO",
-            "UFID": "UFI", "MCDI": "MCI", "TSSE": "TSS", "XYZW": "CM1"}
+            "UFID": "UFI", "MCDI": "MCI", "TSSE": "TSS", "XYZW": "CM1", "TDAT": "TDA", "TIME": "TIM", "LINK": "LNK"}
 
 
 @dataclass

@@ -138,9 +138,13 @@ Reading ReadingOf(const ID3v2::Frame& frame) {
     return {id + ":" + one->description() + ":" + String(one->language()), text};
   }
   if (auto* one = dynamic_cast<const ID3v2::UserTextIdentificationFrame*>(&frame)) {
+    // It takes the text of a frame without a description for the description.
+    StringList values = one->fieldList();
+    if (values.size() < 2 || (values.size() == 2 && values[1].isEmpty())) return {id + ":", one->description().to8Bit(true)};
     return {id + ":" + one->description(), text};
   }
   if (auto* one = dynamic_cast<const ID3v2::UserUrlLinkFrame*>(&frame)) return {id + ":" + one->description(), text};
+  if (auto* one = dynamic_cast<const ID3v2::UrlLinkFrame*>(&frame)) return {id, one->url().to8Bit(true)};
   if (auto* one = dynamic_cast<const ID3v2::TextIdentificationFrame*>(&frame)) {
     return {id, one->fieldList().toString("/").to8Bit(true)};
   }
