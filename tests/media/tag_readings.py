@@ -41,7 +41,7 @@ def mutagen_frames(reading, data):
         if one.FrameID == "APIC":
             one.mime = OLD_FORMATS.get(one.mime, one.mime)
         # A picture's description gets blanks at its end where there are several alike.
-        content = [getattr(one, spec.name, None) for spec in specs if spec.name not in ("desc", "lang", "sub_frames")]
+        content = [getattr(one, spec.name, None) for spec in specs if spec.name not in ("encoding", "desc", "lang", "sub_frames")]
         content.append(sorted(map(repr, getattr(one, "sub_frames", {}).values())))
         add(reading, ":".join(parts).rstrip(" "), brief(content))
     head = 6 if tags.version < (2, 3, 0) else 10

@@ -263,17 +263,21 @@ def run_rule(options):
 
 
 def run_table(options):
+    """By what TagLib and mutagen read; behind each figure the frames that it is about most."""
     for writer in ("ours", "TagLib"):
         reasons = ReasonTable()
-        files, kinds = 0, collections.defaultdict(set)
+        files, numbers, ids = 0, collections.defaultdict(set), collections.defaultdict(set)
         for names, _, _, faults in try_all(options, writer, True):
             files += len(names)
             for fault in faults:
-                if not reasons.excuses(fault) or fault.what == "refused":
-                    kinds["other bytes" if fault.judge == "bytes" else fault.what].add(fault.number)
+                if fault.judge != "ours" and (fault.what == "refused" or not reasons.excuses(fault)):
+                    kind = "other bytes" if fault.judge == "bytes" else fault.what
+                    numbers[kind].add(fault.number)
+                    ids[kind, fault.key.removeprefix("odd ").split(":")[0].lstrip("?")].add(fault.number)
         print(f"{writer}, the title of {files} files changed:")
         for kind in ("changed", "lost", "other bytes", "refused"):
-            print(f"    {kind}: {len(kinds[kind])}")
+            most = sorted(((len(found), key) for (one, key), found in ids.items() if one == kind and key), reverse=True)
+            print(f"    {kind}: {len(numbers[kind])}", ", ".join(f"{key} {count}" for count, key in most[:6]))
     return 0
 
 
