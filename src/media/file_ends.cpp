@@ -21,8 +21,16 @@ Bytes ReadBytes(InputFile& file, std::int64_t offset, std::int64_t length) {
   return bytes;
 }
 
+// Some programs claim a footer that isn't there.
+bool HasFooter(InputFile& file, std::int64_t offset, const TagHeader& header) {
+  constexpr auto kSize = static_cast<std::int64_t>(TagHeader::kSize);
+  return AsText(ReadBytes(file, offset + kSize + header.body_size, kSize)).starts_with("3DI");
+}
+
 std::optional<TagHeader> ReadHeader(InputFile& file, std::int64_t offset) {
-  return ParseTagHeader(ReadBytes(file, offset, TagHeader::kSize));
+  auto header = ParseTagHeader(ReadBytes(file, offset, TagHeader::kSize));
+  if (header && header->ClaimsFooter() && !HasFooter(file, offset, *header)) header->DropFooter();
+  return header;
 }
 
 constexpr std::string_view kApeMark = "APETAGEX";

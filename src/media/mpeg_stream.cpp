@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "media/file_window.h"
+#include "media/id3/raw_tag.h"
 #include "media/mpeg_frame.h"
 #include "media/tag_bounds.h"
 
@@ -97,7 +98,7 @@ class FrameSearch {
       if (bytes.size() < kHeaderLength) break;
       const std::int64_t tag = Id3v2Length(bytes);
       if (tag > 0 && tag <= window_.Size() - offset) {
-        offset += tag;
+        offset += HasClaimedFooter(offset, tag, bytes) ? tag : tag - kId3v2HeadLength;
         searched += kId3v2HeadLength;
         continue;
       }
@@ -113,6 +114,12 @@ class FrameSearch {
   }
 
  private:
+  // Some programs claim a footer that isn't there.
+  bool HasClaimedFooter(std::int64_t offset, std::int64_t tag, ByteSpan head) {
+    const auto header = ParseTagHeader(head);
+    return !header->ClaimsFooter() || HasLetters(window_.From(offset + tag - kId3v2HeadLength, 3), 0, "3DI");
+  }
+
   std::optional<Frame> FrameAt(std::int64_t offset, ByteSpan bytes) {
     const auto header = ParseFrameHeader(bytes);
     if (!header) return std::nullopt;

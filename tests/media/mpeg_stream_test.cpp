@@ -211,6 +211,12 @@ TEST(ReadStreamInfo, SkipsTagsInFront) {
                    length);
 }
 
+TEST(ReadStreamInfo, SeesTheFirstFrameBehindATagWhoseFooterIsOnlyClaimed) {
+  const Bytes tag = Overwritten(Id3v2Tag(600, 4), 5, {0x10});
+  EXPECT_DOUBLE_EQ(FactsOf(Joined({tag, CountFrame("Info", Counts(1000, 1)), Frames(9)})).StreamLength,
+                   1000 * 1152 / 44100.0);
+}
+
 TEST(ReadStreamInfo, LooksAtNothingInsideATag) {
   const Bytes tag = Overwritten(Id3v2Tag(5000), 10, Frames(10, {0xFF, 0xF3, 0x80, 0x64}, 208));
   EXPECT_EQ(FactsOf(Joined({tag, Frames(10)})).StreamVersion, "1.0");

@@ -99,6 +99,21 @@ TEST_F(OddTagsTest, IsChangedInPlaceBehindOtherBytes) {
                            AudioBytes());
 }
 
+TEST_F(OddTagsTest, EatNoAudioWhereAFooterIsOnlyClaimed) {
+  const std::string frame = TextFrameBytes(4, "TIT2", "Title");
+  Write(TagBytes(4, frame, 0x10) + AudioBytes());
+  TagObject tag = Loaded();
+  tag.SetFrame("TIT2", "New");
+  tag.WriteID3v2(kSong);
+  EXPECT_TRUE(Content().ends_with(AudioBytes()));
+  tag.RemoveID3v2(kSong);
+  EXPECT_EQ(Content(), AudioBytes());
+  const std::string size = NumberBytes(static_cast<std::uint32_t>(frame.size()), 4, 7);
+  Write(TagBytes(4, frame, 0x10) + "3DI\4\0\x10"s + size + AudioBytes());
+  tag.RemoveID3v2(kSong);
+  EXPECT_EQ(Content(), AudioBytes());
+}
+
 TEST_F(OddTagsTest, GetsNoId3v1BehindATagThatClaimsMoreThanTheFile) {
   const std::string overrun = "ID3\x03\0\0\0\0\x0A\0"s + TextFrameBytes(3, "TIT2", "Title") + AudioBytes(2);
   ASSERT_LT(overrun.size(), 1290u);

@@ -41,6 +41,16 @@ FrameWalk WalkBySizes(BytesView body, int version, bool sync_safe) {
   return before_odd_id && !walk.clean ? *before_odd_id : walk;
 }
 
+// Goes on by the other form of sizes, where that leads to a clean end: tags hold frames of two programs.
+void GoOn(FrameWalk& walk, BytesView body, int version, bool sync_safe) {
+  const FrameWalk rest = WalkBySizes(body.subspan(walk.end), version, sync_safe);
+  if (!rest.clean) return;
+  for (const std::size_t start : rest.starts) walk.starts.push_back(walk.end + start);
+  walk.named += rest.named;
+  walk.end += rest.end;
+  walk.clean = true;
+}
+
 // Whether the last frame, and not some place in the padding, is where the walk ends. A text may end in a few zeros.
 bool EndsWithItsLastFrame(const FrameWalk& walk, BytesView body) {
   constexpr std::size_t kMostZeros = 3;
@@ -99,7 +109,9 @@ FrameWalk WalkFrames(BytesView body, int version) {
   FrameWalk other = WalkBySizes(body, version, !sync_safe);
   const bool exact = other.clean && EndsWithItsLastFrame(other, body);
   const bool better = other.named > own.named ? version == 4 || other.clean : other.named == own.named && exact;
-  return better ? other : own;
+  if (!better) return own;
+  if (!other.clean) GoOn(other, body, version, sync_safe);
+  return other;
 }
 
 bool EndsInCutFrame(BytesView tail, int version) {

@@ -57,9 +57,16 @@ void WriteSize(Bytes& tag) {
 
 }  // namespace
 
+bool TagHeader::ClaimsFooter() const {
+  return version >= 4 && (flags & kTagFooter) != 0;
+}
+
+void TagHeader::DropFooter() {
+  flags &= static_cast<std::uint8_t>(~kTagFooter);
+}
+
 std::int64_t TagHeader::Extent() const {
-  const bool footer = version >= 4 && (flags & kTagFooter) != 0;
-  return static_cast<std::int64_t>(body_size) + static_cast<std::int64_t>(footer ? 2 * kSize : kSize);
+  return static_cast<std::int64_t>(body_size) + static_cast<std::int64_t>(ClaimsFooter() ? 2 * kSize : kSize);
 }
 
 std::optional<TagHeader> ParseTagHeader(BytesView bytes) {

@@ -20,6 +20,8 @@ struct TagHeader {
   std::uint8_t flags = 0;
   std::uint32_t body_size = 0;
 
+  bool ClaimsFooter() const;
+  void DropFooter();
   // Bytes from the start of the header to the end of the tag, padding and footer included.
   std::int64_t Extent() const;
 };

@@ -56,8 +56,18 @@ RawFrame Wrapped(const RawFrame& old) {
 
 // Encoding and three characters of a format stand at the start of PIC.
 constexpr std::size_t kPictureFormatEnd = 4;
-// The id of the frame that is linked to stands at the start of LNK; LINK has room for four characters.
+// The id of the frame that is linked to stands at the start of LNK.
 constexpr std::size_t kLinkedIdEnd = 3;
+
+// With the new id of that frame, filled up with a blank where there is none.
+Bytes WithLinkedId(BytesView link) {
+  const std::string_view old_id = AsText(link.first(kLinkedIdEnd));
+  const IdPair* pair = FindOldId(old_id);
+  Bytes content;
+  Append(content, pair != nullptr ? std::string(pair->id) : std::string(old_id) + " ");
+  Append(content, link.subspan(kLinkedIdEnd));
+  return content;
+}
 
 Bytes WithMimeType(BytesView picture) {
   const std::string format(AsText(picture.subspan(1, kPictureFormatEnd - 1)));
@@ -75,7 +85,7 @@ std::optional<Bytes> UpgradedContent(std::string_view old_id, Bytes content) {
     if (content.size() <= kPictureFormatEnd) return std::nullopt;
     return WithMimeType(content);
   }
-  if (old_id == "LNK" && content.size() >= kLinkedIdEnd) content.insert(content.begin() + kLinkedIdEnd, 0);
+  if (old_id == "LNK" && content.size() >= kLinkedIdEnd) return WithLinkedId(content);
   return content;
 }
 

@@ -97,6 +97,15 @@ TEST(WalkFrames, GoesOnBehindAnOddIdWhereTheEndIsClean) {
   EXPECT_EQ(Id3v2Tag(old).Frame("TPE1"), "Artist");
 }
 
+TEST(WalkFrames, GoesOnByTheOwnFormOfSizesWhereTheOtherEnds) {
+  const std::string body = TextFrameBytes(3, "TALB", Data(200)) + kTitle3 + FrameBytes(4, "????", Data(200));
+  const RawTag tag = Parsed(4, body);
+  ASSERT_EQ(tag.frames.size(), 3u);
+  EXPECT_EQ(tag.frames[0].content.size(), 201u);
+  EXPECT_EQ(tag.frames[2].content.size(), 200u);
+  EXPECT_NO_THROW(SerialiseTag(tag));
+}
+
 TEST(WalkFrames, StopsAtAnOddIdThatLeadsNowhere) {
   const std::string behind = FrameBytes(3, "tit2", "odd") + TextFrameBytes(3, "TPE1", "Artist") + "x";
   const RawTag tag = Parsed(3, kTitle3 + behind);

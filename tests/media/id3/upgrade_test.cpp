@@ -63,10 +63,13 @@ TEST(Upgraded, KeepsFramesThatTheNewVersionDoesNotKnowWhole) {
             "ab"s);
 }
 
-TEST(Upgraded, KeepsTheLinkedIdOfThreeLettersReadable) {
-  const RawTag tag = Upgraded(OldTag({{"LNK", 0, BytesFrom("TT2http://x\0id"s)}, {"LNK", 0, BytesFrom("TT"s)}}));
-  EXPECT_EQ(tag.frames[0], (RawFrame{"LINK", 0, BytesFrom("TT2\0http://x\0id"s)}));
-  EXPECT_EQ(tag.frames[1], (RawFrame{"LINK", 0, BytesFrom("TT"s)}));
+TEST(Upgraded, NamesTheLinkedFrameByItsNewId) {
+  const RawTag tag = Upgraded(OldTag({{"LNK", 0, BytesFrom("TT2http://x\0id"s)},
+                                      {"LNK", 0, BytesFrom("XY1http://x\0id"s)},
+                                      {"LNK", 0, BytesFrom("TT"s)}}));
+  EXPECT_EQ(tag.frames[0], (RawFrame{"LINK", 0, BytesFrom("TIT2http://x\0id"s)}));
+  EXPECT_EQ(tag.frames[1], (RawFrame{"LINK", 0, BytesFrom("XY1 http://x\0id"s)}));
+  EXPECT_EQ(tag.frames[2], (RawFrame{"LINK", 0, BytesFrom("TT"s)}));
 }
 
 TEST(Upgraded, WrapsWhatStandsBehindTheFrames) {
