@@ -254,7 +254,7 @@ def run_rule(options):
         changed += written
         faults += [fault for fault in found if not table.excuses(fault)]
     names = [shape for shape, edit in trials if edit == SAME.name]
-    wrong = [] if options.only is not None else [*table.unused(), *table.too_many(trials), *missing_pairs(names)]
+    wrong = [] if options.only is not None else [*table.unused(len(names)), *table.too_many(trials), *missing_pairs(names)]
     print(f"{len(names)} files, {len(trials)} edits, {changed} of them changed the file, {len(table.reasons)} reasons, "
           f"{len(faults)} faults in {len({fault.number for fault in faults})} files")
     show_faults(options, faults)
