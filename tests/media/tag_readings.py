@@ -12,8 +12,10 @@ from mutagen import MutagenError
 from mutagen.id3 import ID3, ParseID3v1
 
 V1_FIELDS = ("title", "artist", "album", "year", "comment", "track", "genre")
-# Our writer keeps frames of ID3v2.2 that ID3v2.3 doesn't know in a private frame of this owner.
+# Our writer keeps frames of ID3v2.2 that ID3v2.3 doesn't know in a private frame of the one owner, and what stood
+# behind the frames in one of the other.
 FOREIGN_OWNER = "QUBLET_id3v22frame"
+TAIL_OWNER = "QUBLET_id3v22tail"
 # mutagen leaves the three letters of ID3v2.2 where a picture's type stands.
 OLD_FORMATS = {"PNG": "image/png", "JPG": "image/jpeg"}
 
@@ -35,6 +37,9 @@ def mutagen_frames(reading, data):
     for one in tags.values():
         if one.FrameID == "PRIV" and one.owner == FOREIGN_OWNER:
             add(reading, "?" + one.data[:3].decode("latin1"), brief(bytes(one.data[6:])))
+            continue
+        if one.FrameID == "PRIV" and one.owner == TAIL_OWNER:
+            add(reading, "tail", brief(one.data))
             continue
         parts = [one.FrameID, *(getattr(one, name) for name in ("desc", "lang") if hasattr(one, name))]
         specs = (*one._framespec, *one._optionalspec)

@@ -85,7 +85,7 @@ def invented(old, before, after, edit):
     for judge, reading in after.items():
         for key, contents in reading.items():
             start = key.split(":")[0].lstrip("?")
-            known = (start in ("V1", "TDRC", "TYER") or start in {one.split(":")[0] for one in before[judge]} or
+            known = (start in ("V1", "TDRC", "TYER", "tail") or start in {one.split(":")[0] for one in before[judge]} or
                      start.encode() in old or tag_shapes.name_in(2, start).encode() in old)
             if not known and not edit.touches(key, reading):
                 yield judge, key, "appeared", contents
@@ -204,7 +204,7 @@ def try_chunk(job):
         for i, trial in enumerate(changed):
             faults += judge_trial(trial, {judge: before[judge][place[trial.number]] for judge in before},
                                   {judge: after[judge][i] for judge in after})
-        return [one.shape.name for one in originals], len(trials), len(changed), faults
+        return [(trial.shape.name, trial.edit.name) for trial in trials], len(changed), faults
 
 
 def try_all(options, writer="ours", table=False):
@@ -248,18 +248,18 @@ def show_faults(options, faults):
 
 def run_rule(options):
     table = ReasonTable()
-    names, trials, changed, faults = [], 0, 0, []
-    for chunk_names, tried, written, found in try_all(options):
-        names += chunk_names
+    trials, changed, faults = [], 0, []
+    for tried, written, found in try_all(options):
         trials += tried
         changed += written
         faults += [fault for fault in found if not table.excuses(fault)]
-    stale = [] if options.only is not None else [*table.unused(), *missing_pairs(names)]
-    print(f"{len(names)} files, {trials} edits, {changed} of them changed the file, {len(table.reasons)} reasons, "
+    names = [shape for shape, edit in trials if edit == SAME.name]
+    wrong = [] if options.only is not None else [*table.unused(len(names)), *table.too_many(trials), *missing_pairs(names)]
+    print(f"{len(names)} files, {len(trials)} edits, {changed} of them changed the file, {len(table.reasons)} reasons, "
           f"{len(faults)} faults in {len({fault.number for fault in faults})} files")
     show_faults(options, faults)
-    print("\n".join(stale))
-    return 1 if faults or stale else 0
+    print("\n".join(wrong))
+    return 1 if faults or wrong else 0
 
 
 def run_table(options):
@@ -267,8 +267,8 @@ def run_table(options):
     for writer in ("ours", "TagLib"):
         reasons = ReasonTable()
         files, numbers, ids = 0, collections.defaultdict(set), collections.defaultdict(set)
-        for names, _, _, faults in try_all(options, writer, True):
-            files += len(names)
+        for tried, _, faults in try_all(options, writer, True):
+            files += len(tried)
             for fault in faults:
                 if fault.judge != "ours" and (fault.what == "refused" or not reasons.excuses(fault)):
                     kind = "other bytes" if fault.judge == "bytes" else fault.what

@@ -151,8 +151,9 @@ Reading ReadingOf(const ID3v2::Frame& frame) {
   if (auto* one = dynamic_cast<const ID3v2::AttachedPictureFrame*>(&frame)) {
     return {id + ":" + one->description(), one->mimeType().to8Bit(true) + " " + Digest(one->picture())};
   }
-  // A frame of ID3v2.2 that our writer keeps in ID3v2.3, with its id and size in front.
+  // What our writer keeps of ID3v2.2 in ID3v2.3: a frame with its id and size in front, or what stood behind the frames.
   auto* own = dynamic_cast<const ID3v2::PrivateFrame*>(&frame);
+  if (own != nullptr && own->owner() == "QUBLET_id3v22tail") return {"tail", Digest(own->data())};
   if (own != nullptr && own->owner() == "QUBLET_id3v22frame") {
     return {String(own->data().mid(0, 3)), Digest(own->data().mid(6))};
   }
