@@ -40,7 +40,8 @@ def between(chance):
     version, encoding, before, after = common(chance, (2, 3, 4))
     what = chance.choice(("odd id", "empty frame", "unknown id", "zeros", "junk"))
     odd = {"odd id": odd_frame(chance, version), "empty frame": frame(version, name_in(version, "TCOM"), b""),
-           "unknown id": frame(version, "QQQ" if version == 2 else chance.choice(("ZZZZ", "T999", "W0AB")), text("what")),
+           "unknown id": frame(version, "QQQ" if version == 2 else chance.choice(("ZZZZ", "T999", "W0AB")),
+                               text("what")),
            "zeros": bytes(chance.choice((1, 10, 30))), "junk": b"junk between frames"}[what]
     return Shape(named("between", version, what.replace(" ", "_")),
                  [tag(version, *before, odd, *after, padding=chance.choice((0, 0, 100)))], **ends(chance))
@@ -101,7 +102,8 @@ def links(chance):
     version, _, before, after = common(chance, (2, 2, 3, 4))
     link = b"TT2http://x\0id" if version == 2 or chance.random() < 0.3 else b"TIT2http://x\0id"
     return Shape(named("link", version),
-                 [tag(version, *before, frame(version, "LNK" if version == 2 else "LINK", link), *after)], **ends(chance))
+                 [tag(version, *before, frame(version, "LNK" if version == 2 else "LINK", link), *after)],
+                 **ends(chance))
 
 
 def behind_garbage(chance):
@@ -205,7 +207,8 @@ def odd_comments(chance):
     version, encoding, before, after = common(chance, (2, 3, 4))
     name = chance.choice(("COMM", "TXXX", "USLT", "WXXX"))
     language = b"eng" if name in ("COMM", "USLT") else b""
-    pairs = [chance.choice((("", "one"), ("", ""), ("about", ""), ("about", "two"), ("more", "three"))) for _ in range(3)]
+    choices = (("", "one"), ("", ""), ("about", ""), ("about", "two"), ("more", "three"))
+    pairs = [chance.choice(choices) for _ in range(3)]
     frames = [frame(version, name_in(version, name), described(one, words, encoding, language, name == "WXXX"))
               for one, words in pairs]
     if chance.random() < 0.3:
@@ -219,7 +222,8 @@ def odd_frames(chance):
     version, _, before, after = common(chance)
     bodies = {"RVAD": b"\x03\x10\x01\x02\x03\x04\x05\x06\x07\x08", "EQUA": b"\x10\x80\x01\0\x02", "TSIZ": text("12"),
               "TRDA": text("4th-7th June"), "TDRL": text("2001-05"), "TDTG": text("2003-01-01"), "TMOO": text("calm"),
-              "POPM": b"me@example.org\0\x80\0\0\0\x07", "NCON": b"\x01\x02\xff\xe0\x03", "IPLS": b"\0producer\0Someone",
+              "POPM": b"me@example.org\0\x80\0\0\0\x07", "NCON": b"\x01\x02\xff\xe0\x03",
+              "IPLS": b"\0producer\0Someone",
               "CHAP": b"ch\0" + bytes(16) + frame(version, "TIT2", text("Chapter")), "SEEK": b"\0\0\x10\0",
               "CTOC": b"toc\0\x03\x01ch\0", "ETCO": b"\x02\x01\0\0\0\x10", "RVA2": b"album\0\x01\x02\0\0",
               "TCMP": text("1"), "TORY": text("1960"), "TDOR": text("1960"), "TLEN": text("123"), "GRP1": text("group")}

@@ -16,6 +16,8 @@ V1_FIELDS = ("title", "artist", "album", "year", "comment", "track", "genre")
 # behind the frames in one of the other.
 FOREIGN_OWNER = "QUBLET_id3v22frame"
 TAIL_OWNER = "QUBLET_id3v22tail"
+# What of a frame stands in its key, isn't read by anybody, or is read one by one.
+APART = ("encoding", "desc", "lang", "sub_frames")
 # mutagen leaves the three letters of ID3v2.2 where a picture's type stands.
 OLD_FORMATS = {"PNG": "image/png", "JPG": "image/jpeg"}
 
@@ -46,7 +48,7 @@ def mutagen_frames(reading, data):
         if one.FrameID == "APIC":
             one.mime = OLD_FORMATS.get(one.mime, one.mime)
         # A picture's description gets blanks at its end where there are several alike.
-        content = [getattr(one, spec.name, None) for spec in specs if spec.name not in ("encoding", "desc", "lang", "sub_frames")]
+        content = [getattr(one, spec.name, None) for spec in specs if spec.name not in APART]
         content.append(sorted(map(repr, getattr(one, "sub_frames", {}).values())))
         add(reading, ":".join(parts).rstrip(" "), brief(content))
     head = 6 if tags.version < (2, 3, 0) else 10

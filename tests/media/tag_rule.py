@@ -254,7 +254,7 @@ def run_rule(options):
         changed += written
         faults += [fault for fault in found if not table.excuses(fault)]
     names = [shape for shape, edit in trials if edit == SAME.name]
-    wrong = [] if options.only is not None else [*table.unused(len(names)), *table.too_many(trials), *missing_pairs(names)]
+    wrong = [*table.unused(len(names)), *table.too_many(trials), *missing_pairs(names)] if options.only is None else []
     print(f"{len(names)} files, {len(trials)} edits, {changed} of them changed the file, {len(table.reasons)} reasons, "
           f"{len(faults)} faults in {len({fault.number for fault in faults})} files")
     show_faults(options, faults)
@@ -277,7 +277,10 @@ def run_table(options):
         print(f"{writer}, the title of {files} files changed:")
         for kind in ("changed", "lost", "other bytes", "refused"):
             most = sorted(((len(found), key) for (one, key), found in ids.items() if one == kind and key), reverse=True)
-            print(f"    {kind}: {len(numbers[kind])}", ", ".join(f"{key} {count}" for count, key in most[:6]))
+            but_for_first = set().union(*(found for (one, key), found in ids.items()
+                                          if one == kind and (not most or key != most[0][1])))
+            print(f"    {kind}: {len(numbers[kind])}", ", ".join(f"{key} {count}" for count, key in most[:6]),
+                  f"({len(but_for_first)} but for {most[0][1]})" if most else "")
     return 0
 
 

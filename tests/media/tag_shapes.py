@@ -80,7 +80,7 @@ def long_content(chance, version, name, encoding, size):
 
 
 def flagged(version, name, content, flags, sizes=None, stored=None):
-    """A frame that is compressed, grouped and so on as its flags say; `stored` are its bytes if they aren't `content`."""
+    """A frame that is compressed, grouped and so on as its flags say; `stored` are its bytes where `content` lies."""
     bits = sum(FRAME_FLAGS[version][one] for one in flags)
     length = struct.pack(">I", len(content)) if version == 3 else syncsafe(len(content))
     body = (zlib.compress(content) if "zip" in flags else content) if stored is None else stored
@@ -93,7 +93,9 @@ def flagged(version, name, content, flags, sizes=None, stored=None):
 
 
 def name_in(version, name):
-    return {**OLD_LONG, **OLD_IDS}.get(name, name) if version == 2 else "TDRC" if version == 4 and name == "TYER" else name
+    if version == 2:
+        return {**OLD_LONG, **OLD_IDS}.get(name, name)
+    return "TDRC" if version == 4 and name == "TYER" else name
 
 
 def neighbours(chance, version, encoding, without=()):
@@ -104,10 +106,13 @@ def neighbours(chance, version, encoding, without=()):
             ("COMM", described("MusicMatch_Mood", "Wild", encoding, b"eng")),
             ("TYER", text(str(chance.randint(1950, 2020)), encoding)), ("TXXX", described("", "mine", encoding)),
             ("PRIV", b"owner\0" + chance.randbytes(chance.choice((4, 130, 300)))), ("TPE1", text(words, encoding)),
-            ("COMM", described(f"one {words}", "said", encoding, b"fra")), ("TXXX", described("about", words, encoding)),
+            ("COMM", described(f"one {words}", "said", encoding, b"fra")),
+            ("TXXX", described("about", words, encoding)),
             ("TCON", text("Own genre", encoding)), ("TSSE", text("Encoder", encoding)),
-            ("USLT", described("", "la\nla", encoding, b"deu")), ("WXXX", described("", "http://a", encoding, url=True)),
-            ("APIC", picture(f"front {words}", encoding, version=version, data=PNG[:chance.choice((9, 120, 702, 776))]))]
+            ("USLT", described("", "la\nla", encoding, b"deu")),
+            ("WXXX", described("", "http://a", encoding, url=True)),
+            ("APIC", picture(f"front {words}", encoding, version=version,
+                             data=PNG[:chance.choice((9, 120, 702, 776))]))]
     if version == 2:
         made = [one for one in made if one[0] != "PRIV"]
     frames = [frame(version, name_in(version, name), content) for name, content in made

@@ -5,8 +5,8 @@
 //                                   tags
 //   tag_tool set ID TEXT FILE...    the same with one frame changed
 //   tag_tool remove v1|v2 FILE...
-//   tag_tool batch                  one of these a line of the standard input, with one file, its words parted by tabs;
-//                                   answers a line each: what was read, "done" or "refused"
+//   tag_tool batch                  each line of the standard input is one of these with a single file, its words
+//                                   parted by tabs; answers a line each: what was read, "done" or "refused"
 //
 // ID may also be V1Title, V1AndV2Title, Mood, Comment or Cover (one more), Comments or Covers (the text of the first;
 // none of them stays when it is ""). The exit code is 1 when a file failed, and its path goes to the standard error

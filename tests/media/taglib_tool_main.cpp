@@ -140,7 +140,8 @@ Reading ReadingOf(const ID3v2::Frame& frame) {
   if (auto* one = dynamic_cast<const ID3v2::UserTextIdentificationFrame*>(&frame)) {
     // It takes the text of a frame without a description for the description.
     StringList values = one->fieldList();
-    if (values.size() < 2 || (values.size() == 2 && values[1].isEmpty())) return {id + ":", one->description().to8Bit(true)};
+    if (values.size() < 2 || (values.size() == 2 && values[1].isEmpty()))
+      return {id + ":", one->description().to8Bit(true)};
     return {id + ":" + one->description(), text};
   }
   if (auto* one = dynamic_cast<const ID3v2::UserUrlLinkFrame*>(&frame)) return {id + ":" + one->description(), text};
@@ -151,7 +152,8 @@ Reading ReadingOf(const ID3v2::Frame& frame) {
   if (auto* one = dynamic_cast<const ID3v2::AttachedPictureFrame*>(&frame)) {
     return {id + ":" + one->description(), one->mimeType().to8Bit(true) + " " + Digest(one->picture())};
   }
-  // What our writer keeps of ID3v2.2 in ID3v2.3: a frame with its id and size in front, or what stood behind the frames.
+  // What our writer keeps of ID3v2.2 in ID3v2.3: a frame with its id and size in front, or what stood behind the
+  // frames.
   auto* own = dynamic_cast<const ID3v2::PrivateFrame*>(&frame);
   if (own != nullptr && own->owner() == "QUBLET_id3v22tail") return {"tail", Digest(own->data())};
   if (own != nullptr && own->owner() == "QUBLET_id3v22frame") {
