@@ -15,6 +15,7 @@ if(CCACHE)
 endif()
 
 find_package(Threads REQUIRED)
+find_package(ZLIB REQUIRED)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(UTF8PROC REQUIRED IMPORTED_TARGET libutf8proc)
 if(NOT WIN32)

@@ -6,14 +6,14 @@ root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd -P)
 # Debian packages by what they are for.
 # shellcheck disable=SC2034
 {
-  build_packages=(g++ cmake ninja-build ccache pkg-config libutf8proc-dev libdbus-1-dev qt6-base-dev
-    fontconfig fonts-dejavu-core)
+  build_packages=(g++ cmake ninja-build ccache pkg-config libutf8proc-dev zlib1g-dev libdbus-1-dev
+    qt6-base-dev fontconfig fonts-dejavu-core)
   wayland_packages=(qt6-wayland)
   linked_by_tests=(libgtest-dev libtag1-dev)
   tools_of_tests=(python3 python3-mutagen lame twolame ffmpeg vorbis-tools desktop-file-utils appstream
     xvfb xauth openbox xdotool wmctrl dbus-daemon python3-dbus python3-gi mpv mpv-mpris)
   package_packages=(dpkg-dev file)
-  windows_packages=(g++-mingw-w64-x86-64-posix dpkg-dev googletest zip)
+  windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev dpkg-dev googletest zip)
   wine_packages=(wine wine64 fonts-wine)
   fuzz_packages=(clang libclang-rt-14-dev)
   tidy_packages=(git clang clang-tidy)

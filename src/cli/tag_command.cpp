@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <optional>
 #include <ostream>
-#include <utility>
 
-#include "cli/tag_fields.h"
 #include "cli/tag_report.h"
-#include "media/tag_file.h"
+#include "media/tag_change.h"
 #include "media/track_titles.h"
 #include "media/vorbis_comments.h"
 #include "playlist/paths/path_text.h"
@@ -19,11 +17,7 @@ namespace {
 struct TagOptions {
   bool json = false;
   bool title = false;
-  std::vector<std::pair<const TagField*, std::string>> settings;
-  bool remove_v1 = false;
-  bool remove_v2 = false;
-
-  bool Changes() const { return !settings.empty() || remove_v1 || remove_v2; }
+  TagChange change;
 };
 
 // Takes an option and the argument behind it; nothing when it isn't there (any more). Throws Failure when it is the
@@ -43,13 +37,15 @@ TagOptions TakeOptions(Arguments& arguments) {
   TagOptions options;
   while (const auto setting = TakeValue(arguments, "--set")) {
     const std::size_t equals = setting->find('=');
-    const TagField* field = FindTagField(setting->substr(0, equals));
-    if (equals == std::string::npos || field == nullptr) throw Failure("no such field: " + *setting);
-    options.settings.emplace_back(field, setting->substr(equals + 1));
+    if (equals == std::string::npos) throw Failure("--set wants FIELD=TEXT, not " + *setting);
+    const std::string name = setting->substr(0, equals);
+    const TagField* field = FindTagField(name);
+    if (field == nullptr) throw Failure("no such field: " + name);
+    options.change.settings.emplace_back(field, setting->substr(equals + 1));
   }
   while (const auto tag = TakeValue(arguments, "--remove")) {
     if (*tag != "v1" && *tag != "v2") throw Failure("--remove wants v1 or v2");
-    (*tag == "v1" ? options.remove_v1 : options.remove_v2) = true;
+    (*tag == "v1" ? options.change.remove_v1 : options.change.remove_v2) = true;
   }
   options.json = TakeOption(arguments, "--json");
   options.title = TakeOption(arguments, "--title");
@@ -61,22 +57,6 @@ TagOptions TakeOptions(Arguments& arguments) {
 
 bool IsOgg(const std::string& path) {
   return LowerCase(GetExtension(GetFileName(path))) == ".ogg";
-}
-
-void Change(const FileSystem& files, const std::string& path, const TagOptions& options) {
-  if (IsOgg(path)) throw Failure("OGG files can't be changed");
-  TagObject tag(files);
-  tag.PrepareFile(path);
-  tag.ReadTags(path, false);
-  bool v1 = tag.HasID3v1() && !options.remove_v1;
-  bool v2 = tag.HasID3v2() && !options.remove_v2;
-  for (const auto& [field, text] : options.settings) {
-    field->set(tag, field->name, text);
-    (field->in_v1 ? v1 : v2) = true;
-  }
-  bool ok = false;
-  WriteTagToFile(files, path, tag, v1, v2, ok);
-  if (!ok) throw Failure("the tags can't be written");
 }
 
 void Show(CommandContext& context, const std::string& path, const TagOptions& options) {
@@ -111,7 +91,11 @@ int TagCommand(CommandContext& context) {
     try {
       const std::string path = PathFromArgument(context.files, argument);
       context.files.FileLength(path);
-      options.Changes() ? Change(context.files, path, options) : Show(context, path, options);
+      if (options.change.IsNone()) {
+        Show(context, path, options);
+      } else {
+        ChangeTags(context.files, path, options.change);
+      }
     } catch (const Failure& failure) {
       code = Complain(context.err, argument + ": " + failure.what(), kCouldNot);
     }

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "cli/json_text.h"
-#include "cli/tag_fields.h"
+#include "media/tag_fields.h"
 #include "playlist/paths/numbers.h"
 
 namespace qublet {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "media/mpeg_frame.h"
+
 namespace qublet {
 namespace {
 
@@ -10,6 +12,7 @@ constexpr std::size_t kChunk = 256 * 1024;
 // A file has one tag in front, or two by mistake; more than this is a heap of forged ones.
 constexpr int kMostTags = 100;
 constexpr auto kId3v1Size = static_cast<std::int64_t>(Id3v1Tag::kSize);
+constexpr auto kId3v1MostCut = static_cast<std::int64_t>(Id3v1Tag::kMostCut);
 
 Bytes ReadBytes(InputFile& file, std::int64_t offset, std::int64_t length) {
   Bytes bytes(
@@ -18,19 +21,74 @@ Bytes ReadBytes(InputFile& file, std::int64_t offset, std::int64_t length) {
   return bytes;
 }
 
-std::optional<TagHeader> ReadHeader(InputFile& file, std::int64_t offset) {
-  return ParseTagHeader(ReadBytes(file, offset, TagHeader::kSize));
+// Some programs claim a footer that isn't there.
+bool HasFooter(InputFile& file, std::int64_t offset, const TagHeader& header) {
+  constexpr auto kSize = static_cast<std::int64_t>(TagHeader::kSize);
+  return AsText(ReadBytes(file, offset + kSize + header.body_size, kSize)).starts_with("3DI");
 }
 
-// An APE tag's "APETAGEX" holds the three letters too, where it happens to stand 131 bytes before the end.
-bool EndsInId3v1(InputFile& file, std::int64_t size) {
-  constexpr std::string_view kApe = "APETAGEX";
+std::optional<TagHeader> ReadHeader(InputFile& file, std::int64_t offset) {
+  auto header = ParseTagHeader(ReadBytes(file, offset, TagHeader::kSize));
+  if (header && header->ClaimsFooter() && !HasFooter(file, offset, *header)) header->DropFooter();
+  return header;
+}
+
+constexpr std::string_view kApeMark = "APETAGEX";
+
+// Behind an APE tag that the file begins with, else 0.
+std::int64_t EndOfFirstApeTag(InputFile& file) {
+  constexpr std::int64_t kHeaderSize = 32;
+  const Bytes header = ReadBytes(file, 0, kHeaderSize);
+  if (!AsText(header).starts_with(kApeMark) || header.size() < kHeaderSize) return 0;
+  const std::int64_t rest = static_cast<std::int64_t>(header[12]) | header[13] << 8 | header[14] << 16 |
+                            static_cast<std::int64_t>(header[15]) << 24;
+  return kHeaderSize + rest <= file.Size() ? kHeaderSize + rest : 0;
+}
+
+bool IsFirstFrame(BytesView bytes) {
+  const auto first = ParseFrameHeader(bytes);
+  if (!first || static_cast<std::size_t>(first->Length()) > bytes.size()) return false;
+  const auto second = ParseFrameHeader(bytes.subspan(static_cast<std::size_t>(first->Length())));
+  return second && InOneStream(*first, *second);
+}
+
+// A header of which every byte makes sense, as it has to where it isn't the first thing in a file.
+bool IsPlausible(const TagHeader& header) {
+  constexpr std::uint8_t kUnusedFlags = 0x0F;
+  return header.version >= 2 && header.version <= 4 && (header.flags & kUnusedFlags) == 0 && header.body_size > 0;
+}
+
+// Where a tag stands behind other bytes, none of which are audio; 0 when there is none.
+std::int64_t FindLaterHead(InputFile& file) {
+  constexpr std::int64_t kMostInFront = 64 * 1024;
+  constexpr std::int64_t kTwoFrames = 4096;
+  if (IsFirstFrame(ReadBytes(file, 0, kTwoFrames))) return 0;
+  const std::int64_t start = EndOfFirstApeTag(file);
+  const Bytes bytes = ReadBytes(file, start, kMostInFront + static_cast<std::int64_t>(TagHeader::kSize));
+  for (std::size_t at = 0; at + TagHeader::kSize <= bytes.size(); ++at) {
+    const BytesView rest = BytesView(bytes).subspan(at);
+    if (rest[0] == 0xFF && IsFirstFrame(rest)) return 0;
+    if (rest[0] != 'I') continue;
+    const auto header = ParseTagHeader(rest);
+    if (header && IsPlausible(*header)) return start + static_cast<std::int64_t>(at);
+  }
+  return 0;
+}
+
+// Size of the ID3v1 tag at the end: 128 bytes, or up to four less where a program has cut the year short; 0 for none.
+std::int64_t SizeOfId3v1(InputFile& file, std::int64_t room) {
+  // An APE tag's mark holds the three letters too.
   constexpr std::int64_t kInFront = 3;
-  const std::int64_t start = size - kId3v1Size;
-  const std::int64_t in_front = std::min(start, kInFront);
-  const Bytes bytes = ReadBytes(file, start - in_front, static_cast<std::int64_t>(kApe.size()) + in_front);
-  const std::string_view text = AsText(bytes);
-  return text.substr(static_cast<std::size_t>(in_front)).starts_with("TAG") && !text.starts_with(kApe);
+  const std::int64_t length = std::min(room, kId3v1Size + kInFront);
+  const Bytes bytes = ReadBytes(file, file.Size() - length, length);
+  for (std::int64_t cut = 0; cut <= kId3v1MostCut; ++cut) {
+    const std::int64_t start = static_cast<std::int64_t>(bytes.size()) - (kId3v1Size - cut);
+    if (start < 0 || !Id3v1Tag::Parse(BytesView(bytes).subspan(static_cast<std::size_t>(start)))) continue;
+    const auto in_front = static_cast<std::size_t>(std::min(start, kInFront));
+    const bool ape = AsText(bytes).substr(static_cast<std::size_t>(start) - in_front).starts_with(kApeMark);
+    if (!ape) return kId3v1Size - cut;
+  }
+  return 0;
 }
 
 // What a change leaves alone.
@@ -40,9 +98,10 @@ struct Kept {
 };
 
 Kept KeptPart(const InputFile& present, const EndsChange& change) {
-  const std::int64_t length = present.Size() - change.old_head - change.old_tail;
+  const std::int64_t offset = change.before + change.old_head;
+  const std::int64_t length = present.Size() - offset - change.old_tail;
   if (length < 0) throw Failure("the ends of a file overlap");
-  return {change.old_head, length};
+  return {offset, length};
 }
 
 void Check(bool equal) {
@@ -64,10 +123,12 @@ void CheckEqual(InputFile& a, std::int64_t a_offset, InputFile& b, std::int64_t 
 void CheckWritten(InputFile& written, InputFile& present, const EndsChange& change, const Kept& kept) {
   const auto head = static_cast<std::int64_t>(change.head.size());
   const auto tail = static_cast<std::int64_t>(change.tail.size());
-  Check(written.Size() == head + kept.length + tail);
-  Check(ReadBytes(written, 0, head) == change.head);
-  Check(ReadBytes(written, head + kept.length, tail) == change.tail);
-  CheckEqual(present, kept.offset, written, head, kept.length);
+  const std::int64_t audio = change.before + head;
+  Check(written.Size() == audio + kept.length + tail);
+  CheckEqual(present, 0, written, 0, change.before);
+  Check(ReadBytes(written, change.before, head) == change.head);
+  Check(ReadBytes(written, audio + kept.length, tail) == change.tail);
+  CheckEqual(present, kept.offset, written, audio, kept.length);
 }
 
 // Nothing when the folder can't be written; any other trouble is a Failure.
@@ -91,13 +152,13 @@ Patch HeadPatch(InputFile& present, const EndsChange& change) {
   if (!fits || static_cast<std::int64_t>(head.size()) != change.old_head) {
     throw Failure("the audio would have to move");
   }
-  const Bytes old = ReadBytes(present, 0, change.old_head);
+  const Bytes old = ReadBytes(present, change.before, change.old_head);
   Check(old.size() == head.size());
   const auto [first, old_first] = std::ranges::mismatch(head, old);
   const auto start = first - head.begin();
   auto end = static_cast<std::ptrdiff_t>(head.size());
   while (end > start && head[static_cast<std::size_t>(end) - 1] == old[static_cast<std::size_t>(end) - 1]) --end;
-  return {start, Bytes(head.begin() + start, head.begin() + end)};
+  return {change.before + start, Bytes(head.begin() + start, head.begin() + end)};
 }
 
 void Apply(InPlaceFile& file, const Patch& patch) {
@@ -132,36 +193,37 @@ FileEnds FindEnds(InputFile& file) {
   FileEnds ends;
   ends.size = file.Size();
   ends.head = ReadHeader(file, 0);
-  if (ends.head) ends.head_end = ends.head->Extent();
+  if (!ends.head) ends.head_start = FindLaterHead(file);
+  if (ends.head_start > 0) ends.head = ReadHeader(file, ends.head_start);
+  if (ends.head) ends.head_end = ends.head_start + ends.head->Extent();
   ends.heads_end = ends.head_end;
   for (int tags = 1; ends.head && tags < kMostTags; ++tags) {
     const auto next = ReadHeader(file, ends.heads_end);
     if (!next || ends.heads_end + next->Extent() > ends.size) break;
     ends.heads_end += next->Extent();
   }
-  const std::int64_t start = ends.size - kId3v1Size;
-  const bool room = start >= 0 && (!ends.HeadFits() || start >= ends.head_end);
-  ends.has_id3v1 = room && EndsInId3v1(file, ends.size);
+  ends.id3v1_size = SizeOfId3v1(file, ends.HeadFits() ? ends.size - ends.head_end : ends.size - ends.head_start);
   return ends;
 }
 
 std::optional<RawTag> ReadHead(InputFile& file, const FileEnds& ends) {
   if (!ends.head) return std::nullopt;
-  constexpr auto kStart = static_cast<std::int64_t>(TagHeader::kSize);
+  const std::int64_t start = ends.head_start + static_cast<std::int64_t>(TagHeader::kSize);
   // A tag that claims too much ends where the other one begins.
-  const std::int64_t room = ends.size - (ends.has_id3v1 ? kId3v1Size : 0) - kStart;
-  return ParseTag(*ends.head, ReadBytes(file, kStart, std::min<std::int64_t>(ends.head->body_size, room)));
+  const std::int64_t room = ends.size - ends.id3v1_size - start;
+  return ParseTag(*ends.head, ReadBytes(file, start, std::min<std::int64_t>(ends.head->body_size, room)));
 }
 
 std::optional<Id3v1Tag> ReadId3v1(InputFile& file, const FileEnds& ends) {
-  if (!ends.has_id3v1) return std::nullopt;
-  return Id3v1Tag::Parse(ReadBytes(file, ends.size - kId3v1Size, kId3v1Size));
+  if (ends.id3v1_size == 0) return std::nullopt;
+  return Id3v1Tag::Parse(ReadBytes(file, ends.size - ends.id3v1_size, ends.id3v1_size));
 }
 
 void ReplaceEnds(const FileSystem& files, const std::string& path, InputFile& present, const EndsChange& change) {
   const Kept kept = KeptPart(present, change);
   const auto replacement = BeginIfFolderAllows(files, path);
   if (!replacement) return ChangeInPlace(files, path, present, change);
+  if (change.before > 0) replacement->CopyFrom(present, 0, change.before);
   replacement->Write(change.head);
   replacement->CopyFrom(present, kept.offset, kept.length);
   replacement->Write(change.tail);

@@ -13,25 +13,29 @@ namespace qublet {
 
 // The two ends of an audio file, where its tags stand: what is there, and how it is changed without a risk.
 
+// The ID3v2 tag stands at the start, or behind up to 64 KiB of bytes that are no audio (garbage, zeros) or an APE
+// tag.
 struct FileEnds {
   std::int64_t size = 0;
-  std::optional<TagHeader> head;  // of the ID3v2 tag that the file begins with
-  std::int64_t head_end = 0;      // behind that tag; beyond the file's end when the header claims too much
-  std::int64_t heads_end = 0;     // behind all the tags that follow it at once
-  bool has_id3v1 = false;
+  std::optional<TagHeader> head;  // of the ID3v2 tag in front of the audio
+  std::int64_t head_start = 0;
+  std::int64_t head_end = 0;    // behind that tag; beyond the file's end when the header claims too much
+  std::int64_t heads_end = 0;   // behind all the tags that follow it at once
+  std::int64_t id3v1_size = 0;  // 0 when there is none
 
   bool HeadFits() const { return head_end <= size; }
 };
 
 // Throws Failure on an input error, like the two below.
 FileEnds FindEnds(InputFile& file);
-// The tag at the start, as far as the file holds it. Nothing when there is none or it can't be understood.
+// The tag in front, as far as the file holds it. Nothing when there is none or it can't be understood.
 std::optional<RawTag> ReadHead(InputFile& file, const FileEnds& ends);
 std::optional<Id3v1Tag> ReadId3v1(InputFile& file, const FileEnds& ends);
 
 // A file that begins and ends anew, with everything between as it was.
 struct EndsChange {
-  std::int64_t old_head = 0;  // bytes at the start that go
+  std::int64_t before = 0;    // bytes at the start that stay
+  std::int64_t old_head = 0;  // bytes behind them that go
   Bytes head;
   std::int64_t old_tail = 0;  // bytes at the end that go
   Bytes tail;

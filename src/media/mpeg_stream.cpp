@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "media/file_window.h"
+#include "media/id3/raw_tag.h"
 #include "media/mpeg_frame.h"
 #include "media/tag_bounds.h"
 
@@ -29,58 +30,6 @@ struct Frame {
   FrameHeader next;
 
   std::int64_t End() const { return offset + header.Length(); }
-};
-
-// Looks for the first frame of a file: the first header that another one of the same stream follows, or that is the
-// only one.
-class FrameSearch {
- public:
-  FrameSearch(InputFile& file, FileWindow& window) : file_(file), window_(window) {}
-
-  std::optional<Frame> Find() {
-    std::int64_t offset = 0;
-    for (std::int64_t searched = 0; searched < kMostSearched;) {
-      const ByteSpan bytes = window_.From(offset, kId3v2HeadLength);
-      if (bytes.size() < kHeaderLength) break;
-      const std::int64_t tag = Id3v2Length(bytes);
-      if (tag > 0 && tag <= window_.Size() - offset) {
-        offset += tag;
-        searched += kId3v2HeadLength;
-        continue;
-      }
-      // The next place that can begin a frame or a tag; to be found before the window moves.
-      const auto next =
-          std::find_if(bytes.begin() + 1, bytes.end(), [](std::uint8_t b) { return b == 0xFF || b == 'I'; });
-      const std::int64_t step = next - bytes.begin();
-      if (const auto frame = FrameAt(offset, bytes)) return frame;
-      offset += step;
-      searched += step;
-    }
-    return std::nullopt;
-  }
-
- private:
-  std::optional<Frame> FrameAt(std::int64_t offset, ByteSpan bytes) {
-    const auto header = ParseFrameHeader(bytes);
-    if (!header) return std::nullopt;
-    const auto length = static_cast<std::size_t>(header->Length());
-    const ByteSpan whole = window_.From(offset, length + kHeaderLength);
-    if (whole.size() < length) return std::nullopt;
-    if (const auto next = ParseFrameHeader(whole.subspan(length)); next && InOneStream(*header, *next)) {
-      return Frame{offset, *header, *next};
-    }
-    if (offset + header->Length() != EndOfAudio()) return std::nullopt;
-    return Frame{offset, *header, *header};
-  }
-
-  std::int64_t EndOfAudio() {
-    if (!end_of_audio_) end_of_audio_ = AudioEnd(file_, 0);
-    return *end_of_audio_;
-  }
-
-  InputFile& file_;
-  FileWindow& window_;
-  std::optional<std::int64_t> end_of_audio_;
 };
 
 // What an encoder wrote into the first frame about the whole stream; counts are 0 where it didn't.
@@ -136,7 +85,84 @@ StreamCount CountIn(ByteSpan frame, const FrameHeader& header) {
   return {};
 }
 
-void FillLengthAndRate(InputFile& file, const Frame& first, const StreamCount& count, StreamFacts& facts) {
+// Looks for the first frame of a file: the first header that another one of the same stream follows, or that is the
+// only one.
+class FrameSearch {
+ public:
+  FrameSearch(InputFile& file, FileWindow& window) : file_(file), window_(window) {}
+
+  std::optional<Frame> Find() {
+    std::int64_t offset = 0;
+    for (std::int64_t searched = 0; searched < kMostSearched;) {
+      const ByteSpan bytes = window_.From(offset, kId3v2HeadLength);
+      if (bytes.size() < kHeaderLength) break;
+      const std::int64_t tag = Id3v2Length(bytes);
+      if (tag > 0 && tag <= window_.Size() - offset) {
+        offset += HasClaimedFooter(offset, tag, bytes) ? tag : tag - kId3v2HeadLength;
+        searched += kId3v2HeadLength;
+        continue;
+      }
+      // The next place that can begin a frame or a tag; to be found before the window moves.
+      const auto next =
+          std::find_if(bytes.begin() + 1, bytes.end(), [](std::uint8_t b) { return b == 0xFF || b == 'I'; });
+      const std::int64_t step = next - bytes.begin();
+      if (const auto frame = FrameAt(offset, bytes)) return frame;
+      offset += step;
+      searched += step;
+    }
+    return std::nullopt;
+  }
+
+ private:
+  // Some programs claim a footer that isn't there.
+  bool HasClaimedFooter(std::int64_t offset, std::int64_t tag, ByteSpan head) {
+    const auto header = ParseTagHeader(head);
+    return !header->ClaimsFooter() || HasLetters(window_.From(offset + tag - kId3v2HeadLength, 3), 0, "3DI");
+  }
+
+  std::optional<Frame> FrameAt(std::int64_t offset, ByteSpan bytes) {
+    const auto header = ParseFrameHeader(bytes);
+    if (!header) return std::nullopt;
+    const auto length = static_cast<std::size_t>(header->Length());
+    const ByteSpan whole = window_.From(offset, length + kHeaderLength);
+    if (whole.size() < length) {
+      // The end of the file cuts it off; what counts is whether the count is there.
+      if (!CountIn(whole, *header).frames) return std::nullopt;
+      return Frame{offset, *header, *header};
+    }
+    if (const auto next = ParseFrameHeader(whole.subspan(length)); next && InOneStream(*header, *next)) {
+      return Frame{offset, *header, *next};
+    }
+    if (offset + header->Length() != EndOfAudio()) return std::nullopt;
+    return Frame{offset, *header, *header};
+  }
+
+  std::int64_t EndOfAudio() {
+    if (!end_of_audio_) end_of_audio_ = AudioEnd(file_, 0);
+    return *end_of_audio_;
+  }
+
+  InputFile& file_;
+  FileWindow& window_;
+  std::optional<std::int64_t> end_of_audio_;
+};
+
+// Bits a second, over the frames of the first 64 KiB from the second one on; 0 when there are none.
+double AverageRate(FileWindow& window, const Frame& first) {
+  constexpr std::int64_t kMostAveraged = 64 * 1024;
+  double sum = 0;
+  int frames = 0;
+  for (std::int64_t at = first.End(); at < first.offset + kMostAveraged; ++frames) {
+    const auto header = ParseFrameHeader(window.From(at, kHeaderLength));
+    if (!header || !InOneStream(first.header, *header)) break;
+    sum += 1000.0 * header->kilobits;
+    at += header->Length();
+  }
+  return frames == 0 ? 0 : sum / frames;
+}
+
+void FillLengthAndRate(InputFile& file, FileWindow& window, const Frame& first, const StreamCount& count,
+                       StreamFacts& facts) {
   const bool bytes_matter = count.variable || count.frames == 0;
   std::int64_t bytes = count.bytes;
   if (bytes == 0 && bytes_matter) bytes = AudioEnd(file, first.End()) - first.offset;
@@ -147,6 +173,8 @@ void FillLengthAndRate(InputFile& file, const Frame& first, const StreamCount& c
     facts.StreamLength = samples / first.header.sample_rate;
     if (count.variable) rate = bits / facts.StreamLength;
   } else {
+    if (count.variable) rate = AverageRate(window, first);
+    if (rate == 0) rate = 1000.0 * first.header.kilobits;
     facts.StreamLength = bits / rate;
   }
   facts.StreamBitrate = std::to_string(std::llround(rate / 1000)) + (count.variable ? " Kbit (VBR)" : "");
@@ -170,22 +198,28 @@ void FillTexts(const FrameHeader& header, StreamFacts& facts) {
 
 }  // namespace
 
-StreamFacts ReadStreamInfo(InputFile& file) {
+std::optional<StreamFacts> FindStreamInfo(InputFile& file) {
   FileWindow window(file);
   const auto first = FrameSearch(file, window).Find();
-  if (!first) throw Failure("no MPEG audio frame");
+  if (!first) return std::nullopt;
   const auto length = static_cast<std::size_t>(first->header.Length());
   const ByteSpan at_hand = window.From(first->offset, length);
   const ByteSpan frame = at_hand.first(std::min(at_hand.size(), length));
 
   StreamFacts facts;
   FillTexts(first->header, facts);
-  FillLengthAndRate(file, *first, CountIn(frame, first->header), facts);
+  FillLengthAndRate(file, window, *first, CountIn(frame, first->header), facts);
   facts.StreamSamplerate = first->header.sample_rate;
   facts.StreamCrc = first->header.crc;
   facts.StreamCopyrighted = first->header.copyrighted;
   facts.StreamOriginal = first->header.original;
   return facts;
+}
+
+StreamFacts ReadStreamInfo(InputFile& file) {
+  auto facts = FindStreamInfo(file);
+  if (!facts) throw Failure("no MPEG audio frame");
+  return std::move(*facts);
 }
 
 }  // namespace qublet

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "platform/file_system.h"
@@ -22,11 +23,14 @@ struct StreamFacts {
   std::string StreamMode;      // "Stereo", "Joint Stereo", "Dual Channel", "Mono"
 };
 
-// Reads the facts from the first frame and the count of frames in it, if there is one. A file without a count is
-// taken for one of constant rate: its length is that of its audio bytes at the rate of the first frame. One read of 4
+// Reads the facts from the first frame and the count of frames in it, if there is one. A file without that is taken
+// for one of constant rate: its length is that of its audio bytes at the rate of the first frame. Where an encoder
+// says that the rate varies but not how many frames there are, it is the average of the first 64 KiB. One read of 4
 // KiB does for a file with a count, one more for each long tag in front, and one at the end for a file without a
-// count. Throws Failure when there is no frame, or only free format, within the first MiB behind the tags, and on an
-// input error.
+// count. Nothing when there is no frame, or only free format, within the first MiB behind the tags. Throws Failure on
+// an input error.
+std::optional<StreamFacts> FindStreamInfo(InputFile& file);
+// The same for which no frame is a Failure as well.
 StreamFacts ReadStreamInfo(InputFile& file);
 
 }  // namespace qublet

@@ -19,23 +19,25 @@ void GetID3Tag(const FileSystem& files, const std::string& mp3_file, TagObject& 
   ok = Guarded([&] { tag.ReadTags(mp3_file, true); });
 }
 
+void WriteTags(const FileSystem& files, const std::string& path, TagObject& tag, bool id3v1_present,
+               bool id3v2_present) {
+  if (!IsFile(files, path)) throw Failure("no such file", path);
+  if (files.IsReadOnly(path)) throw Failure("read-only", path);
+  if (id3v1_present) {
+    tag.WriteID3v1(path);
+  } else {
+    tag.RemoveID3v1(path);
+  }
+  if (id3v2_present) {
+    tag.WriteID3v2(path);
+  } else {
+    tag.RemoveID3v2(path);
+  }
+}
+
 void WriteTagToFile(const FileSystem& files, const std::string& path, TagObject& tag, bool id3v1_present,
                     bool id3v2_present, bool& ok) {
-  ok = false;
-  if (!IsFile(files, path)) return;
-  ok = Guarded([&] {
-    if (files.IsReadOnly(path)) throw Failure("read-only", path);
-    if (id3v1_present) {
-      tag.WriteID3v1(path);
-    } else {
-      tag.RemoveID3v1(path);
-    }
-    if (id3v2_present) {
-      tag.WriteID3v2(path);
-    } else {
-      tag.RemoveID3v2(path);
-    }
-  });
+  ok = Guarded([&] { WriteTags(files, path, tag, id3v1_present, id3v2_present); });
 }
 
 }  // namespace qublet

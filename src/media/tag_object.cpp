@@ -15,14 +15,13 @@ Bytes PaddedTag(const RawTag& raw, std::int64_t present_extent) {
   const auto present = static_cast<std::size_t>(present_extent);
   const bool keeps_place = tag.size() <= present && present - tag.size() <= kMostPadding;
   PadTag(tag, keeps_place ? present : tag.size() + kNewPadding);
+  if (IsAmbiguous(tag)) throw Failure("other programs would see other frames in the tag");
   return tag;
 }
 
 void RefuseOverrun(const FileEnds& ends) {
-  if (!ends.HeadFits()) throw Failure("the tag claims to be longer than the file");
+  if (!ends.HeadFits()) throw Failure("the tag claims more than the file holds");
 }
-
-constexpr auto kId3v1Size = static_cast<std::int64_t>(Id3v1Tag::kSize);
 
 }  // namespace
 
@@ -42,13 +41,12 @@ void TagObject::PrepareFile(const std::string& /*path*/) {}
 void TagObject::ReadTags(const std::string& path, bool with_stream) {
   ForgetV1();
   ForgetV2();
+  stream_ = {};
   const auto file = files_.OpenForReading(path);
   const FileEnds ends = FindEnds(*file);
   LoadV1(*file, ends);
   LoadV2(*file, ends);
-  if (!with_stream) return;
-  stream_ = {};
-  stream_ = qublet::ReadStreamInfo(*file);
+  if (with_stream) stream_ = FindStreamInfo(*file).value_or(StreamFacts{});
 }
 
 void TagObject::ReadID3v1(const std::string& path) {
@@ -108,13 +106,18 @@ void TagObject::WriteID3v1(const std::string& path) {
   const auto present = ReadId3v1(*file, ends);
   if (present && AsText(present->Raw()) == AsText(v1_.Raw())) return;
   const BytesView raw = v1_.Raw();
-  ReplaceEnds(files_, path, *file, {0, {}, present ? kId3v1Size : 0, Bytes(raw.begin(), raw.end())});
+  RefuseOverrun(ends);
+  ReplaceEnds(files_, path, *file, {0, 0, {}, ends.id3v1_size, Bytes(raw.begin(), raw.end())});
   has_v1_ = true;
 }
 
 void TagObject::RemoveID3v1(const std::string& path) {
   const auto file = files_.OpenForReading(path);
-  if (FindEnds(*file).has_id3v1) ReplaceEnds(files_, path, *file, {0, {}, kId3v1Size, {}});
+  const FileEnds ends = FindEnds(*file);
+  if (ends.id3v1_size > 0) {
+    RefuseOverrun(ends);
+    ReplaceEnds(files_, path, *file, {0, 0, {}, ends.id3v1_size, {}});
+  }
   has_v1_ = false;
 }
 
@@ -122,12 +125,13 @@ void TagObject::WriteID3v2(const std::string& path) {
   const auto file = files_.OpenForReading(path);
   const FileEnds ends = FindEnds(*file);
   const auto present = ReadHead(*file, ends);
-  if (ends.head && !present) throw Failure("it has a tag of an unknown kind", path);
+  if (ends.head && !present) throw Failure("its tag is of an unknown kind", path);
   Id3v2Tag wanted = Composed();
   if (present && Upgraded(*present) == wanted.Raw()) return;
   RefuseOverrun(ends);
   wanted.EnsureNotEmpty();
-  ReplaceEnds(files_, path, *file, {ends.head_end, PaddedTag(wanted.Raw(), ends.head_end), 0, {}});
+  const std::int64_t extent = ends.head_end - ends.head_start;
+  ReplaceEnds(files_, path, *file, {ends.head_start, extent, PaddedTag(wanted.Raw(), extent), 0, {}});
   has_v2_ = true;
 }
 
@@ -135,7 +139,8 @@ void TagObject::RemoveID3v2(const std::string& path) {
   const auto file = files_.OpenForReading(path);
   const FileEnds ends = FindEnds(*file);
   RefuseOverrun(ends);
-  if (ends.head) ReplaceEnds(files_, path, *file, {ends.heads_end, {}, 0, {}});
+  const std::int64_t extent = ends.heads_end - ends.head_start;
+  if (ends.head) ReplaceEnds(files_, path, *file, {ends.head_start, extent, {}, 0, {}});
   has_v2_ = false;
 }
 

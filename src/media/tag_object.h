@@ -58,7 +58,8 @@ class TagObject {
 
   // Nothing to be done ahead: ReadTags gives the full present state of a file.
   void PrepareFile(const std::string& path);
-  // Both tags, and the stream facts as well when `with_stream`; tags that were read stay when the stream fails.
+  // Both tags, and the stream facts as well when `with_stream`. Those of the file before are gone in any case, and a
+  // file without an MPEG frame has none.
   void ReadTags(const std::string& path, bool with_stream);
   void ReadID3v1(const std::string& path);
   void ReadID3v2(const std::string& path);

@@ -63,12 +63,43 @@ TEST_F(TagCommandTest, PrintsTitles) {
   EXPECT_EQ(out_.str(), "Unknown Artist - Title\nArtist - Title\n");
 }
 
-TEST_F(TagCommandTest, PrintsVorbisCommentsAndDoesNotChangeThem) {
+TEST_F(TagCommandTest, PrintsVorbisComments) {
   drives_.Write("b.ogg", VorbisFile({"TITLE=Title"}));
   EXPECT_EQ(Run({"c:\\b.ogg"}), 0);
   EXPECT_EQ(out_.str(), "File\tc:\\b.ogg\nTitle\tTitle\nTrack\t0\n");
-  EXPECT_EQ(Run({"--set", "TIT2=x", "c:\\b.ogg"}), 1);
-  EXPECT_EQ(drives_.Read("b.ogg"), VorbisFile({"TITLE=Title"}));
+}
+
+TEST_F(TagCommandTest, ChangesNothingButMp3Files) {
+  for (const char* name : {"a.wav", "a.m3u", "a.flac", "a.ogg", "a", "mp3", "a.mp3.bak", "a.mp4"}) {
+    const std::string path = std::string("c:\\") + name;
+    drives_.Write(name, kSong);
+    for (const std::vector<std::string>& words : {std::vector<std::string>{"--set", "TIT2=New"},
+                                                  {"--set", "V1Title=New"},
+                                                  {"--remove", "v1"},
+                                                  {"--remove", "v2"}}) {
+      EXPECT_EQ(Run({words[0], words[1], path}), 1) << name;
+      EXPECT_EQ(err_.str(), "qublet: " + path + ": only .mp3 files have tags to change\n");
+      EXPECT_EQ(drives_.Read(name), kSong);
+    }
+  }
+  drives_.Write("A.MP3", kSong);
+  EXPECT_EQ(Run({"--remove", "v2", "c:\\A.MP3"}), 0);
+  EXPECT_EQ(drives_.Read("A.MP3"), AudioBytes(20));
+}
+
+TEST_F(TagCommandTest, SaysWhyATagIsNotWritten) {
+  drives_.Write("a.mp3", "ID3\x03" + std::string(2, '\0') + std::string(4, '\x7F') + AudioBytes());
+  EXPECT_EQ(Run({"--set", "TIT2=New", "c:\\a.mp3"}), 1);
+  EXPECT_EQ(err_.str(), "qublet: c:\\a.mp3: the tag claims more than the file holds\n");
+  EXPECT_EQ(Run({"--set", "V1Title=New", "c:\\a.mp3"}), 1);
+  EXPECT_EQ(err_.str(), "qublet: c:\\a.mp3: the tag claims more than the file holds\n");
+  drives_.Write("b.mp3", TagBytes(5, "new") + AudioBytes());
+  EXPECT_EQ(Run({"--set", "TIT2=New", "c:\\b.mp3"}), 1);
+  EXPECT_EQ(err_.str(), "qublet: c:\\b.mp3: its tag is of an unknown kind\n");
+  drives_.Write("c.mp3", kSong);
+  std::filesystem::permissions(drives_.C() / "c.mp3", std::filesystem::perms(0444));
+  EXPECT_EQ(Run({"--set", "TIT2=New", "c:\\c.mp3"}), 1);
+  EXPECT_EQ(err_.str(), "qublet: c:\\c.mp3: read-only\n");
 }
 
 TEST_F(TagCommandTest, GoesOnBehindAFileThatFails) {
@@ -84,6 +115,7 @@ TEST_F(TagCommandTest, RefusesWrongUse) {
   EXPECT_EQ(Run({}), 2);
   EXPECT_EQ(Run({"--set", "TIT9=x", "c:\\a.mp3"}), 2);
   EXPECT_EQ(Run({"--set", "TIT2", "c:\\a.mp3"}), 2);
+  EXPECT_EQ(err_.str(), "qublet: tag: --set wants FIELD=TEXT, not TIT2\n");
   EXPECT_EQ(Run({"--set"}), 2);
   EXPECT_EQ(Run({"--remove", "v3", "c:\\a.mp3"}), 2);
   EXPECT_EQ(Run({"--unknown", "c:\\a.mp3"}), 2);

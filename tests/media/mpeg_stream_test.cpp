@@ -152,6 +152,31 @@ TEST(ReadStreamInfo, XingWithBytesOnlyTakesItsLengthFromThem) {
   EXPECT_DOUBLE_EQ(facts.StreamLength, 10);
 }
 
+TEST(ReadStreamInfo, TakesTheAverageOfTheFirst64KiBWhereTheNumberOfFramesIsMissing) {
+  // 32 and 128 kbit/s by turns, then 320.
+  Bytes audio;
+  for (int i = 0; i < 200; ++i) audio = Joined({audio, Frames(1, {0xFF, 0xFB, 0x10, 0x64}, 104), Frames(1)});
+  audio = Joined({audio, Frames(100, {0xFF, 0xFB, 0xE0, 0x64}, 1044)});
+  const double bits = static_cast<double>(audio.size() + 417) * 8;
+  for (const Bytes& head : {CountFrame("Xing", BigEndian(0)), Vbri(0, 0)}) {
+    const StreamFacts facts = FactsOf(Joined({head, audio}));
+    EXPECT_EQ(facts.StreamBitrate, "80 Kbit (VBR)");
+    EXPECT_NEAR(facts.StreamLength, bits / 80'000, bits / 80'000 / 200);
+  }
+  EXPECT_EQ(FactsOf(audio).StreamBitrate, "32") << "without a head nothing is averaged";
+  EXPECT_EQ(FactsOf(CountFrame("Xing", BigEndian(0))).StreamBitrate, "128 Kbit (VBR)");
+}
+
+TEST(ReadStreamInfo, TakesAFirstFrameThatTheFilesEndCutsOffWhereItsCountIsWhole) {
+  const Bytes whole = CountFrame("Info", Counts(1000, 417'000));
+  const StreamFacts facts = FactsOf(Bytes(whole.begin(), whole.begin() + 208));
+  EXPECT_DOUBLE_EQ(facts.StreamLength, 1000 * 1152 / 44100.0);
+  EXPECT_EQ(facts.StreamBitrate, "128");
+  ExpectNoFrame(Bytes(whole.begin(), whole.begin() + 46));
+  const Bytes varying = CountFrame("Xing", Counts(1000, 333'000));
+  EXPECT_EQ(FactsOf(Bytes(varying.begin(), varying.begin() + 208)).StreamBitrate, "102 Kbit (VBR)");
+}
+
 TEST(ReadStreamInfo, CountsOfZeroAreNone) {
   const StreamFacts facts = FactsOf(Joined({CountFrame("Info", Counts(0, 0)), Frames(99)}));
   EXPECT_DOUBLE_EQ(facts.StreamLength, 100 * 417 * 8 / 128000.0);
@@ -184,6 +209,12 @@ TEST(ReadStreamInfo, SkipsTagsInFront) {
   EXPECT_DOUBLE_EQ(FactsOf(Joined({with_footer, audio})).StreamLength, length);
   EXPECT_DOUBLE_EQ(FactsOf(Joined({Id3v2Tag(600), Bytes(2000), Id3v2Tag(600), BytesOf("junk"), audio})).StreamLength,
                    length);
+}
+
+TEST(ReadStreamInfo, SeesTheFirstFrameBehindATagWhoseFooterIsOnlyClaimed) {
+  const Bytes tag = Overwritten(Id3v2Tag(600, 4), 5, {0x10});
+  EXPECT_DOUBLE_EQ(FactsOf(Joined({tag, CountFrame("Info", Counts(1000, 1)), Frames(9)})).StreamLength,
+                   1000 * 1152 / 44100.0);
 }
 
 TEST(ReadStreamInfo, LooksAtNothingInsideATag) {

@@ -3,14 +3,17 @@
 //   tag_tool read FILE...           a line of JSON a file
 //   tag_tool same FILE...           takes every value out and puts it back in, as the editor does, then writes both
 //                                   tags
-//   tag_tool set ID TEXT FILE...    the same with one frame changed; ID may also be V1Title, Mood, Comment or Cover
+//   tag_tool set ID TEXT FILE...    the same with one frame changed
 //   tag_tool remove v1|v2 FILE...
+//   tag_tool batch                  each line of the standard input is one of these with a single file, its words
+//                                   parted by tabs; answers a line each: what was read, "done" or "refused"
 //
-// The exit code is 1 when a file failed, and its path goes to the standard error output.
+// ID may also be V1Title, V1AndV2Title, Mood, Comment or Cover (one more), Comments or Covers (the text of the first;
+// none of them stays when it is ""). The exit code is 1 when a file failed, and its path goes to the standard error
+// output.
 
-#include <functional>
 #include <iostream>
-#include <span>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -70,6 +73,15 @@ void PutBack(TagObject& tag) {
   for (const TagComment& comment : comments) tag.Comments().Add(comment.text, comment.description);
 }
 
+// The first item's text becomes another one; without a text all go.
+template <typename Items, typename Item>
+void ChangeItems(Items& items, std::string Item::*where, const std::string& text) {
+  auto all = items.All();
+  if (text.empty()) all.clear();
+  if (!all.empty()) all.front().*where = text;
+  items.Assign(all);
+}
+
 void Change(TagObject& tag, const std::string& field, const std::string& text) {
   if (field == "V1Title") {
     tag.SetV1Title(text);
@@ -82,6 +94,10 @@ void Change(TagObject& tag, const std::string& field, const std::string& text) {
     tag.Comments().Add(text, "added");
   } else if (field == "Cover") {
     tag.Images().Append({text, "image/bmp", {'B', 'M', 1, 2, 3}});
+  } else if (field == "Comments") {
+    ChangeItems(tag.Comments(), &TagComment::text, text);
+  } else if (field == "Covers") {
+    ChangeItems(tag.Images(), &TagPicture::description, text);
   } else {
     tag.SetFrame(field, text);
   }
@@ -102,44 +118,62 @@ void Update(const FileSystem& files, const std::string& path, const std::string&
   if (!ok) throw Failure("not written: " + path);
 }
 
-bool ForEach(const FileSystem& files, std::span<char*> natives, const std::function<void(const std::string&)>& work) {
+using Words = std::vector<std::string>;
+
+// How many words of a command stand before its files.
+std::size_t LengthOf(const std::string& command) {
+  return command == "set" ? 3 : command == "remove" ? 2 : 1;
+}
+
+void Apply(const FileSystem& files, const Words& words, const std::string& path) {
+  if (words[0] == "set") {
+    Update(files, path, words[1], words[2]);
+  } else if (words[0] == "same") {
+    Update(files, path, "", "");
+  } else {
+    TagObject tag(files);
+    if (words[0] == "remove") {
+      words[1] == "v1" ? tag.RemoveID3v1(path) : tag.RemoveID3v2(path);
+      return;
+    }
+    tag.ReadTags(path, false);
+    PrintTags(tag);
+  }
+}
+
+Words Split(const std::string& line) {
+  Words words;
+  std::istringstream stream(line);
+  for (std::string word; std::getline(stream, word, '\t');) words.push_back(word);
+  return words;
+}
+
+void Batch(const FileSystem& files) {
+  for (std::string line; std::getline(std::cin, line);) {
+    const Words words = Split(line);
+    const bool done = Guarded([&] { Apply(files, words, files.FromNative(words.at(LengthOf(words.at(0))))); });
+    if (!done || words[0] != "read") std::cout << (done ? "done\n" : "refused\n");
+  }
+}
+
+bool Run(const Words& words) {
+  const auto files = OpenFileSystem();
+  if (words.at(0) == "batch") {
+    Batch(*files);
+    return true;
+  }
   bool all = true;
-  for (const char* native : natives) {
-    if (Guarded([&] { work(files.FromNative(native)); })) continue;
-    std::cerr << native << "\n";
+  for (std::size_t i = LengthOf(words[0]); i < words.size(); ++i) {
+    if (Guarded([&] { Apply(*files, words, files->FromNative(words[i])); })) continue;
+    std::cerr << words[i] << "\n";
     all = false;
   }
   return all;
-}
-
-bool Run(std::span<char*> arguments) {
-  const auto files = OpenFileSystem();
-  const std::string command = arguments[1];
-  if (command == "set") {
-    const std::string field = arguments[2];
-    const std::string text = arguments[3];
-    return ForEach(*files, arguments.subspan(4), [&](const auto& path) { Update(*files, path, field, text); });
-  }
-  if (command == "remove") {
-    const bool v1 = std::string(arguments[2]) == "v1";
-    return ForEach(*files, arguments.subspan(3), [&](const auto& path) {
-      TagObject tag(*files);
-      v1 ? tag.RemoveID3v1(path) : tag.RemoveID3v2(path);
-    });
-  }
-  if (command == "same") {
-    return ForEach(*files, arguments.subspan(2), [&](const auto& path) { Update(*files, path, "", ""); });
-  }
-  return ForEach(*files, arguments.subspan(2), [&](const auto& path) {
-    TagObject tag(*files);
-    tag.ReadTags(path, false);
-    PrintTags(tag);
-  });
 }
 
 }  // namespace
 }  // namespace qublet
 
 int main(int count, char** arguments) {
-  return qublet::Run({arguments, static_cast<std::size_t>(count)}) ? 0 : 1;
+  return qublet::Run({arguments + 1, arguments + count}) ? 0 : 1;
 }

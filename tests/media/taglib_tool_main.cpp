@@ -1,6 +1,8 @@
 // What TagLib makes of tags.
 //
 // taglib_tool read FILE...   a line of JSON a file, of the shape that tag_tool gives
+// taglib_tool dump FILE...   a line of JSON a file: every frame as [id:description:language, its content], and ID3v1
+// taglib_tool title TEXT FILE...  changes the title and nothing else, in the safest way that it has
 // taglib_tool make FOLDER    writes tags over the MP3 files of a folder, in as many ways as it has
 
 #include <taglib/attachedpictureframe.h>
@@ -14,6 +16,7 @@
 #include <taglib/unsynchronizedlyricsframe.h>
 #include <taglib/urllinkframe.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <iostream>
 #include <string>
@@ -112,6 +115,75 @@ void PrintV2(MPEG::File& file) {
   std::cout << "]}\n";
 }
 
+std::string Digest(const ByteVector& bytes) {
+  std::uint64_t sum = 14695981039346656037U;
+  for (const char byte : bytes) sum = (sum ^ static_cast<unsigned char>(byte)) * 1099511628211U;
+  const ByteVector start = bytes.mid(0, 24).toHex();
+  return std::string(start.data(), start.size()) + " " + std::to_string(bytes.size()) + " " + std::to_string(sum);
+}
+
+// A frame's id, with the description and language that tell frames of one id apart, and what else it holds.
+struct Reading {
+  String key;
+  std::string content;
+};
+
+Reading ReadingOf(const ID3v2::Frame& frame) {
+  const String id(frame.frameID());
+  const std::string text = frame.toString().to8Bit(true);
+  if (auto* one = dynamic_cast<const ID3v2::CommentsFrame*>(&frame)) {
+    return {id + ":" + one->description() + ":" + String(one->language()), text};
+  }
+  if (auto* one = dynamic_cast<const ID3v2::UnsynchronizedLyricsFrame*>(&frame)) {
+    return {id + ":" + one->description() + ":" + String(one->language()), text};
+  }
+  if (auto* one = dynamic_cast<const ID3v2::UserTextIdentificationFrame*>(&frame)) {
+    // It takes the text of a frame without a description for the description.
+    StringList values = one->fieldList();
+    if (values.size() < 2 || (values.size() == 2 && values[1].isEmpty()))
+      return {id + ":", one->description().to8Bit(true)};
+    return {id + ":" + one->description(), text};
+  }
+  if (auto* one = dynamic_cast<const ID3v2::UserUrlLinkFrame*>(&frame)) return {id + ":" + one->description(), text};
+  if (auto* one = dynamic_cast<const ID3v2::UrlLinkFrame*>(&frame)) return {id, one->url().to8Bit(true)};
+  if (auto* one = dynamic_cast<const ID3v2::TextIdentificationFrame*>(&frame)) {
+    return {id, one->fieldList().toString("/").to8Bit(true)};
+  }
+  if (auto* one = dynamic_cast<const ID3v2::AttachedPictureFrame*>(&frame)) {
+    return {id + ":" + one->description(), one->mimeType().to8Bit(true) + " " + Digest(one->picture())};
+  }
+  // What our writer keeps of ID3v2.2 in ID3v2.3: a frame with its id and size in front, or what stood behind the
+  // frames.
+  auto* own = dynamic_cast<const ID3v2::PrivateFrame*>(&frame);
+  if (own != nullptr && own->owner() == "QUBLET_id3v22tail") return {"tail", Digest(own->data())};
+  if (own != nullptr && own->owner() == "QUBLET_id3v22frame") {
+    return {String(own->data().mid(0, 3)), Digest(own->data().mid(6))};
+  }
+  constexpr unsigned kHeader = 10;
+  return {id, Digest(frame.render().mid(kHeader))};
+}
+
+void PrintAll(MPEG::File& file) {
+  PrintV1(file);
+  std::cout << ", \"frames\": [";
+  const char* separator = "";
+  ID3v2::FrameList none;
+  for (auto* frame : file.hasID3v2Tag() ? file.ID3v2Tag()->frameList() : none) {
+    const Reading reading = ReadingOf(*frame);
+    std::cout << separator << "[" << Json(reading.key) << ", " << qublet::JsonText(reading.content) << "]";
+    separator = ", ";
+  }
+  std::cout << "]}\n";
+}
+
+void SetTitle(MPEG::File& file, const String& title) {
+  ID3v2::Tag* tag = file.ID3v2Tag(true);
+  const auto version = tag->header()->majorVersion() == 4 && file.hasID3v2Tag() ? ID3v2::v4 : ID3v2::v3;
+  tag->setTitle(title);
+  const bool saved = file.save(MPEG::File::ID3v2, File::StripNone, version, File::DoNotDuplicate);
+  std::cout << (saved ? "done\n" : "refused\n");
+}
+
 void AddText(ID3v2::Tag* tag, const char* id, const String& text, String::Type encoding) {
   auto* frame = new ID3v2::TextIdentificationFrame(id, encoding);
   frame->setText(text);
@@ -178,9 +250,15 @@ int main(int count, char** arguments) {
     }
     return 0;
   }
-  for (std::size_t i = 1; i < words.size(); ++i) {
+  for (std::size_t i = words[0] == "title" ? 2 : 1; i < words.size(); ++i) {
     MPEG::File file(words[i].c_str(), false);
-    PrintV1(file);
-    PrintV2(file);
+    if (words[0] == "title") {
+      SetTitle(file, String(words[1], String::UTF8));
+    } else if (words[0] == "dump") {
+      PrintAll(file);
+    } else {
+      PrintV1(file);
+      PrintV2(file);
+    }
   }
 }

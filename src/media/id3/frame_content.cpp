@@ -35,18 +35,9 @@ constexpr Layout LayoutOf(FrameKind kind) {
 }
 
 std::string ReadValues(StringReader& reader) {
-  std::string joined;
-  std::string separators;  // of empty values, which count only when another one follows
-  bool first = true;
-  while (!reader.AtEnd()) {
-    const std::string value = reader.Next();
-    if (!first) separators += '/';
-    first = false;
-    if (value.empty()) continue;
-    joined += separators + value;
-    separators.clear();
-  }
-  return joined;
+  std::vector<std::string> values;
+  while (!reader.AtEnd()) values.push_back(reader.Next());
+  return JoinedValues(values);
 }
 
 std::string ReadUrl(BytesView content) {
@@ -63,6 +54,29 @@ TextEncoding OwnEncoding(int version) {
   return version == 4 ? TextEncoding::kUtf8 : TextEncoding::kUtf16;
 }
 
+bool IsPicture(BytesView data) {
+  return MimeTypeOf(data) != "image/";
+}
+
+// Some programs end a description in UTF-16 with one zero, or write a zero for an empty one. It is the first zero
+// that a picture follows.
+std::optional<std::size_t> SingleZeroInFrontOfPicture(BytesView bytes, TextEncoding encoding) {
+  constexpr std::size_t kLongest = 1024;
+  if (encoding != TextEncoding::kUtf16 && encoding != TextEncoding::kUtf16BigEndian) return std::nullopt;
+  for (std::size_t at = 0; at < std::min(bytes.size(), kLongest); ++at) {
+    if (bytes[at] == 0 && IsPicture(bytes.subspan(at + 1))) return at;
+  }
+  return std::nullopt;
+}
+
+// A description that ends so may not be UTF-16 at all.
+std::string FirstString(BytesView bytes, TextEncoding encoding) {
+  const bool marked =
+      bytes.size() >= 2 && ((bytes[0] == 0xFF && bytes[1] == 0xFE) || (bytes[0] == 0xFE && bytes[1] == 0xFF));
+  const bool wide = marked || (encoding == TextEncoding::kUtf16BigEndian && bytes.size() % 2 == 0);
+  return StringReader(bytes, wide ? encoding : TextEncoding::kLatin1).Next();
+}
+
 }  // namespace
 
 std::optional<FrameKind> KindOf(std::string_view id) {
@@ -73,6 +87,20 @@ std::optional<FrameKind> KindOf(std::string_view id) {
   if (id[0] == 'T') return FrameKind::kText;
   if (id[0] == 'W') return FrameKind::kUrl;
   return std::nullopt;
+}
+
+std::string JoinedValues(const std::vector<std::string>& values) {
+  std::string joined;
+  std::string separators;  // of empty values, which count only when another one follows
+  bool first = true;
+  for (const std::string& value : values) {
+    if (!first) separators += '/';
+    first = false;
+    if (value.empty()) continue;
+    joined += separators + value;
+    separators.clear();
+  }
+  return joined;
 }
 
 std::optional<FrameText> DecodeFrameText(FrameKind kind, BytesView content) {
@@ -133,11 +161,17 @@ std::optional<PictureFrame> DecodePicture(BytesView content) {
   picture.mime_type = mime.Next();
   if (!mime.WasTerminated() || mime.AtEnd()) return std::nullopt;
   picture.type = mime.Rest()[0];
-  StringReader description(mime.Rest().subspan(1), picture.encoding);
+  const BytesView rest = mime.Rest().subspan(1);
+  StringReader description(rest, picture.encoding);
   picture.description = description.Next();
-  if (!description.WasTerminated()) return std::nullopt;
   picture.data = description.Rest();
-  return picture;
+  if (description.WasTerminated() && IsPicture(picture.data)) return picture;
+  if (const auto end = SingleZeroInFrontOfPicture(rest, picture.encoding)) {
+    picture.description = FirstString(rest.first(*end), picture.encoding);
+    picture.data = rest.subspan(*end + 1);
+    return picture;
+  }
+  return description.WasTerminated() ? std::optional(picture) : std::nullopt;
 }
 
 Bytes EncodePicture(const PictureFrame& picture) {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "media/id3/bytes.h"
 #include "media/id3/text_encoding.h"
@@ -24,6 +25,9 @@ struct FrameText {
   std::string description;  // not of kText and kUrl
   std::string text;         // several values of one frame are joined by "/"
 };
+
+// With "/" between them; empty ones at the end are left out.
+std::string JoinedValues(const std::vector<std::string>& values);
 
 // Nothing when the bytes don't follow the layout.
 std::optional<FrameText> DecodeFrameText(FrameKind kind, BytesView content);

@@ -1,3 +1,6 @@
+#include <algorithm>
+
+#include "media/id3/inflate.h"
 #include "media/id3/raw_tag.h"
 #include "media/id3/unsynchronisation.h"
 
@@ -25,18 +28,69 @@ bool Has(const RawFrame& frame, std::uint16_t bits) {
   return (frame.flags & bits) != 0;
 }
 
+constexpr std::size_t kMiB = 1 << 20;
+constexpr std::size_t kAlways = 64 * 1024;
+constexpr std::size_t kMostText = kMiB;
+constexpr std::size_t kMostPicture = 16 * kMiB;
+// Of all compressed frames of a tag together.
+constexpr std::size_t kMostOfATag = 64 * kMiB;
+
+constexpr std::size_t kSizeField = 4;
+
+std::size_t MostInflated(const RawFrame& frame) {
+  return ShownId(frame) == "APIC" ? kMostPicture : kMostText;
+}
+
+// The bytes in front of the content that the flags put there.
+struct Front {
+  std::size_t length = 0;
+  std::optional<std::size_t> size_at;  // where the size of what was compressed stands
+};
+
+Front FrontOf(const RawFrame& frame, int version) {
+  const FlagBits& bits = BitsOf(version);
+  const std::size_t group = Has(frame, bits.grouped) ? 1 : 0;
+  if (version == 4)
+    return Has(frame, bits.data_length) ? Front{group + kSizeField, group} : Front{group, std::nullopt};
+  return Has(frame, bits.compressed) ? Front{kSizeField + group, 0} : Front{group, std::nullopt};
+}
+
+// The most that a compressed frame may take, whatever it claims if that is little; 0 when it claims too much.
+std::size_t RoomFor(const RawFrame& frame, int version) {
+  const Front front = FrontOf(frame, version);
+  const std::size_t most = MostInflated(frame);
+  if (!front.size_at || front.length > frame.content.size()) return most;
+  const std::size_t size =
+      ReadNumber(BytesView(frame.content).subspan(*front.size_at, kSizeField), version == 4 ? 7 : 8);
+  return size <= most ? std::max(size, kAlways) : 0;
+}
+
 }  // namespace
+
+bool IsCompressed(const RawFrame& frame, const RawTag& tag) {
+  return Has(frame, BitsOf(tag.version).compressed);
+}
+
+bool ShowsCompressed(const RawTag& tag) {
+  std::size_t sum = 0;
+  for (const RawFrame& frame : tag.frames) {
+    if (IsCompressed(frame, tag)) sum += RoomFor(frame, tag.version);
+  }
+  return sum <= kMostOfATag;
+}
 
 std::optional<Bytes> PlainContent(const RawFrame& frame, const RawTag& tag) {
   const FlagBits& bits = BitsOf(tag.version);
-  if (Has(frame, bits.compressed | bits.encrypted)) return std::nullopt;
-  const std::size_t skipped = (Has(frame, bits.grouped) ? 1u : 0u) + (Has(frame, bits.data_length) ? 4u : 0u);
+  if (Has(frame, bits.encrypted)) return std::nullopt;
+  const std::size_t skipped = FrontOf(frame, tag.version).length;
   if (skipped > frame.content.size()) return std::nullopt;
 
-  const BytesView content = BytesView(frame.content).subspan(skipped);
+  const BytesView stored = BytesView(frame.content).subspan(skipped);
   const bool claimed = Has(frame, bits.unsynchronised) || (tag.version == 4 && tag.unsynchronised);
-  if (claimed && IsUnsynchronised(content)) return Resynchronise(content);
-  return Bytes(content.begin(), content.end());
+  Bytes content = claimed && IsUnsynchronised(stored) ? Resynchronise(stored) : Bytes(stored.begin(), stored.end());
+  if (!IsCompressed(frame, tag)) return content;
+  const std::size_t room = RoomFor(frame, tag.version);
+  return room > 0 ? Inflated(content, room) : std::nullopt;
 }
 
 void ReplaceContent(RawFrame& frame, const Bytes& content, const RawTag& tag) {

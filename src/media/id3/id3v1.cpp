@@ -42,10 +42,28 @@ Id3v1Tag::Id3v1Tag() {
 }
 
 std::optional<Id3v1Tag> Id3v1Tag::Parse(BytesView bytes) {
-  if (bytes.size() != kSize || AsText(bytes.first(3)) != "TAG") return std::nullopt;
+  if (bytes.size() > kSize || bytes.size() < kSize - kMostCut || AsText(bytes.first(3)) != "TAG") return std::nullopt;
   Id3v1Tag tag;
-  std::ranges::copy(bytes, tag.bytes_.begin());
-  return tag;
+  if (bytes.size() == kSize) {
+    std::ranges::copy(bytes, tag.bytes_.begin());
+    return tag;
+  }
+  const std::size_t year_end = bytes.size() - (kSize - kComment.start);
+  tag.bytes_.fill(0);
+  std::ranges::copy(bytes.first(year_end), tag.bytes_.begin());
+  std::ranges::copy(bytes.subspan(year_end), tag.bytes_.begin() + kComment.start);
+  return tag.IsFilledUp() ? std::optional(tag) : std::nullopt;
+}
+
+bool Id3v1Tag::IsFilledUp() const {
+  const auto filled_up = [this](Field field) {
+    const BytesView bytes = BytesView(bytes_).subspan(field.start, field.width);
+    return std::ranges::all_of(std::ranges::find(bytes, 0), bytes.end(), [](std::uint8_t byte) { return byte == 0; });
+  };
+  const BytesView year = BytesView(bytes_).subspan(kYear.start, kYear.width);
+  const auto is_digit = [](std::uint8_t byte) { return byte == 0 || (byte >= '0' && byte <= '9'); };
+  return std::ranges::all_of(year, is_digit) && filled_up(kTitle) && filled_up(kArtist) && filled_up(kAlbum) &&
+         filled_up({kComment.start, 28});
 }
 
 std::string Id3v1Tag::Text(Field field) const {

@@ -17,10 +17,12 @@ namespace qublet {
 class Id3v1Tag {
  public:
   static constexpr std::size_t kSize = 128;
+  // A known program wrote years of less than four digits without filling them up, so the tag may be shorter.
+  static constexpr std::size_t kMostCut = 4;
 
   // An empty tag without a genre (255).
   Id3v1Tag();
-  // Nothing unless these are the bytes of a tag.
+  // Nothing unless these are the bytes of a tag; a short one is taken where all its fields are filled up with zeros.
   static std::optional<Id3v1Tag> Parse(BytesView bytes);
 
   // Up to 30 characters; the comment up to 28 when there is a track.
@@ -56,6 +58,7 @@ class Id3v1Tag {
   static constexpr Field kComment{97, 30};
   static constexpr std::size_t kTrackMark = 125;  // zero when the track follows
 
+  bool IsFilledUp() const;
   Field CommentField() const { return Track() != 0 ? Field{kComment.start, 28} : kComment; }
   std::string Text(Field field) const;
   void SetText(Field field, const std::string& text);

@@ -31,13 +31,15 @@ class Id3v2Tag {
   // A new tag, ID3v2.3.
   Id3v2Tag() = default;
   // One that was read from a file.
-  explicit Id3v2Tag(RawTag raw) : raw_(Upgraded(std::move(raw))), is_new_(false) {}
+  explicit Id3v2Tag(RawTag raw)
+      : raw_(Upgraded(std::move(raw))), is_new_(false), shows_compressed_(ShowsCompressed(raw_)) {}
 
-  // The text of a frame by its four-character id; "" when there is none. "TYER" is the year in every version (the
-  // text of TDRC in 2.4). Of TXXX it is the frame with the empty description; of WXXX and USLT the one with the
-  // empty description, else the first.
+  // The text of a frame by its four-character id; "" when there is none. Several text frames of one id are shown as
+  // several values of one are. "TYER" is the year in every version (the text of TDRC in 2.4). Of TXXX it is the frame
+  // with the empty description; of WXXX and USLT the one with the empty description, else the first.
   std::string Frame(std::string_view id) const;
-  // A text equal to the present one touches nothing. An empty text leaves an empty frame, or none where a frame
+  // A text equal to the present one touches nothing; another one replaces all frames that it is shown from, and a
+  // year the day and time that belonged to the old one. An empty text leaves an empty frame, or none where a frame
   // can't be empty; a missing frame isn't made for it, except for a text frame of a new tag. Throws Failure for an id
   // that holds no text.
   void SetFrame(std::string_view id, const std::string& text);
@@ -62,27 +64,35 @@ class Id3v2Tag {
   const RawTag& Raw() const { return raw_; }
 
  private:
-  using Wanted = std::function<bool(const FrameText&)>;
+  static constexpr char kNewLanguage[] = "eng";
 
+  using Wanted = std::function<bool(const FrameText&)>;
+  using Places = std::vector<std::size_t>;  // numbers of frames, ascending
+
+  std::optional<Bytes> ContentOf(const RawFrame& frame) const;
   std::optional<FrameText> TextIn(const RawFrame& frame, FrameKind kind) const;
-  std::optional<std::size_t> Find(std::string_view id, const Wanted& wanted) const;
+  // Only frames whose text can be shown.
+  Places FindAll(std::string_view id, const Wanted& wanted) const;
   std::optional<std::size_t> FindHidden(std::string_view id) const;
-  std::optional<std::size_t> FindFrame(std::string_view id) const;
-  std::optional<std::size_t> FindProperty(std::string_view description) const;
-  std::string TextOf(std::optional<std::size_t> place) const;
+  Places FindFrame(std::string_view id) const;
+  Places FindProperty(std::string_view description) const;
+  std::string TextOf(const Places& places) const;
   void SetText(std::size_t place, const std::string& text);
+  void SetTexts(const Places& places, const std::string& text);
   void AddText(std::string_view id, const FrameText& text);
-  void Erase(std::size_t place);
+  std::size_t PlaceForNew() const;
+  void EraseIf(const std::function<bool(std::size_t, const RawFrame&)>& goes);
   void EraseAll(std::string_view id, const Wanted& wanted);
   void SetYear(const std::string& text);
   RawFrame NewComment(const TagComment& comment) const;
   RawFrame NewPicture(const TagPicture& picture, bool first) const;
-  std::vector<std::size_t> CommentPlaces() const;
-  std::vector<std::size_t> PicturePlaces() const;
-  void Put(const std::vector<std::size_t>& places, std::vector<RawFrame> frames);
+  Places CommentPlaces() const;
+  Places PicturePlaces() const;
+  void Put(const Places& places, std::vector<RawFrame> frames);
 
   RawTag raw_;
   bool is_new_ = true;
+  bool shows_compressed_ = true;
 };
 
 inline constexpr std::string_view kPropertyDescriptions[] = {"MusicMatch_Preference", "MusicMatch_Mood",

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "media/id3/frame_walk.h"
 #include "media/id3/unsynchronisation.h"
 #include "platform/failure.h"
 
@@ -14,66 +15,6 @@ constexpr std::uint8_t kTagExtendedHeader = 0x40;  // later versions
 constexpr std::uint8_t kTagFooter = 0x10;          // ID3v2.4
 
 constexpr std::ptrdiff_t kSizeField = 6;  // of the header
-
-// A frame is worth more memory than its bytes, so their number has a limit; what follows is kept as the tail.
-constexpr std::size_t kMostFrames = 50000;
-
-constexpr std::size_t FrameHeaderSize(int version) {
-  return version == 2 ? 6 : 10;
-}
-
-bool IsFrameId(BytesView id) {
-  const auto is_id_character = [](std::uint8_t c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); };
-  // Some programs put three-letter ids into later versions, filled up with a blank or a zero.
-  const bool filled = id.size() == 4 && (id[3] == ' ' || id[3] == 0);
-  return std::ranges::all_of(id.first(filled ? 3 : id.size()), is_id_character);
-}
-
-bool IsPadding(BytesView bytes) {
-  return std::ranges::all_of(bytes, [](std::uint8_t byte) { return byte == 0; });
-}
-
-struct Walk {
-  std::vector<std::size_t> starts;  // of the frames
-  std::size_t end = 0;              // of the last frame
-  bool complete = false;            // nothing but padding follows
-};
-
-struct FrameShape {
-  std::size_t id_length;
-  std::size_t size_length;
-  unsigned bits_per_byte;
-};
-
-FrameShape ShapeOf(int version, bool sync_safe) {
-  return version == 2 ? FrameShape{3, 3, 8} : FrameShape{4, 4, sync_safe ? 7u : 8u};
-}
-
-Walk WalkFrames(BytesView body, int version, bool sync_safe) {
-  const FrameShape shape = ShapeOf(version, sync_safe);
-  const std::size_t header = FrameHeaderSize(version);
-  Walk walk;
-  while (walk.starts.size() < kMostFrames && body.size() - walk.end >= header) {
-    const BytesView frame = body.subspan(walk.end);
-    const BytesView size_field = frame.subspan(shape.id_length, shape.size_length);
-    if (!IsFrameId(frame.first(shape.id_length)) || (sync_safe && !IsSyncSafe(size_field))) break;
-    const std::size_t size = ReadNumber(size_field, shape.bits_per_byte);
-    if (size > frame.size() - header) break;
-    walk.starts.push_back(walk.end);
-    walk.end += header + size;
-  }
-  walk.complete = IsPadding(body.subspan(walk.end));
-  return walk;
-}
-
-// The walk with the sizes that the version wants, or the other one where only that gets through.
-Walk WalkSensibly(BytesView body, int version) {
-  const bool sync_safe = version == 4;
-  Walk walk = WalkFrames(body, version, sync_safe);
-  if (walk.complete || version == 2 || walk.starts.size() == kMostFrames) return walk;
-  Walk other = WalkFrames(body, version, !sync_safe);
-  return other.complete || other.end > walk.end ? other : walk;
-}
 
 // Length of the extended header, 0 where the flag lies: some programs set it and go on with the frames at once.
 std::size_t ExtendedHeaderSize(BytesView body, int version) {
@@ -116,9 +57,16 @@ void WriteSize(Bytes& tag) {
 
 }  // namespace
 
+bool TagHeader::ClaimsFooter() const {
+  return version >= 4 && (flags & kTagFooter) != 0;
+}
+
+void TagHeader::DropFooter() {
+  flags &= static_cast<std::uint8_t>(~kTagFooter);
+}
+
 std::int64_t TagHeader::Extent() const {
-  const bool footer = version >= 4 && (flags & kTagFooter) != 0;
-  return static_cast<std::int64_t>(body_size) + static_cast<std::int64_t>(footer ? 2 * kSize : kSize);
+  return static_cast<std::int64_t>(body_size) + static_cast<std::int64_t>(ClaimsFooter() ? 2 * kSize : kSize);
 }
 
 std::optional<TagHeader> ParseTagHeader(BytesView bytes) {
@@ -144,13 +92,15 @@ std::optional<RawTag> ParseTag(const TagHeader& header, BytesView body) {
     body = body.subspan(ExtendedHeaderSize(body, version));
   }
 
-  const Walk walk = WalkSensibly(body, version);
+  const FrameWalk walk = WalkFrames(body, version);
   tag.frames.reserve(walk.starts.size());
   for (std::size_t i = 0; i < walk.starts.size(); ++i) {
     const std::size_t end = i + 1 < walk.starts.size() ? walk.starts[i + 1] : walk.end;
     tag.frames.push_back(FrameAt(body, walk.starts[i], end, version));
   }
-  if (!walk.complete) tag.tail.assign(body.begin() + static_cast<std::ptrdiff_t>(walk.end), body.end());
+  if (!walk.clean) tag.tail.assign(body.begin() + static_cast<std::ptrdiff_t>(walk.end), body.end());
+  // The zeros at the end of a frame that is cut off may be its own.
+  if (EndsInCutFrame(tag.tail, version)) return tag;
   while (!tag.tail.empty() && tag.tail.back() == 0) tag.tail.pop_back();
   return tag;
 }
@@ -175,14 +125,20 @@ Bytes SerialiseTag(const RawTag& tag) {
   return out;
 }
 
+bool IsAmbiguous(BytesView tag) {
+  const auto header = ParseTagHeader(tag);
+  return header && header->version == 4 && LooksPlainToOthers(tag.subspan(TagHeader::kSize));
+}
+
 bool PadTag(Bytes& tag, std::size_t extent) {
   if (extent <= tag.size()) return true;
   if (extent > kMaxSyncSafe + TagHeader::kSize) return false;
   const auto before = ParseWhole(tag);
+  if (!before || EndsInCutFrame(before->tail, before->version)) return false;
   const std::size_t length = tag.size();
   tag.resize(extent, 0);
   WriteSize(tag);
-  if (ParseWhole(tag) == before) return true;
+  if (ParseWhole(tag) == before && !IsAmbiguous(tag)) return true;
   tag.resize(length);
   WriteSize(tag);
   return false;

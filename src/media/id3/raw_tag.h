@@ -20,6 +20,8 @@ struct TagHeader {
   std::uint8_t flags = 0;
   std::uint32_t body_size = 0;
 
+  bool ClaimsFooter() const;
+  void DropFooter();
   // Bytes from the start of the header to the end of the tag, padding and footer included.
   std::int64_t Extent() const;
 };
@@ -52,17 +54,30 @@ std::optional<RawTag> ParseTag(const TagHeader& header, BytesView body);
 // The bytes of a whole tag of version 3 or 4, without padding. Throws Failure when it is too large for its size field
 // or wouldn't be read back as the same tag.
 Bytes SerialiseTag(const RawTag& tag);
+// Whether other programs may take the sizes in the bytes of a whole tag for others than they are, so that they would
+// see other frames in it. It takes junk behind the frames, or bytes made up for it.
+bool IsAmbiguous(BytesView tag);
 // Makes the bytes of a tag longer, up to `extent` bytes altogether. False, and nothing is done, when that is too
-// large or would make a whole frame of a broken one at the end.
+// large, when the tag ends in a frame that is cut off, which would get longer, or when it would become ambiguous.
 bool PadTag(Bytes& tag, std::size_t extent);
 
 // The same tag in ID3v2.3 when it is one of 2.2. Frames that 2.3 doesn't know are kept whole, in a PRIV frame of the
-// owner kForeignFrameOwner.
+// owner kForeignFrameOwner, and so is what stands behind the frames, unless it is a known frame that is cut off.
 RawTag Upgraded(RawTag tag);
 inline constexpr char kForeignFrameOwner[] = "QUBLET_id3v22frame";
+inline constexpr char kForeignTailOwner[] = "QUBLET_id3v22tail";
 
-// The bytes that the frame's id defines, flags resolved; nothing when they are compressed or encrypted.
+// The four-character id of a frame that a file has under a three-letter id filled up with a zero, else its own.
+std::string_view ShownId(const RawFrame& frame);
+
+bool IsCompressed(const RawFrame& frame, const RawTag& tag);
+// Whether the compressed frames of a tag take so little memory, by what they claim, that they can be shown.
+bool ShowsCompressed(const RawTag& tag);
+// The bytes that the frame's id defines, flags resolved; nothing when they are encrypted, broken, or compressed and
+// longer than a text (1 MiB) or a picture (16 MiB) should be.
 std::optional<Bytes> PlainContent(const RawFrame& frame, const RawTag& tag);
+// The same as ShownId's frame has it, which differs where ID3v2.2 had another layout.
+std::optional<Bytes> ShownContent(const RawFrame& frame, const RawTag& tag);
 // Gives the frame a new content and keeps its status flags. It leaves its group: few programs can read a grouped
 // frame.
 void ReplaceContent(RawFrame& frame, const Bytes& content, const RawTag& tag);

@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string_view>
 
+#include "media/id3/frame_walk.h"
 #include "media/id3/raw_tag.h"
 #include "playlist/paths/text.h"
 
@@ -30,19 +32,42 @@ constexpr auto kIds = std::to_array<IdPair>({
     {"WAS", "WOAS"}, {"WCM", "WCOM"}, {"WCP", "WCOP"}, {"WFD", "WFED"}, {"WPB", "WPUB"}, {"WXX", "WXXX"},
 });
 
-// The whole frame, in its old form, as something that every program passes on.
-RawFrame Wrapped(const RawFrame& old) {
+const IdPair* FindOldId(std::string_view old_id) {
+  const auto* const pair = std::ranges::find(kIds, old_id, &IdPair::old_id);
+  return pair == kIds.end() ? nullptr : pair;
+}
+
+// Bytes of a tag of 2.2, in their old form, as something that every program passes on.
+RawFrame Wrapped(std::string_view owner, BytesView old) {
   RawFrame frame{"PRIV", 0, {}};
-  Append(frame.content, kForeignFrameOwner);
+  Append(frame.content, owner);
   frame.content.push_back(0);
-  Append(frame.content, old.id);
-  AppendNumber(frame.content, static_cast<std::uint32_t>(old.content.size()), 3);
-  Append(frame.content, old.content);
+  Append(frame.content, old);
   return frame;
+}
+
+RawFrame Wrapped(const RawFrame& old) {
+  Bytes whole;
+  Append(whole, old.id);
+  AppendNumber(whole, static_cast<std::uint32_t>(old.content.size()), 3);
+  Append(whole, old.content);
+  return Wrapped(kForeignFrameOwner, whole);
 }
 
 // Encoding and three characters of a format stand at the start of PIC.
 constexpr std::size_t kPictureFormatEnd = 4;
+// The id of the frame that is linked to stands at the start of LNK.
+constexpr std::size_t kLinkedIdEnd = 3;
+
+// With the new id of that frame, filled up with a blank where there is none.
+Bytes WithLinkedId(BytesView link) {
+  const std::string_view old_id = AsText(link.first(kLinkedIdEnd));
+  const IdPair* pair = FindOldId(old_id);
+  Bytes content;
+  Append(content, pair != nullptr ? std::string(pair->id) : std::string(old_id) + " ");
+  Append(content, link.subspan(kLinkedIdEnd));
+  return content;
+}
 
 Bytes WithMimeType(BytesView picture) {
   const std::string format(AsText(picture.subspan(1, kPictureFormatEnd - 1)));
@@ -54,15 +79,45 @@ Bytes WithMimeType(BytesView picture) {
   return content;
 }
 
-RawFrame UpgradedFrame(RawFrame old) {
-  const auto pair = std::ranges::find(kIds, old.id, &IdPair::old_id);
-  if (pair == kIds.end()) return Wrapped(old);
-  if (old.id == "PIC") {
-    if (old.content.size() <= kPictureFormatEnd) return Wrapped(old);
-    old.content = WithMimeType(old.content);
+// The content of a frame of 2.2 as later versions want it; nothing when it is too short for its layout.
+std::optional<Bytes> UpgradedContent(std::string_view old_id, Bytes content) {
+  if (old_id == "PIC") {
+    if (content.size() <= kPictureFormatEnd) return std::nullopt;
+    return WithMimeType(content);
   }
-  old.id = pair->id;
-  return old;
+  if (old_id == "LNK" && content.size() >= kLinkedIdEnd) return WithLinkedId(content);
+  return content;
+}
+
+RawFrame UpgradedFrame(RawFrame old) {
+  const IdPair* pair = FindOldId(old.id);
+  auto content = pair != nullptr ? UpgradedContent(old.id, old.content) : std::nullopt;
+  if (!content) return Wrapped(old);
+  return {std::string(pair->id), 0, std::move(*content)};
+}
+
+// A frame that the end of the tag cuts off is the same in the new version, with the size that it claims; nothing for
+// other bytes.
+std::optional<Bytes> UpgradedCutFrame(BytesView tail) {
+  constexpr std::size_t kIdLength = 3;
+  if (tail.size() < FrameHeaderSize(2)) return std::nullopt;
+  const IdPair* pair = FindOldId(AsText(tail.first(kIdLength)));
+  const BytesView content = tail.subspan(FrameHeaderSize(2));
+  const std::uint32_t claimed = ReadNumber(tail.subspan(kIdLength, 3));
+  if (pair == nullptr || claimed <= content.size()) return std::nullopt;
+  const auto upgraded = UpgradedContent(pair->old_id, Bytes(content.begin(), content.end()));
+  if (!upgraded) return std::nullopt;
+  Bytes out;
+  Append(out, pair->id);
+  AppendNumber(out, claimed + static_cast<std::uint32_t>(upgraded->size() - content.size()), 4);
+  AppendNumber(out, 0, 2);
+  Append(out, *upgraded);
+  return out;
+}
+
+const IdPair* FindFilledId(const RawFrame& frame) {
+  if (frame.id.size() != 4 || frame.id[3] != '\0') return nullptr;
+  return FindOldId(std::string_view(frame.id).substr(0, 3));
 }
 
 }  // namespace
@@ -70,10 +125,26 @@ RawFrame UpgradedFrame(RawFrame old) {
 RawTag Upgraded(RawTag tag) {
   if (tag.version != 2) return tag;
   RawTag upgraded;
-  upgraded.frames.reserve(tag.frames.size());
+  upgraded.frames.reserve(tag.frames.size() + 1);
   for (RawFrame& frame : tag.frames) upgraded.frames.push_back(UpgradedFrame(std::move(frame)));
-  if (!tag.tail.empty()) upgraded.tail = std::move(tag.tail);
+  if (tag.tail.empty()) return upgraded;
+  if (auto cut = UpgradedCutFrame(tag.tail)) {
+    upgraded.tail = std::move(*cut);
+  } else {
+    upgraded.frames.push_back(Wrapped(kForeignTailOwner, tag.tail));
+  }
   return upgraded;
+}
+
+std::string_view ShownId(const RawFrame& frame) {
+  const IdPair* pair = FindFilledId(frame);
+  return pair != nullptr ? pair->id : std::string_view(frame.id);
+}
+
+std::optional<Bytes> ShownContent(const RawFrame& frame, const RawTag& tag) {
+  auto content = PlainContent(frame, tag);
+  const IdPair* pair = FindFilledId(frame);
+  return content && pair != nullptr ? UpgradedContent(pair->old_id, std::move(*content)) : content;
 }
 
 }  // namespace qublet

@@ -130,5 +130,32 @@ TEST(MimeTypeOf, GoesByTheFirstBytes) {
   EXPECT_EQ(MimeTypeOf(AsBytes("")), "image/");
 }
 
+TEST(DecodePicture, BelievesAPictureWhereADescriptionInUtf16EndsWithOneZero) {
+  const std::string jpeg = "\xFF\xD8\xFF\xE0 data\0\0more"s;
+  const auto decoded = [&](const std::string& description) {
+    const std::string content = "\x01image/jpeg\0\x03"s + description + jpeg;
+    const auto picture = DecodePicture(AsBytes(content));
+    EXPECT_TRUE(picture.has_value());
+    return std::pair(picture->description, std::string(AsText(picture->data)));
+  };
+  EXPECT_EQ(decoded("\0"s), std::pair(""s, jpeg));
+  EXPECT_EQ(decoded("cover\0"s), std::pair("cover"s, jpeg));
+  EXPECT_EQ(decoded("\xFF\xFE"
+                    "a\0b\0\0"s),
+            std::pair("ab"s, jpeg));
+  EXPECT_EQ(decoded("\xFF\xFE"
+                    "a\0b\0\0\0"s),
+            std::pair("ab"s, jpeg));
+  EXPECT_EQ(decoded("\0\0"s), std::pair(""s, jpeg));
+}
+
+TEST(DecodePicture, TakesDataOfAnUnknownKindBehindTheWholeTerminator) {
+  const auto picture =
+      DecodePicture(AsBytes("\x01image/x\0\x03\xFF\xFE"
+                            "a\0\0\0what\0ever"s));
+  EXPECT_EQ(picture->description, "a");
+  EXPECT_EQ(AsText(picture->data), "what\0ever"s);
+}
+
 }  // namespace
 }  // namespace qublet

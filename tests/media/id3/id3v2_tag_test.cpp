@@ -49,6 +49,87 @@ TEST(Id3v2TagFrame, GivesRawTextsAndNothingForMissingFrames) {
   EXPECT_EQ(tag.Frame(""), "");
 }
 
+TEST(Id3v2TagFrame, ShowsRepeatedTextFramesAsOneWithSeveralValues) {
+  const Id3v2Tag tag = TagOf({TextFrame("TPE1", "one"), TextFrame("TIT2", "a"), TextFrame("TPE1", "two\0three"s),
+                              TextFrame("TPE1", ""), TextFrame("TPE1", "four"), TextFrame("TPE1", "")});
+  EXPECT_EQ(tag.Frame("TPE1"), "one/two/three//four");
+  EXPECT_EQ(TagOf({TextFrame("TYER", "1998"), TextFrame("TYER", "1999")}).Frame("TYER"), "1998/1999");
+  EXPECT_EQ(TagOf({Frame("WOAR", "http://a"), Frame("WOAR", "http://b")}).Frame("WOAR"), "http://a");
+}
+
+TEST(Id3v2TagFrame, KnowsIdsOfThreeLettersFilledUpWithAZero) {
+  const Id3v2Tag tag = TagOf({TextFrame("TP1\0"s, "Artist"), TextFrame("TYE\0"s, "1999"), Frame("WAR\0"s, "http://a"),
+                              Frame("TXX\0"s, "\0\0mine"s), Frame("COM\0"s, "\0engabout\0said"s),
+                              Frame("COM\0"s, "\0engMusicMatch_Mood\0Wild"s),
+                              Frame("PIC\0"s,
+                                    "\0JPG\x03"
+                                    "cover\0data"s)});
+  EXPECT_EQ(tag.Frame("TPE1"), "Artist");
+  EXPECT_EQ(tag.Frame("TYER"), "1999");
+  EXPECT_EQ(tag.Frame("WOAR"), "http://a");
+  EXPECT_EQ(tag.Frame("TXXX"), "mine");
+  EXPECT_EQ(tag.Comments(), (std::vector<TagComment>{{"about", "said"}}));
+  EXPECT_EQ(tag.Property("MusicMatch_Mood"), "Wild");
+  EXPECT_EQ(tag.Pictures(), (std::vector<TagPicture>{{"cover", "image/jpeg", {'d', 'a', 't', 'a'}}}));
+}
+
+TEST(Id3v2TagSetFrame, ReplacesAllFramesThatATextIsShownFrom) {
+  Id3v2Tag tag = TagOf({TextFrame("TPE1", "one"), TextFrame("TIT2", "a"), TextFrame("TP1\0"s, "two"),
+                        TextFrame("TPE1", "three"), Frame("TPE1", "x", 0x0040)});
+  const RawTag before = tag.Raw();
+  tag.SetFrame("TPE1", "one/two/three");
+  EXPECT_EQ(tag.Raw(), before);
+  tag.SetFrame("TPE1", "two");
+  EXPECT_EQ(tag.Raw().frames,
+            (std::vector{TextFrame("TPE1", "two"), TextFrame("TIT2", "a"), Frame("TPE1", "x", 0x0040)}));
+  tag.SetFrame("TPE1", "");
+  EXPECT_EQ(tag.Raw().frames[0], TextFrame("TPE1", ""));
+}
+
+TEST(Id3v2TagSetFrame, GivesAFrameItsWholeIdOnlyWhenItsTextChanges) {
+  const std::vector<RawFrame> frames = {TextFrame("TT2\0"s, "Title"), TextFrame("TP1\0"s, "Artist"),
+                                        TextFrame("TYE\0"s, "1999"), Frame("COM\0"s, "\0deuabout\0said"s),
+                                        Frame("PIC\0"s,
+                                              "\0JPG\x03"
+                                              "cover\0data"s)};
+  Id3v2Tag tag = TagOf(frames);
+  for (const char* id : kFrameIds) tag.SetFrame(id, tag.Frame(id));
+  tag.SetComments(tag.Comments());
+  tag.SetPictures(tag.Pictures());
+  EXPECT_EQ(tag.Raw().frames, frames);
+  tag.SetFrame("TIT2", "New");
+  tag.SetFrame("TYER", "2001");
+  tag.SetComments({{"about", "new"}});
+  EXPECT_EQ(tag.Raw().frames, (std::vector{TextFrame("TIT2", "New"), frames[1], TextFrame("TYER", "2001"),
+                                           Comment("about", "new"), frames[4]}));
+}
+
+TEST(Id3v2TagSetFrame, TakesTheDayOfTheOldYearAway) {
+  const std::vector<RawFrame> day = {TextFrame("TDAT", "2709"), TextFrame("TIME", "1530"), TextFrame("TIT2", "a")};
+  const auto with_year = [&](const char* id, int version) {
+    std::vector<RawFrame> frames = day;
+    frames.push_back(TextFrame(id, "1999"));
+    return TagOf(frames, version);
+  };
+  for (const char* year : {"2011", ""}) {
+    Id3v2Tag tag = with_year("TYER", 3);
+    tag.SetFrame("TYER", "1999");
+    tag.SetFrame("TIT2", "b");
+    EXPECT_EQ(tag.Raw().frames.size(), 4u);
+    tag.SetFrame("TYER", year);
+    EXPECT_EQ(tag.Raw().frames, (std::vector{TextFrame("TIT2", "b"), TextFrame("TYER", year)}));
+  }
+  Id3v2Tag without = TagOf({day[0], day[1]});
+  without.SetFrame("TYER", "2011");
+  EXPECT_EQ(Ids(without), Names{"TYER"});
+  Id3v2Tag newest = with_year("TYER", 4);
+  newest.SetFrame("TYER", "2011");
+  EXPECT_EQ(Ids(newest), (Names{"TIT2", "TDRC"}));
+  Id3v2Tag own = with_year("TDRC", 4);
+  own.SetFrame("TYER", "2011");
+  EXPECT_EQ(own.Raw().frames.size(), 4u);
+}
+
 TEST(Id3v2TagFrame, SkipsFramesThatCannotBeShown) {
   EXPECT_EQ(TagOf({Frame("TIT2", "\0hidden"s, 0x0040), TextFrame("TIT2", "shown")}).Frame("TIT2"), "shown");
   EXPECT_EQ(TagOf({Frame("TIT2", "\x09odd")}).Frame("TIT2"), "");
@@ -119,7 +200,7 @@ TEST(Id3v2TagSetFrame, WritesOneYearOnly) {
 
   Id3v2Tag older = TagOf({TextFrame("TDAT", "0305"), TextFrame("TDRC", "1999")}, 3);
   older.SetFrame("TYER", "2001");
-  EXPECT_EQ(older.Raw().frames, (std::vector{TextFrame("TDAT", "0305"), TextFrame("TYER", "2001")}));
+  EXPECT_EQ(older.Raw().frames, std::vector{TextFrame("TYER", "2001")});
 
   Id3v2Tag none = TagOf({}, 4);
   none.SetFrame("TYER", "ca. 1999");

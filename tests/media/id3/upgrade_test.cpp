@@ -63,6 +63,36 @@ TEST(Upgraded, KeepsFramesThatTheNewVersionDoesNotKnowWhole) {
             "ab"s);
 }
 
+TEST(Upgraded, NamesTheLinkedFrameByItsNewId) {
+  const RawTag tag = Upgraded(OldTag({{"LNK", 0, BytesFrom("TT2http://x\0id"s)},
+                                      {"LNK", 0, BytesFrom("XY1http://x\0id"s)},
+                                      {"LNK", 0, BytesFrom("TT"s)}}));
+  EXPECT_EQ(tag.frames[0], (RawFrame{"LINK", 0, BytesFrom("TIT2http://x\0id"s)}));
+  EXPECT_EQ(tag.frames[1], (RawFrame{"LINK", 0, BytesFrom("XY1 http://x\0id"s)}));
+  EXPECT_EQ(tag.frames[2], (RawFrame{"LINK", 0, BytesFrom("TT"s)}));
+}
+
+TEST(Upgraded, WrapsWhatStandsBehindTheFrames) {
+  RawTag old = OldTag({{"TT2", 0, {0, 'a'}}});
+  // Would be a frame in the newer version.
+  old.tail = BytesFrom("TPE1\0\0\0\x02\0\0\0x!"s);
+  const RawTag tag = Upgraded(old);
+  EXPECT_TRUE(tag.tail.empty());
+  ASSERT_EQ(tag.frames.size(), 2u);
+  EXPECT_EQ(tag.frames[1], (RawFrame{"PRIV", 0, BytesFrom("QUBLET_id3v22tail\0TPE1\0\0\0\x02\0\0\0x!"s)}));
+  EXPECT_EQ(Id3v2Tag(tag).Frame("TPE1"), "");
+}
+
+TEST(Upgraded, LetsACutFrameStayCutOff) {
+  RawTag old = OldTag({{"TT2", 0, {0, 'a'}}});
+  old.tail = BytesFrom("TP1\0\x01\0\0Artist\0\0"s);
+  EXPECT_EQ(AsText(Upgraded(old).tail), "TPE1\0\0\x01\0\0\0\0Artist\0\0"s);
+  old.tail = BytesFrom("PIC\0\x01\0\0PNG\x03\0data"s);
+  EXPECT_EQ(AsText(Upgraded(old).tail), "APIC\0\0\x01\x07\0\0\0image/png\0\x03\0data"s);
+  old.tail = BytesFrom("CM1\0\x01\0ab"s);
+  EXPECT_EQ(Upgraded(old).frames[1].id, "PRIV");
+}
+
 TEST(Upgraded, KeepsAPictureThatIsTooShort) {
   EXPECT_EQ(Upgraded(OldTag({{"PIC", 0, {0, 'J'}}})).frames[0].id, "PRIV");
 }

@@ -1,4 +1,4 @@
-#include "cli/tag_fields.h"
+#include "media/tag_fields.h"
 
 #include <algorithm>
 #include <array>
