@@ -26,7 +26,8 @@ struct Sums {
 struct Survey {
   Sums all;
   Sums selected;
-  std::int64_t up_to_focus = 0;  // lengths of all rows up to the focused one
+  int last_of_selected = 0;
+  std::int64_t up_to_selected = 0;  // lengths of all rows up to that one
   bool first_selected = false;
   bool last_selected = false;
 
@@ -47,8 +48,10 @@ Survey Look(const RowStore& rows) {
     const std::int64_t length = WholePart(row.cells[kHiddenLen]);
     const std::int64_t size = WholePart(row.cells[kHiddenSize]);
     Add(survey.all, length, size);
-    if (i <= rows.FocusedRow()) survey.up_to_focus = survey.all.length;
-    if (row.selected) Add(survey.selected, length, size);
+    if (!row.selected) continue;
+    Add(survey.selected, length, size);
+    survey.last_of_selected = i;
+    survey.up_to_selected = survey.all.length;
   }
   survey.first_selected = count > 0 && rows.At(1).selected;
   survey.last_selected = count > 0 && rows.At(count).selected;
@@ -85,14 +88,14 @@ void ShowSeveral(const Survey& survey, const std::string& separator, ListStatus&
 
 void ShowOne(const Survey& survey, const RowStore& rows, const FileSystem& files, const std::string& separator,
              ListStatus& status) {
-  const int index = rows.FocusedRow();
-  const bool present = index > 0 && FileExists(files, rows.At(index).FullPath());
+  const int index = survey.last_of_selected;
+  const bool present = FileExists(files, rows.At(index).FullPath());
   status.panels[0] = "Track: " + std::to_string(index) + "/" + std::to_string(survey.all.count);
   status.panels[1] = "-";
   status.panels[2] = "-";
   if (present) {
     status.panels[1] =
-        FormatTime(survey.selected.length) + "[" + FormatTime(survey.up_to_focus - survey.selected.length) + "]";
+        FormatTime(survey.selected.length) + "[" + FormatTime(survey.up_to_selected - survey.selected.length) + "]";
     status.panels[2] = FormatSize(survey.selected.size, separator);
   }
   Enable(status, {"MEditSelAll"}, true);
