@@ -15,6 +15,7 @@
 #include "platform/program.h"
 #include "platform/qt/pictures.h"
 #include "platform/qt/redraw.h"
+#include "platform/qt/shown_text.h"
 #include "playlist/list_status.h"
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/formats.h"
@@ -295,7 +296,7 @@ void Main::ListView1_Click() {
 }
 
 void Main::ShowCaption() {
-  setWindowTitle(QString::fromStdString(CaptionText(AppTitle(), document_.CurrentPlaylist)));
+  setWindowTitle(ShownCaption(CaptionText(AppTitle(), document_.CurrentPlaylist)));
 }
 
 void Main::RefreshRecentMenu() {
@@ -303,9 +304,7 @@ void Main::RefreshRecentMenu() {
   MainMenu->findChild<QMenu*>(QStringLiteral("MFileRec"))->setEnabled(!captions.empty());
   for (std::size_t i = 0; i < MFileRecent.size(); ++i) {
     const bool used = i < captions.size();
-    // An ampersand in a name is no mark for a key.
-    MFileRecent[i]->setText(used ? QString::fromStdString(captions[i]).replace(u'&', QStringLiteral("&&"))
-                                 : QString());
+    MFileRecent[i]->setText(used ? ShownInMenu(captions[i]) : QString());
     MFileRecent[i]->setVisible(used);
   }
 }

@@ -1,5 +1,7 @@
 #include "app/window_feedback.h"
 
+#include "platform/qt/shown_text.h"
+
 namespace qublet {
 namespace {
 
@@ -27,12 +29,12 @@ void WindowFeedback::EndWait() {
 }
 
 void WindowFeedback::ShowActivity(const std::string& text) {
-  activity_.setText(QString::fromStdString(text));
+  activity_.setText(ShownText(text));
   LetRepaint();
 }
 
 void WindowFeedback::BeginProgress(const std::string& caption, int maximum) {
-  status_.Begin(QString::fromStdString(caption), maximum);
+  status_.Begin(ShownCaption(caption), maximum);
   lock_.Pump();
 }
 
