@@ -14,6 +14,7 @@
 #include "platform/program.h"
 #include "platform/qt/pictures.h"
 #include "platform/qt/redraw.h"
+#include "platform/qt/shown_text.h"
 #include "playlist/list_status.h"
 #include "playlist/own_playlists.h"
 #include "playlist/paths/folder_walk.h"
@@ -232,7 +233,7 @@ void Main::ListView1_Click() {
 }
 
 void Main::ShowCaption() {
-  setWindowTitle(QString::fromStdString(CaptionText(AppTitle(), engine_.document.CurrentPlaylist)));
+  setWindowTitle(ShownCaption(CaptionText(AppTitle(), engine_.document.CurrentPlaylist)));
 }
 
 void Main::RefreshRecentMenu() {
@@ -240,9 +241,7 @@ void Main::RefreshRecentMenu() {
   menus_->Submenu("MFileRec").setEnabled(!captions.empty());
   for (std::size_t i = 0; i < MFileRecent.size(); ++i) {
     const bool used = i < captions.size();
-    // An ampersand in a name is no mark for a key.
-    MFileRecent[i]->setText(used ? QString::fromStdString(captions[i]).replace(u'&', QStringLiteral("&&"))
-                                 : QString());
+    MFileRecent[i]->setText(used ? ShownInMenu(captions[i]) : QString());
     MFileRecent[i]->setVisible(used);
   }
 }

@@ -5,6 +5,8 @@
 #include <QHeaderView>
 #include <QScreen>
 
+#include "platform/qt/colours.h"
+
 namespace qublet {
 
 namespace {
@@ -17,17 +19,11 @@ QFont OwnFont(QFont font) {
 
 }  // namespace
 
-QColor ColourFromSetting(std::int32_t colour) {
-  return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
-}
-
 void ApplyListLook(const AppSettings& settings, RowList& list) {
-  QPalette palette = list.palette();
-  const QColor back = ColourFromSetting(settings.BC);
-  const QColor text = ColourFromSetting(settings.FC);
-  palette.setColor(QPalette::Base, back);
-  palette.setColor(QPalette::AlternateBase, back);
-  palette.setColor(QPalette::Text, text);
+  QPalette palette;
+  // The colours of the desktop follow it from light to dark.
+  if (SystemColour(settings.BC) != QPalette::Base) palette.setColor(QPalette::Base, ColourFromSetting(settings.BC));
+  if (SystemColour(settings.FC) != QPalette::Text) palette.setColor(QPalette::Text, ColourFromSetting(settings.FC));
   list.setPalette(palette);
 
   QFont font(QString::fromStdString(settings.Name), settings.Size);
@@ -41,7 +37,9 @@ void ApplyListLook(const AppSettings& settings, RowList& list) {
   font.setStrikeOut(settings.Strikethrough);
   font.setUnderline(settings.Underline);
   // First, so that the header isn't measured in the list's font.
-  list.header()->setFont(OwnFont(QGuiApplication::font()));
+  QFont header = QGuiApplication::font();
+  header.setPointSizeF(font.pointSizeF());
+  list.header()->setFont(OwnFont(header));
   list.setFont(font);
 
   list.SetGridLines(settings.GRID);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QColor>
 #include <QMainWindow>
 #include <QStatusBar>
 #include <QToolBar>
@@ -11,11 +10,9 @@
 namespace qublet {
 
 // Between the settings record and the look of the main window. Geometry in the record is in twips (1/1440 inch, 15 a
-// pixel at 96 dpi), colours have red in the low byte.
+// pixel at 96 dpi); colours are told in platform/qt/colours.h.
 
 inline constexpr int kTwipsPerPixel = 15;
-
-QColor ColourFromSetting(std::int32_t colour);
 
 // Colours, font, column widths of the list.
 void ApplyListLook(const AppSettings& settings, RowList& list);

@@ -1,5 +1,7 @@
 #include "desk/window_feedback.h"
 
+#include "platform/qt/shown_text.h"
+
 namespace qublet {
 namespace {
 
@@ -31,13 +33,13 @@ void WindowFeedback::EndWait() {
 }
 
 void WindowFeedback::ShowActivity(const std::string& text) {
-  if (places_) places_->activity.setText(QString::fromStdString(text));
+  if (places_) places_->activity.setText(ShownText(text));
   LetRepaint();
 }
 
 void WindowFeedback::BeginProgress(const std::string& caption, int maximum) {
   if (!places_) return;
-  places_->status.Begin(QString::fromStdString(caption), maximum);
+  places_->status.Begin(ShownCaption(caption), maximum);
   lock_.Pump();
 }
 

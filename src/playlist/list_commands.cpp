@@ -79,7 +79,7 @@ void ListCommands::MEditSelLoc_Click() {
 
 void ListCommands::MEditFileInfo_Click() {
   const WaitCursor wait(services_.feedback);
-  ShowFocusedProperties(document_, services_.shell);
+  ShowCurrentProperties(document_, services_.shell);
 }
 
 void ListCommands::MToolsShortCutFind_Click() {
@@ -124,7 +124,7 @@ void ListCommands::Mreloc_Click() {
   bool picked = false;
   {
     const WaitCursor wait(services_.feedback);
-    picked = ReplaceFocusedRow(document_, items_, services_.dialogs);
+    picked = ReplaceCurrentRow(document_, items_, services_.dialogs);
   }
   if (picked) view_.Refresh();
 }

@@ -26,7 +26,8 @@ struct Sums {
 struct Survey {
   Sums all;
   Sums selected;
-  std::int64_t up_to_focus = 0;  // lengths of all rows up to the focused one
+  int last_of_selected = 0;
+  std::int64_t up_to_selected = 0;  // lengths of all rows up to that one
   bool first_selected = false;
   bool last_selected = false;
 };
@@ -45,8 +46,10 @@ Survey Look(const RowStore& rows) {
     const std::int64_t length = WholePart(row.cells[kHiddenLen]);
     const std::int64_t size = WholePart(row.cells[kHiddenSize]);
     Add(survey.all, length, size);
-    if (i <= rows.FocusedRow()) survey.up_to_focus = survey.all.length;
-    if (row.selected) Add(survey.selected, length, size);
+    if (!row.selected) continue;
+    Add(survey.selected, length, size);
+    survey.last_of_selected = i;
+    survey.up_to_selected = survey.all.length;
   }
   survey.first_selected = count > 0 && rows.At(1).selected;
   survey.last_selected = count > 0 && rows.At(count).selected;
@@ -63,11 +66,12 @@ std::array<std::string, 3> SeveralPanels(const Survey& survey, const std::string
           FormatSize(survey.selected.size, separator)};
 }
 
-std::array<std::string, 3> OnePanels(const Survey& survey, int index, bool there, const std::string& separator) {
-  const std::string track = "Track: " + std::to_string(index) + "/" + std::to_string(survey.all.count);
+std::array<std::string, 3> OnePanels(const Survey& survey, bool there, const std::string& separator) {
+  const std::string track =
+      "Track: " + std::to_string(survey.last_of_selected) + "/" + std::to_string(survey.all.count);
   if (!there) return {track, "-", "-"};
   return {track,
-          FormatTime(survey.selected.length) + "[" + FormatTime(survey.up_to_focus - survey.selected.length) + "]",
+          FormatTime(survey.selected.length) + "[" + FormatTime(survey.up_to_selected - survey.selected.length) + "]",
           FormatSize(survey.selected.size, separator)};
 }
 
@@ -90,9 +94,8 @@ ListStatus WorkOutStatus(const RowStore& rows, const FileSystem& files, const Ap
   if (survey.selected.count == 0) {
     status.panels = NonePanels(survey, thousands_separator);
   } else if (survey.selected.count == 1) {
-    const int index = rows.FocusedRow();
-    status.facts.file_there = index > 0 && FileExists(files, rows.At(index).FullPath());
-    status.panels = OnePanels(survey, index, status.facts.file_there, thousands_separator);
+    status.facts.file_there = FileExists(files, rows.At(survey.last_of_selected).FullPath());
+    status.panels = OnePanels(survey, status.facts.file_there, thousands_separator);
   } else {
     status.panels = SeveralPanels(survey, thousands_separator);
   }

@@ -28,7 +28,7 @@ struct ListStatus {
 };
 
 // `ListView1_Click` worked out: one pass over the rows; an empty or unreadable cell counts as 0. With one selected
-// row the disk is asked once whether the focused row's file is there.
+// row the disk is asked once whether its file is there; the focus doesn't matter.
 ListStatus WorkOutStatus(const RowStore& rows, const FileSystem& files, const AppSettings& settings,
                          const std::string& thousands_separator);
 

@@ -22,16 +22,14 @@ struct KeyedRow {
   int row = 0;
 };
 
-// A text by its collation key, of which the first bytes are at hand, then by its own bytes.
+// A text by its collation key, of which the first bytes are at hand.
 struct TextKey {
   std::uint64_t head = 0;
   const std::string* collation = nullptr;
-  const std::string* text = nullptr;
 
   bool operator<(const TextKey& other) const {
     if (head != other.head) return head < other.head;
-    const int order = collation->compare(*other.collation);
-    return order != 0 ? order < 0 : *text < *other.text;
+    return *collation < *other.collation;
   }
 };
 
@@ -131,7 +129,7 @@ void SortByTexts(RowStore& rows, int lncol, const Collation& collation, bool des
   keyed.reserve(keys.size());
   for (const std::string& key : keys) {
     const int row = static_cast<int>(keyed.size()) + 1;
-    keyed.push_back({{HeadOf(key), &key, &CellOf(rows, row, lncol)}, row});
+    keyed.push_back({{HeadOf(key), &key}, row});
   }
   SortByKeys(rows, std::move(keyed), descending);
 }

@@ -15,6 +15,16 @@ Collection FoldersOfSelection(const RowStore& rows) {
 
 }  // namespace
 
+int CurrentRow(const RowStore& rows) {
+  int only = 0;
+  for (int i = 1; i <= rows.Count(); ++i) {
+    if (!rows.At(i).selected) continue;
+    if (only > 0) return rows.FocusedRow();
+    only = i;
+  }
+  return only > 0 ? only : rows.FocusedRow();
+}
+
 void SelectAll(RowStore& rows) {
   rows.SelectWhere([](int, const Row&) { return true; });
 }
@@ -65,8 +75,8 @@ std::string CommonFolder(const RowStore& rows, const FileSystem& files) {
   return folder.empty() ? files.CurrentFolder() : folder;
 }
 
-void ShowFocusedProperties(Document& document, Shell& shell) {
-  const int row = document.ListView1.FocusedRow();
+void ShowCurrentProperties(Document& document, Shell& shell) {
+  const int row = CurrentRow(document.ListView1);
   if (row > 0) shell.ShowFileProperties(document.ListView1.At(row).FullPath());
 }
 
@@ -75,9 +85,9 @@ void RemoveSelectedRows(Document& document) {
   if (gone > 0) document.PlaylistChanged = true;
 }
 
-bool ReplaceFocusedRow(Document& document, Items& items, Dialogs& dialogs) {
+bool ReplaceCurrentRow(Document& document, Items& items, Dialogs& dialogs) {
   RowStore& rows = document.ListView1;
-  const int index = rows.FocusedRow();
+  const int index = CurrentRow(rows);
   if (index == 0) return false;
   const auto name = dialogs.ShowOpen({rows.At(index).cells[kFileName], "All files (*.*)|*.*|", ""});
   if (!name) return false;

@@ -8,6 +8,10 @@
 
 namespace qublet {
 
+// The row that a command on one row is about: the selected one where exactly one is, else the focused one; 0 when
+// there is neither.
+int CurrentRow(const RowStore& rows);
+
 // Ways to a selection, the coloured marks, and what is done with the selected rows. Nothing here throws.
 
 void SelectAll(RowStore& rows);
@@ -29,13 +33,13 @@ void SelectCheckMarked(RowStore& rows);
 void ImportFolders(const RowStore& rows, Items& items);
 // The folder that the selected rows have in common; the current one where there is none.
 std::string CommonFolder(const RowStore& rows, const FileSystem& files);
-// What the system knows of the focused row's file; nothing when no row has the focus.
-void ShowFocusedProperties(Document& document, Shell& shell);
+// What the system knows of the current row's file; nothing when there is no such row.
+void ShowCurrentProperties(Document& document, Shell& shell);
 
 // "&Remove Item": every selected row goes, and the list counts as changed if any did. Files on disk stay.
 void RemoveSelectedRows(Document& document);
-// "Replace/Relocate...": asks for a file, whose row takes the place of the focused one. What can't be added is told,
-// and the old row stays. False when the user cancelled or no row has the focus.
-bool ReplaceFocusedRow(Document& document, Items& items, Dialogs& dialogs);
+// "Replace/Relocate...": asks for a file, whose row takes the place of the current one. What can't be added is told,
+// and the old row stays. False when the user cancelled or there is no such row.
+bool ReplaceCurrentRow(Document& document, Items& items, Dialogs& dialogs);
 
 }  // namespace qublet

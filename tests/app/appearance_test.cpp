@@ -8,6 +8,7 @@
 
 #include "app/appearance.h"
 #include "desk/placement.h"
+#include "platform/qt/colours.h"
 #include "support/main_window.h"
 
 namespace qublet {

@@ -40,14 +40,16 @@ TEST_F(ListStatusTest, ShowsDashesForOneSelectedRowWhoseFileIsMissing) {
   EXPECT_EQ(Status().panels, (Panels{"Track: 1/4", "-", "-"})) << "the disk decides, not the icon";
 }
 
-TEST_F(ListStatusTest, AsksTheDiskForTheFocusedRowNotTheSelectedOne) {
+TEST_F(ListStatusTest, SpeaksOfTheOneSelectedRowWhereverTheFocusIs) {
   AddSongs();
-  Select("x---", 4);
-  EXPECT_EQ(Status().panels, (Panels{"Track: 4/4", "1:00[1:03:06]", "1,000 Bytes"}));
-  Select("x---", 3);
-  EXPECT_EQ(Status().panels, (Panels{"Track: 3/4", "-", "-"}));
-  Select("x---", 0);
-  EXPECT_EQ(Status().panels, (Panels{"Track: 0/4", "-", "-"}));
+  for (const int focused : {0, 1, 3, 4}) {
+    Select("-x--", focused);
+    EXPECT_EQ(Status().panels, (Panels{"Track: 2/4", "2:05[1:00]", "20 Kb"})) << focused;
+    EXPECT_TRUE(Status().facts.file_there) << focused;
+    Select("--x-", focused);
+    EXPECT_EQ(Status().panels, (Panels{"Track: 3/4", "-", "-"})) << focused;
+    EXPECT_FALSE(Status().facts.file_there) << focused;
+  }
 }
 
 TEST_F(ListStatusTest, ShowsTheSumsOfSeveralSelectedRows) {

@@ -118,10 +118,12 @@ TEST_F(Sorting, ByNameIgnoresCaseAndTwiceReverses) {
   EXPECT_EQ(Names(), "C.mp3 b.mp3 A.mp3");
 }
 
-TEST_F(Sorting, ByNameGoesByBytesWhereOnlyTheCaseDiffers) {
-  Fill(kFileName, {"same", "Same", "SAME"});
+TEST_F(Sorting, ByNameLeavesTheOrderOfNamesThatDifferOnlyInCase) {
+  Fill(kFileName, {"z", "Same", "same", "SAME", "a"});
   Sort(kFileName);
-  EXPECT_EQ(Names(), "SAME Same same");
+  EXPECT_EQ(Names(), "a Same same SAME z");
+  Sort(kFileName);
+  EXPECT_EQ(Names(), "z Same same SAME a");
 }
 
 TEST_F(Sorting, ComparesTextsBeyondTheirFirstLetters) {

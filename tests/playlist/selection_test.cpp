@@ -275,7 +275,7 @@ class Replacing : public SelectionTest {
     SelectRows({2});
     document_.PlaylistChanged = false;
   }
-  bool Replace() { return ReplaceFocusedRow(document_, items_, dialogs_); }
+  bool Replace() { return ReplaceCurrentRow(document_, items_, dialogs_); }
 };
 
 TEST_F(Replacing, PutsTheNewFileInThePlaceOfTheOldRow) {
@@ -327,13 +327,30 @@ TEST_F(Replacing, TakesTheItemsOfAPlaylist) {
 }
 
 TEST_F(Replacing, TheLastRowWorksToo) {
-  Rows().SetFocusedRow(3);
+  Rows().SetSelected(2, false);
+  SelectRows({3});
   dialogs_.open_names = {"c:\\new\\b.mp3"};
   EXPECT_TRUE(Replace());
   EXPECT_EQ(Names(), "a.mp3 gone.mp3 b.mp3");
 }
 
-TEST_F(Replacing, WithoutAFocusedRowAsksNothing) {
+TEST_F(Replacing, TakesTheOneSelectedRowWhereverTheFocusIs) {
+  Rows().SetFocusedRow(3);
+  dialogs_.open_names = {"c:\\new\\b.mp3"};
+  EXPECT_TRUE(Replace());
+  EXPECT_EQ(dialogs_.open_requests[0].file_name, "gone.mp3");
+  EXPECT_EQ(Names(), "a.mp3 b.mp3 c.mp3");
+}
+
+TEST_F(Replacing, TakesTheFocusedRowWhereNotExactlyOneIsSelected) {
+  SelectRows({1, 3});
+  dialogs_.open_names = {"c:\\new\\b.mp3"};
+  EXPECT_TRUE(Replace());
+  EXPECT_EQ(Names(), "a.mp3 b.mp3 c.mp3");
+}
+
+TEST_F(Replacing, WithoutASelectedOrFocusedRowAsksNothing) {
+  Rows().SetSelected(2, false);
   Rows().SetFocusedRow(0);
   EXPECT_FALSE(Replace());
   EXPECT_TRUE(dialogs_.open_requests.empty());

@@ -5,9 +5,23 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
+#include "platform/qt/shown_text.h"
+
 namespace qublet {
+namespace {
+
+// Names of folders and files as plain text.
+class NameDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QString displayText(const QVariant& value, const QLocale&) const override { return ShownText(value.toString()); }
+};
+
+}  // namespace
 
 BrowseForm::BrowseForm(const QString& title, const QStringList& file_patterns, QWidget* parent)
     : QDialog(parent), model_(new QFileSystemModel(this)), tree_(new QTreeView(this)), path_(new QLineEdit(this)) {
@@ -24,6 +38,7 @@ BrowseForm::BrowseForm(const QString& title, const QStringList& file_patterns, Q
 
   tree_->setObjectName(QStringLiteral("FolderTree"));
   tree_->setModel(model_);
+  tree_->setItemDelegate(new NameDelegate(tree_));
   for (int column = 1; column < model_->columnCount(); ++column) tree_->hideColumn(column);
   tree_->setHeaderHidden(true);
   path_->setObjectName(QStringLiteral("FolderPath"));

@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 
 #include "platform/qt/BrowseForm.h"
+#include "platform/qt/shown_text.h"
 
 namespace qublet {
 namespace {
@@ -54,10 +55,9 @@ QString ExtensionOf(const QString& name_filter) {
 }  // namespace
 
 MessageAnswer QtDialogs::ShowMessage(const std::string& text, MessageIcon icon, MessageButtons buttons) {
-  // Lines of a message end in CR, which the toolkit would draw as a blank.
-  const QString lines = QString::fromStdString(text).replace(u'\r', u'\n');
-  QMessageBox box(IconFor(icon), title_, lines, ButtonsFor(buttons), owner_);
+  QMessageBox box(IconFor(icon), title_, QString(), ButtonsFor(buttons), owner_);
   box.setTextFormat(Qt::PlainText);
+  box.setText(ShownMessage(text));
   switch (box.exec()) {
     case QMessageBox::Yes:
       return MessageAnswer::kYes;

@@ -15,14 +15,11 @@ PlaylistStats::PlaylistStats(std::function<Statistics()> Gather, std::string tho
 
 void PlaylistStats::ShowPlaceHolders() {
   for (const StatisticsLine& line : StatisticsLines({}, thousands_separator_)) {
-    auto* label = findChild<QLabel*>(QString::fromUtf8(line.control));
-    label->setTextFormat(Qt::PlainText);
-    label->setText(QString::fromUtf8(kUnknownStatistic));
+    auto* label = findChild<ShownLabel*>(QString::fromUtf8(line.control));
+    label->Show(kUnknownStatistic);
     label->setAccessibleName(QString::fromUtf8(line.caption));
-    // A long path is there to be copied.
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   }
-  lblplaylistfilename->setText(QStringLiteral("Refreshing..."));
+  lblplaylistfilename->Show("Refreshing...");
   Morethanwarn->clear();
 }
 
@@ -30,9 +27,19 @@ void PlaylistStats::Timer1_Timer() {
   Timer1.stop();
   const Statistics statistics = gather_();
   for (const StatisticsLine& line : StatisticsLines(statistics, thousands_separator_))
-    findChild<QLabel*>(QString::fromUtf8(line.control))->setText(QString::fromStdString(line.text));
+    findChild<ShownLabel*>(QString::fromUtf8(line.control))->Show(line.text);
   Morethanwarn->setText(QString::fromStdString(StatisticsNote(statistics)));
+  MakeRoom();
   unsetCursor();
+}
+
+// A long path takes several lines.
+void PlaylistStats::MakeRoom() {
+  layout()->activate();
+  const int pages = GeneralPage->layout()->totalHeightForWidth(GeneralPage->width());
+  const int more =
+      std::max(pages, ItemsPage->layout()->totalHeightForWidth(GeneralPage->width())) - GeneralPage->height();
+  if (more > 0) resize(width(), height() + more);
 }
 
 }  // namespace qublet

@@ -22,6 +22,7 @@ class PlaylistStats : public QDialog, private Ui::PlaylistStats {
  private:
   void ShowPlaceHolders();
   void Timer1_Timer();
+  void MakeRoom();
 
   std::function<Statistics()> gather_;
   std::string thousands_separator_;

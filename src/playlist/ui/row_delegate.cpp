@@ -1,12 +1,23 @@
 #include "playlist/ui/row_delegate.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
+
+#include "platform/qt/colours.h"
+#include "platform/qt/shown_text.h"
 
 namespace qublet {
 namespace {
 
-constexpr float kGhosted = 0.55F;   // of the text's strength
+constexpr double kGhosted = 0.55;   // of the text's strength
+constexpr double kHint = 0.6;       // likewise
 constexpr float kGridLine = 0.25F;  // likewise, so that the lines suit every pair of colours
+constexpr double kForText = 4.5;    // contrasts
+constexpr double kForGhosted = 2.5;
+constexpr double kForShapes = 3;
 
 QColor Pale(QColor colour, float strength) {
   colour.setAlphaF(strength);
@@ -15,15 +26,33 @@ QColor Pale(QColor colour, float strength) {
 
 }  // namespace
 
+RowColours::RowColours(const QPalette& palette, QPalette::ColorGroup group) {
+  const QColor base = palette.color(group, QPalette::Base);
+  const QColor text = palette.color(group, QPalette::Text);
+  selected = Legible(palette.color(group, QPalette::Highlight), base, kForShapes);
+  selected_text = Legible(palette.color(group, QPalette::HighlightedText), selected, kForText);
+  ghosted = Legible(Mixed(text, base, kGhosted), base, kForGhosted);
+  selected_ghosted = Legible(Mixed(selected_text, selected, kGhosted), selected, kForGhosted);
+  hint = Legible(Mixed(text, base, kHint), base, kForText);
+  line = Legible(text, base, kForShapes);
+}
+
+void RowDelegate::SetPalette(const QPalette& palette) {
+  active_ = RowColours(palette, QPalette::Active);
+  inactive_ = RowColours(palette, QPalette::Inactive);
+}
+
 void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
   QStyledItemDelegate::initStyleOption(option, index);
   const Row& row = rows_.At(index.row() + 1);
-  option->state.setFlag(QStyle::State_Selected, row.selected);
   if (hot_tracking_ && option->state.testFlag(QStyle::State_MouseOver)) option->font.setUnderline(true);
   option->state.setFlag(QStyle::State_MouseOver, false);
-  if (!row.ghosted) return;
-  for (const auto role : {QPalette::Text, QPalette::HighlightedText}) {
-    option->palette.setColor(role, Pale(option->palette.color(role), kGhosted));
+  const RowColours& colours = Colours(option->state.testFlag(QStyle::State_Active));
+  if (row.selected) {
+    option->backgroundBrush = colours.selected;
+    option->palette.setColor(QPalette::Text, row.ghosted ? colours.selected_ghosted : colours.selected_text);
+  } else if (row.ghosted) {
+    option->palette.setColor(QPalette::Text, colours.ghosted);
   }
 }
 
@@ -35,6 +64,21 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, c
   painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
   painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
   painter->restore();
+}
+
+bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) {
+  if (event->type() != QEvent::ToolTip || !index.isValid()) {
+    return QStyledItemDelegate::helpEvent(event, view, option, index);
+  }
+  const QRect seen = option.rect & view->viewport()->rect();
+  if (sizeHint(option, index).width() <= seen.width()) {
+    QToolTip::hideText();
+  } else {
+    const std::string& cell = rows_.At(index.row() + 1).cells[static_cast<std::size_t>(index.column())];
+    QToolTip::showText(event->globalPos(), ShownTip(cell), view->viewport(), option.rect);
+  }
+  return true;
 }
 
 }  // namespace qublet

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <QTreeView>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "playlist/ui/accessible_rows.h"
+#include "playlist/ui/border_scroll.h"
 #include "playlist/ui/row_model.h"
 #include "playlist/ui/row_selection.h"
 
@@ -21,10 +24,14 @@ class RowList : public QTreeView {
 
   // Shows the rows; before this the list is empty. `model` outlives the list.
   void ShowRows(RowModel* model);
+  const RowStore& Rows() const { return model_->Rows(); }
 
   // Thin lines between rows and columns; the row under the pointer underlined.
   void SetGridLines(bool shown);
   void SetHotTracking(bool on);
+
+  // What stands in the list while it is empty.
+  static QString EmptyHint();
 
   // Row under a point of the viewport, from 0; only y counts. The row count when there is none.
   int GetRowAtPoint(int y) const;
@@ -55,22 +62,40 @@ class RowList : public QTreeView {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dragMoveEvent(QDragMoveEvent* event) override;
+  void dragLeaveEvent(QDragLeaveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   QModelIndexList selectedIndexes() const override;
   void dataChanged(const QModelIndex& first, const QModelIndex& last, const QList<int>& roles) override;
+  void rowsInserted(const QModelIndex& parent, int first, int last) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
  private:
   bool IsSelected(const QModelIndex& index) const;
+  void SpeakSelection();
+  void SpeakFocus();
   void PressMenuKey();
+  void MoveByKey(QKeyEvent* event);
+  void HeldAt(QPoint point);
+  void ShowDropLine(std::optional<int> row);
+  void PaintHint(QPainter& painter) const;
+  void PaintDropLine(QPainter& painter) const;
   bool MayDrop(const QDropEvent& event) const;
   QItemSelectionModel::SelectionFlags MouseCommand(const QModelIndex& index, const QMouseEvent& event) const;
 
   RowModel* model_ = nullptr;
   RowSelection* selection_ = nullptr;
   RowDelegate* delegate_ = nullptr;
+  SpokenSelection spoken_;
+  // What the mouse holds goes on where the list scrolls beneath it.
+  BorderScroll border_scroll_{*this, [this](QPoint point) { HeldAt(point); }};
+  Qt::MouseButtons held_;
+  std::optional<int> drop_row_;  // a drop will land before this row, from 0
   QPoint pressed_at_;
   bool pressed_on_selected_ = false;
   bool may_drag_ = false;      // the left button holds selected rows

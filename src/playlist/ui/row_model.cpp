@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+#include "platform/qt/shown_text.h"
+
 namespace qublet {
 namespace {
 
@@ -65,11 +67,9 @@ QVariant RowModel::data(const QModelIndex& index, int role) const {
   const std::string& cell = row.cells[static_cast<std::size_t>(index.column())];
   switch (role) {
     case Qt::DisplayRole:
-      return QString::fromStdString(cell);
-    case Qt::ToolTipRole:
-      return index.column() == kFileName || index.column() == kPath ? QString::fromStdString(cell) : QVariant();
+      return ShownText(cell);
     case Qt::AccessibleTextRole:
-      return SpokenText(row, index.column(), QString::fromStdString(cell));
+      return SpokenText(row, index.column(), ShownText(cell));
     case Qt::DecorationRole:
       return index.column() == kFileName ? QVariant(icons_.For(row.icon)) : QVariant();
     case Qt::TextAlignmentRole:

@@ -27,27 +27,40 @@ void RowSelection::MarkRanges(const QItemSelection& selection, std::vector<char>
   }
 }
 
+// Whether a flag has changed.
+bool RowSelection::Apply(const std::vector<char>& touched, SelectionFlags command) const {
+  bool changed = false;
+  model_.Rows().SelectWhere([&](int index, const Row& row) {
+    const auto i = static_cast<std::size_t>(index - 1);
+    bool selected = base_[i] != 0;
+    if (touched[i])
+      selected = command & Toggle ? !selected : command & Select ? true : selected && !(command & Deselect);
+    changed = changed || selected != row.selected;
+    return selected;
+  });
+  return changed;
+}
+
 void RowSelection::select(const QItemSelection& selection, SelectionFlags command) {
   if (command == NoUpdate) return;
-  RowStore& rows = model_.Rows();
+  const RowStore& rows = model_.Rows();
   const auto count = static_cast<std::size_t>(rows.Count());
   // A range being drawn starts again from the flags that stood before it.
   if (!(command & Current) || base_.size() != count) base_ = FlagsOf(rows);
   if (command & Clear) base_.assign(count, 0);
   std::vector<char> touched(count, 0);
   MarkRanges(selection, touched);
-  rows.SelectWhere([&](int index, const Row&) {
-    const auto i = static_cast<std::size_t>(index - 1);
-    if (!touched[i]) return base_[i] != 0;
-    return command & Toggle ? base_[i] == 0 : command & Select ? true : command & Deselect ? false : base_[i] != 0;
-  });
+  const bool changed = Apply(touched, command);
   if (!(command & Current)) base_.clear();
-  emit rowsSelected();
+  // The toolkit selects twice where it moves the focus by a key.
+  if (changed || told_focus_ != rows.FocusedRow()) {
+    told_focus_ = rows.FocusedRow();
+    emit rowsSelected();
+  }
 }
 
 void RowSelection::clear() {
   select(QItemSelection(), Clear);
-  clearCurrentIndex();
 }
 
 void RowSelection::reset() {
@@ -58,8 +71,9 @@ void RowSelection::reset() {
 }
 
 void RowSelection::setCurrentIndex(const QModelIndex& index, SelectionFlags command) {
-  QItemSelectionModel::setCurrentIndex(index, command);
+  QItemSelectionModel::setCurrentIndex(index, NoUpdate);
   if (index.isValid()) model_.Rows().SetFocusedRow(index.row() + 1);
+  select(index, command);
 }
 
 }  // namespace qublet
