@@ -10,6 +10,8 @@
 #include "app/command_line.h"
 #include "platform/memory_settings_store.h"
 #include "platform/program.h"
+#include "platform/qt/key_names.h"
+#include "platform/qt/last_input.h"
 #include "platform/qt/pictures.h"
 #include "platform/qt/qt_dialogs.h"
 #include "playlist/paths/folder_walk.h"
@@ -26,7 +28,8 @@ struct House {
   SystemClock clock;
   SystemRandom random;
   std::unique_ptr<Collation> collation = OpenCollation();
-  std::unique_ptr<Shell> shell = OpenShell(*files);
+  LastInput last_input;
+  std::unique_ptr<Shell> shell = OpenShell(*files, [this] { return last_input.StartupId(); });
   std::unique_ptr<Associations> associations = OpenAssociations(*files);
   std::unique_ptr<PlayerWindows> players = OpenPlayerWindows();
   Document document;
@@ -38,6 +41,7 @@ struct House {
 Session::Places FindPlaces(const FileSystem& files) {
   Session::Places places{AppKey(), ""};
   ResumeNext([&] { places.program_folder = ProgramFolder(files); });
+  ResumeNext([&] { places.program = WindowProgram(files); });
   return places;
 }
 
@@ -98,6 +102,15 @@ std::vector<std::string> ToStrings(const QStringList& texts) {
   return strings;
 }
 
+// A word that begins with "-" and names a file that is there is that file, unless it is an option of ours.
+QStringList WithFilesTold(QStringList words) {
+  static const QStringList kOptions{QStringLiteral("-h"), QStringLiteral("--help"), QStringLiteral("--screenshot")};
+  for (QString& word : words) {
+    if (word.startsWith(u'-') && !kOptions.contains(word) && QFileInfo::exists(word)) word.prepend(u"./"_qs);
+  }
+  return words;
+}
+
 int Run(QApplication& application) {
   QCommandLineParser parser;
   parser.addPositionalArgument(QStringLiteral("paths"), QStringLiteral("Files, folders and playlists to list."));
@@ -106,15 +119,15 @@ int Run(QApplication& application) {
                                       QStringLiteral("FILE"));
   parser.addOption(screenshot);
   parser.addHelpOption();
-  parser.process(application);
+  parser.process(WithFilesTold(QCoreApplication::arguments()));
 
   // A playlist changes the current folder when it is read.
   const QString picture = QFileInfo(parser.value(screenshot)).absoluteFilePath();
 
   House house;
-  const std::string command_line = CommandLineText(*house.files, ToStrings(parser.positionalArguments()));
-  if (parser.isSet(screenshot)) return TakeScreenshot(house, picture, command_line);
-  return Start(house, application, command_line);
+  const std::string words = CommandLineText(*house.files, ToStrings(parser.positionalArguments()));
+  if (parser.isSet(screenshot)) return TakeScreenshot(house, picture, words);
+  return Start(house, application, TypedCommandLine().value_or(words));
 }
 
 }  // namespace
@@ -125,6 +138,8 @@ int main(int argc, char** argv) {
   application.setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(qublet::Picture(QStringLiteral("program")));
   QGuiApplication::setDesktopFileName(QStringLiteral("QUBLET20"));
+  qublet::WindowsKeyNames key_names;
+  if (QGuiApplication::platformName() == u"windows") QCoreApplication::installTranslator(&key_names);
   std::setlocale(LC_ALL, "");
   return qublet::Run(application);
 }

@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "cli/json_text.h"
+#include "platform/program.h"
 #include "playlist/items.h"
 #include "playlist/paths/file_details.h"
 
@@ -49,9 +50,11 @@ std::string AddPath(Document& document, FileSystem& files, const std::string& pa
   const RowStore& rows = document.ListView1;
   const int before = rows.Count();
   DestroyFileArray(document);
-  const bool added = items.AddStuff(path, false);
-  const bool all_of_it = document.FileArray.size() <= static_cast<std::size_t>(rows.Count() - before);
-  if (added && all_of_it) return "";
+  items.AddStuff(path, false);
+  // A file that holds no sound is a row too.
+  const int added = rows.Count() - before;
+  const bool all_of_it = document.FileArray.size() <= static_cast<std::size_t>(added);
+  if (added > 0 && (all_of_it || rows.Count() < RowStore::MaxRows)) return "";
   if (rows.Count() < RowStore::MaxRows) return "nothing to list in: " + typed;
   return "the list ends at row " + std::to_string(rows.Count()) + ", left out: the rest of " + typed;
 }
@@ -84,7 +87,7 @@ bool AddPaths(Document& document, CommandContext& context, const Arguments& path
 
 int ListCommand(CommandContext& context) {
   const bool json = TakeOption(context.arguments, "--json");
-  const std::string unknown = UnknownOption(context.arguments);
+  const std::string unknown = UnknownOption(context);
   if (!unknown.empty()) return Complain(context.err, "list: unknown option " + unknown, kWrongUse);
   if (context.arguments.empty()) return Complain(context.err, "list: a path is wanted", kWrongUse);
 
