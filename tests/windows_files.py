@@ -171,6 +171,40 @@ class Lists(Files):
             self.assertNotEqual(self.both(*arguments), "")
 
 
+class CommandLine(Files):
+    """What people type at a prompt of Windows."""
+
+    def typed(self, line):
+        self.write("typed.bat", f'@"{"z:" + str(WINDOWS / "qublet.exe").replace("/", chr(92))}" {line}\r\n'.encode())
+        done = subprocess.run(["wine", "cmd", "/c", "typed.bat"], cwd=self.folder, capture_output=True, timeout=120)
+        return done.returncode, done.stdout.decode(), done.stderr.decode()
+
+    def test_patterns_stand_for_the_files_that_fit(self):
+        code, out, complaint = self.typed("list *.mp3 sub\\*.mp3")
+        self.assertEqual((code, complaint), (0, ""))
+        self.assertEqual(out.count(".mp3\t"), len(NAMES) - 1)
+        self.assertNotIn("x.wav", out)
+
+    def test_a_backslash_before_the_last_quote_is_that_of_the_folder(self):
+        code, out, complaint = self.typed(f'list "{self.drive_form("sub")}\\" plain.mp3')
+        self.assertEqual((code, complaint), (0, ""))
+        self.assertEqual(sorted(line.split("\t")[0] for line in out.splitlines()[1:]),
+                         ["plain.mp3", "two words & more.mp3", "x.wav"])
+
+    def test_no_playlist_is_made_under_the_name_of_a_device(self):
+        for name in ("con.m3u", "NUL.m3u8", "com1.m3u"):
+            self.assertEqual(run("windows", ["save", name, "."], self.folder)[0], 1, name)
+        self.assertEqual(sorted(place.name for place in self.folder.iterdir()),
+                         sorted({name.split("/")[0] for name in NAMES}))
+
+    def test_relative_lines_mind_no_letter_case_of_the_command_line(self):
+        for folder in (self.drive_form().upper(), self.drive_form().lower()):
+            typed = ["save", "--relative", "--replace", folder + "\\all.m3u", folder + "\\sub"]
+            self.assertEqual(run("windows", typed, self.folder), (0, "", ""))
+            self.assertEqual(sorted((self.folder / "all.m3u").read_bytes().split(b"\r\n")),
+                             [b"", b"sub\\deeper\\x.wav", b"sub\\two words & more.mp3"])
+
+
 class Tags(Files):
     def test_a_changed_tag_is_the_same_bytes(self):
         contents = []

@@ -86,7 +86,8 @@ class WholeProgram(unittest.TestCase):
         place = pathlib.Path(holder.name)
         zipfile.ZipFile(ZIP).extractall(place / "program")
         cls.programs = next((place / "program").iterdir())
-        cls.music = pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c" / "Music"
+        # A blank: without quotes around it a path opens nothing.
+        cls.music = pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c" / "My Music"
         cls.addClassCleanup(shutil.rmtree, cls.music)
         cls.place = place
         for number, (album, songs) in enumerate(ALBUMS.items(), 1):
@@ -110,7 +111,7 @@ class WholeProgram(unittest.TestCase):
         return (self.place / "expected.m3u").read_bytes()
 
     def test_1_lists_a_folder_and_leaves_it_as_the_last_list(self):
-        program = Program(self.programs, r"c:\Music")
+        program = Program(self.programs, r"c:\My Music")
         time.sleep(3)
         run("xdotool", "windowsize", str(int(program.window, 16)), "1180", "420")
         run("xdotool", "windowmove", str(int(program.window, 16)), "40", "60")
@@ -139,7 +140,7 @@ class WholeProgram(unittest.TestCase):
 
     def test_4_saves_by_the_dialog_of_the_system(self):
         target = self.place / "saved.m3u"
-        program = Program(self.programs, r"c:\Music")
+        program = Program(self.programs, r"c:\My Music")
         program.press("ctrl+s")
         dialog = wait_for("the dialog", program.other_window)
         run("wmctrl", "-ia", dialog)
@@ -156,7 +157,7 @@ class WholeProgram(unittest.TestCase):
         player = f'"{native(WINDOWS / "player_stand_in.exe")}" "{native(log)}" "%1"'
         run("wine", "reg", "add", r"HKCR\.m3u", "/ve", "/d", "StandIn.Playlist", "/f")
         run("wine", "reg", "add", r"HKCR\StandIn.Playlist\shell\open\command", "/ve", "/d", player, "/f")
-        program = Program(self.programs, r"c:\Music")
+        program = Program(self.programs, r"c:\My Music")
         program.press("ctrl+p")
         wait_for("the player", lambda: log.exists() and "given" in log.read_text())
         self.assertEqual((self.programs / "tmp.m3u").read_bytes(), self.expected())

@@ -9,6 +9,9 @@
 #include "app/program.h"
 #include "engine/command_line.h"
 #include "engine/system.h"
+#include "platform/program.h"
+#include "platform/qt/key_names.h"
+#include "platform/qt/last_input.h"
 #include "platform/qt/pictures.h"
 #include "platform/qt/qt_dialogs.h"
 #include "playlist/paths/folder_walk.h"
@@ -69,6 +72,15 @@ std::vector<std::string> ToStrings(const QStringList& texts) {
   return strings;
 }
 
+// A word that begins with "-" and names a file that is there is that file, unless it is an option of ours.
+QStringList WithFilesTold(QStringList words) {
+  static const QStringList kOptions{QStringLiteral("-h"), QStringLiteral("--help"), QStringLiteral("--screenshot")};
+  for (QString& word : words) {
+    if (word.startsWith(u'-') && !kOptions.contains(word) && QFileInfo::exists(word)) word.prepend(u"./"_qs);
+  }
+  return words;
+}
+
 int Run(QApplication& application) {
   QCommandLineParser parser;
   parser.addPositionalArgument(QStringLiteral("paths"), QStringLiteral("Files, folders and playlists to list."));
@@ -77,16 +89,18 @@ int Run(QApplication& application) {
                                       QStringLiteral("FILE"));
   parser.addOption(screenshot);
   parser.addHelpOption();
-  parser.process(application);
+  parser.process(WithFilesTold(QCoreApplication::arguments()));
 
   // A playlist changes the current folder when it is read.
   const QString picture = QFileInfo(parser.value(screenshot)).absoluteFilePath();
 
+  LastInput last_input;
   const bool pictured = parser.isSet(screenshot);
-  const System system(pictured ? System::Traces::kLeavesNothing : System::Traces::kThisUsers);
-  const std::string command_line = CommandLineText(*system.files, ToStrings(parser.positionalArguments()));
-  if (pictured) return TakeScreenshot(system, picture, command_line);
-  return Start(system, application, command_line);
+  const System system(pictured ? System::Traces::kLeavesNothing : System::Traces::kThisUsers,
+                      [&last_input] { return last_input.StartupId(); });
+  const std::string words = CommandLineText(*system.files, ToStrings(parser.positionalArguments()));
+  if (pictured) return TakeScreenshot(system, picture, words);
+  return Start(system, application, TypedCommandLine().value_or(words));
 }
 
 }  // namespace
@@ -97,6 +111,8 @@ int main(int argc, char** argv) {
   application.setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(qublet::Picture(QStringLiteral("program")));
   QGuiApplication::setDesktopFileName(QStringLiteral("QUBLET20"));
+  qublet::WindowsKeyNames key_names;
+  if (QGuiApplication::platformName() == u"windows") QCoreApplication::installTranslator(&key_names);
   std::setlocale(LC_ALL, "");
   return qublet::Run(application);
 }

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <ostream>
 
-#include "platform/drive_form.h"
-#include "playlist/paths/text.h"
 
 namespace qublet {
 
@@ -16,22 +14,19 @@ bool TakeOption(Arguments& arguments, const std::string& option) {
   return true;
 }
 
-std::string UnknownOption(Arguments& arguments) {
+std::string UnknownOption(CommandContext& context) {
+  Arguments& arguments = context.arguments;
   const auto end = std::find(arguments.begin(), arguments.end(), "--");
-  const auto place =
-      std::find_if(arguments.begin(), end, [](const std::string& text) { return text.size() > 1 && text[0] == '-'; });
+  const auto place = std::find_if(arguments.begin(), end, [&](const std::string& text) {
+    return text.size() > 1 && text[0] == '-' && !context.files.Attributes(text);
+  });
   if (place != end) return *place;
   if (end != arguments.end()) arguments.erase(end);
   return "";
 }
 
-std::string PathFromArgument(const FileSystem& files, const std::string& argument) {
-  const bool drive_form = HasDrive(argument) && (argument.size() == 2 || argument[2] == '\\');
-  return drive_form ? ReplaceAll(argument, "/", "\\") : files.FromNative(argument);
-}
-
 bool OnlyPaths(CommandContext& context, const std::string& command) {
-  const std::string unknown = UnknownOption(context.arguments);
+  const std::string unknown = UnknownOption(context);
   if (unknown.empty() && !context.arguments.empty()) return true;
   Complain(context.err, command + (unknown.empty() ? ": a path is wanted" : ": unknown option " + unknown),
            kWrongUse);

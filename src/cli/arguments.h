@@ -27,12 +27,9 @@ struct CommandContext {
 
 // Takes the option out of the arguments; True when it was there. What follows "--" is no option.
 bool TakeOption(Arguments& arguments, const std::string& option);
-// The first argument that looks like an option and wasn't taken, "" when there is none. Drops a "--" on the way.
-std::string UnknownOption(Arguments& arguments);
-
-// A path as people type it, native or in drive form ("c:\music"), in drive form. Throws Failure when no drive leads
-// there.
-std::string PathFromArgument(const FileSystem& files, const std::string& argument);
+// The first argument that looks like an option, wasn't taken and names no file that is there; "" when there is none.
+// Drops a "--" on the way.
+std::string UnknownOption(CommandContext& context);
 
 // True when there is at least one path and no unknown option; wrong use is told.
 bool OnlyPaths(CommandContext& context, const std::string& command);

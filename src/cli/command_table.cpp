@@ -38,7 +38,7 @@ constexpr std::array kCliCommands{
                NameCommand},
     CliCommand{"tag", "tag [--json | --title] [--set FIELD=TEXT]... [--remove v1|v2]... FILE...",
                "print or change the tags of files", TagCommand},
-    CliCommand{"settings", "settings [list | get SECTION KEY | set SECTION KEY VALUE]",
+    CliCommand{"settings", "settings [list [--json] | get SECTION KEY | set SECTION KEY VALUE]",
                "print or change the stored settings", SettingsCommand},
 };
 

@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "cli/json_text.h"
+#include "platform/program.h"
 #include "playlist/paths/file_details.h"
 
 namespace qublet {
@@ -46,9 +47,11 @@ std::string AddPath(Engine& engine, const std::string& path, const std::string& 
   const RowStore& rows = document.ListView1;
   const int before = rows.Count();
   DestroyFileArray(document);
-  const bool added = engine.items.AddStuff(path, false);
-  const bool all_of_it = document.FileArray.size() <= static_cast<std::size_t>(rows.Count() - before);
-  if (added && all_of_it) return "";
+  engine.items.AddStuff(path, false);
+  // A file that holds no sound is a row too.
+  const int added = rows.Count() - before;
+  const bool all_of_it = document.FileArray.size() <= static_cast<std::size_t>(added);
+  if (added > 0 && (all_of_it || rows.Count() < RowStore::MaxRows)) return "";
   if (rows.Count() < RowStore::MaxRows) return "nothing to list in: " + typed;
   return "the list ends at row " + std::to_string(rows.Count()) + ", left out: the rest of " + typed;
 }
@@ -81,7 +84,7 @@ bool AddPaths(CommandContext& context, const Arguments& paths) {
 
 int ListCommand(CommandContext& context) {
   const bool json = TakeOption(context.arguments, "--json");
-  const std::string unknown = UnknownOption(context.arguments);
+  const std::string unknown = UnknownOption(context);
   if (!unknown.empty()) return Complain(context.err, "list: unknown option " + unknown, kWrongUse);
   if (context.arguments.empty()) return Complain(context.err, "list: a path is wanted", kWrongUse);
 

@@ -3,6 +3,7 @@
 #include <ostream>
 
 #include "cli/list_command.h"
+#include "platform/program.h"
 #include "playlist/m3u_lines.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"

@@ -1,6 +1,7 @@
 #include "cli/save_command.h"
 
 #include "cli/list_command.h"
+#include "platform/program.h"
 #include "playlist/m3u_lines.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
@@ -11,7 +12,7 @@ int SaveCommand(CommandContext& context) {
   Arguments& arguments = context.arguments;
   const bool relative = TakeOption(arguments, "--relative");
   const bool replace = TakeOption(arguments, "--replace");
-  const std::string unknown = UnknownOption(arguments);
+  const std::string unknown = UnknownOption(context);
   if (!unknown.empty()) return Complain(context.err, "save: unknown option " + unknown, kWrongUse);
   if (arguments.size() < 2) return Complain(context.err, "save: a playlist and a path are wanted", kWrongUse);
   if (!IsPlaylistExtension(LowerCase(GetExtension(GetFileName(arguments[0]))))) {

@@ -8,6 +8,7 @@
 #include "media/tag_change.h"
 #include "media/track_titles.h"
 #include "media/vorbis_comments.h"
+#include "platform/program.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
 
@@ -33,7 +34,8 @@ std::optional<std::string> TakeValue(Arguments& arguments, const std::string& op
 }
 
 // Throws Failure with a text for the user.
-TagOptions TakeOptions(Arguments& arguments) {
+TagOptions TakeOptions(CommandContext& context) {
+  Arguments& arguments = context.arguments;
   TagOptions options;
   while (const auto setting = TakeValue(arguments, "--set")) {
     const std::size_t equals = setting->find('=');
@@ -49,7 +51,7 @@ TagOptions TakeOptions(Arguments& arguments) {
   }
   options.json = TakeOption(arguments, "--json");
   options.title = TakeOption(arguments, "--title");
-  const std::string unknown = UnknownOption(arguments);
+  const std::string unknown = UnknownOption(context);
   if (!unknown.empty()) throw Failure("unknown option " + unknown);
   if (arguments.empty()) throw Failure("a file is wanted");
   return options;
@@ -81,7 +83,7 @@ void Show(CommandContext& context, const std::string& path, const TagOptions& op
 int TagCommand(CommandContext& context) {
   TagOptions options;
   try {
-    options = TakeOptions(context.arguments);
+    options = TakeOptions(context);
   } catch (const Failure& failure) {
     return Complain(context.err, std::string("tag: ") + failure.what(), kWrongUse);
   }
@@ -97,7 +99,7 @@ int TagCommand(CommandContext& context) {
         ChangeTags(context.files, path, options.change);
       }
     } catch (const Failure& failure) {
-      code = Complain(context.err, argument + ": " + failure.what(), kCouldNot);
+      code = Complain(context.err, argument + ": " + std::string(failure.Reason()), kCouldNot);
     }
   }
   return code;

@@ -1,16 +1,22 @@
 #include "engine/command_line.h"
 
+#include "platform/program.h"
 #include "playlist/paths/text.h"
 
 namespace qublet {
+namespace {
 
-std::string CommandLineText(const FileSystem& files, const std::vector<std::string>& native_paths) {
+// Stands for a double quote in a name between double quotes: no path in drive form holds a control character.
+constexpr const char* kQuoteInName = "\x01";
+
+}  // namespace
+
+std::string CommandLineText(const FileSystem& files, const std::vector<std::string>& arguments) {
   std::string text;
-  for (const std::string& path : native_paths) {
-    ResumeNext([&] {
-      const std::string quoted = "\"" + files.FromNative(path) + "\"";
-      text += text.empty() ? quoted : " " + quoted;
-    });
+  for (const std::string& argument : arguments) {
+    std::string path;
+    ResumeNext([&] { path = PathFromArgument(files, argument); });
+    text += (text.empty() ? "\"" : " \"") + ReplaceAll(path, "\"", kQuoteInName) + "\"";
   }
   return text;
 }
@@ -18,7 +24,8 @@ std::string CommandLineText(const FileSystem& files, const std::vector<std::stri
 bool OpenCommandLineQuoted(Items& items, const std::string& text) {
   const std::vector<std::string> pieces = Split(text, '"');
   // Every second piece stands between a pair of quotes; behind a lone last quote there is no pair.
-  for (std::size_t i = 1; i + 1 < pieces.size(); i += 2) items.AddStuff(pieces[i], false);
+  for (std::size_t i = 1; i + 1 < pieces.size(); i += 2)
+    items.AddStuff(ReplaceAll(pieces[i], kQuoteInName, "\""), false);
   return true;
 }
 

@@ -8,9 +8,10 @@
 
 namespace qublet {
 
-// The paths that the program was started with, as one text: each in drive form, absolute against the folder of the
-// start, in double quotes, with a blank between. A path without a drive form is left out.
-std::string CommandLineText(const FileSystem& files, const std::vector<std::string>& native_paths);
+// The paths that the program was started with, native or in drive form, as one text: each in drive form, absolute
+// against the folder of the start, in double quotes, with a blank between. What is no path ("", or where no drive
+// leads) is empty quotes: it was given, but opens nothing.
+std::string CommandLineText(const FileSystem& files, const std::vector<std::string>& arguments);
 
 // The two readers of that text. Both give each piece to AddStuff at the end of the list and answer True.
 

@@ -27,7 +27,7 @@ class Session {
   struct Places {
     std::string AppKey;
     std::string program_folder;  // drive form, no trailing "\"; "" when there is none
-    std::string program;         // drive form of QUBLET20 itself; "" for one of that name in the program folder
+    std::string program = {};    // drive form of QUBLET20 itself; "" for one of that name in the program folder
   };
 
   Session(Document& document, AppSettings& settings, Items& items, const Services& services, MainView& view,

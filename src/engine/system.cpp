@@ -1,5 +1,7 @@
 #include "engine/system.h"
 
+#include <utility>
+
 #include "platform/failure.h"
 #include "platform/memory_settings_store.h"
 #include "platform/no_startup_entries.h"
@@ -21,12 +23,12 @@ std::unique_ptr<StartupEntries> StartupEntriesFor(System::Traces traces, const F
 
 }  // namespace
 
-System::System(Traces traces)
+System::System(Traces traces, StartupIds startup_ids)
     : files(OpenFileSystem()),
       store_(StoreFor(traces)),
       startup_(StartupEntriesFor(traces, *files)),
       clock_(std::make_unique<SystemClock>()),
-      shell_(OpenShell(*files)),
+      shell_(OpenShell(*files, std::move(startup_ids))),
       random_(std::make_unique<SystemRandom>()),
       collation_(OpenCollation()),
       associations_(OpenAssociations(*files)),
@@ -40,7 +42,7 @@ Services System::With(Dialogs& dialogs, Feedback& feedback) const {
 Session::Places System::FindPlaces() const {
   Session::Places places{AppKey(), "", ""};
   ResumeNext([&] { places.program_folder = ProgramFolder(*files); });
-  ResumeNext([&] { places.program = ExecutablePath(*files); });
+  ResumeNext([&] { places.program = WindowProgram(*files); });
   return places;
 }
 

@@ -14,7 +14,8 @@ class System {
  public:
   enum class Traces { kThisUsers, kLeavesNothing };
 
-  explicit System(Traces traces = Traces::kThisUsers);
+  // `startup_ids`: see OpenShell.
+  explicit System(Traces traces = Traces::kThisUsers, StartupIds startup_ids = {});
 
   Services With(Dialogs& dialogs, Feedback& feedback) const;
   // Under which name this version's settings stand, and the folder for the program's own files.

@@ -23,9 +23,11 @@ class Dialogs {
   // A standard message box titled `AppTitle`. Closing it counts as Cancel (or No, or OK, where that is missing).
   virtual MessageAnswer ShowMessage(const std::string& text, MessageIcon icon, MessageButtons buttons) = 0;
   virtual std::optional<std::string> ShowOpen(const FileRequest& request) = 0;
-  // Never asks about replacing a file: the rules do.
+  // A name that ends in none of the filter's extensions gets that of the chosen pattern. Never asks about replacing a
+  // file: the rules do.
   virtual std::optional<std::string> ShowSave(const FileRequest& request) = 0;
-  // A browser for a folder, or for a file too when `files_too`.
+  // A browser for a folder, or for a file too when `files_too`. It begins at `start_folder`, which may be a file;
+  // where that is nothing, at the user's music.
   virtual std::optional<std::string> BrowseForFolder(const std::string& title, const std::string& start_folder,
                                                      bool files_too) = 0;
 };

@@ -1,5 +1,9 @@
 #include "platform/program.h"
 
+#include <algorithm>
+
+#include "platform/drive_form.h"
+
 namespace qublet {
 namespace {
 
@@ -12,6 +16,13 @@ bool FilesCanBeMadeIn(const FileSystem& files, const std::string& folder) {
 }
 
 }  // namespace
+
+std::string PathFromArgument(const FileSystem& files, const std::string& argument) {
+  const bool drive_form = HasDrive(argument) && (argument.size() == 2 || argument[2] == '\\');
+  std::string path = drive_form ? argument : files.FromNative(argument);
+  if (drive_form) std::replace(path.begin(), path.end(), '/', '\\');
+  return WithCaseOfDisk(files, path);
+}
 
 std::string ProgramFolder(const FileSystem& files) {
   std::string beside;

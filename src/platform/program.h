@@ -1,5 +1,7 @@
 #pragma once
 
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,9 +13,19 @@ namespace qublet {
 int GetPlatformId();
 
 // What this process was given, in UTF-8, without the name of the program; `count` and `arguments` as main() has them.
+// On Windows no shell has done it before, so patterns stand for the files that fit (see windows/command_words.h).
 std::vector<std::string> CommandLineArguments(int count, char** arguments);
 
-// For as long as it lives what is printed is shown as UTF-8, and a line end is one byte, whatever is usual here.
+// A path in drive form with each name as the disk has it, where letter case makes no difference there; else as it is.
+std::string WithCaseOfDisk(const FileSystem& files, const std::string& path);
+
+// A path as people type it, native or in drive form ("c:\music"), in drive form. Throws Failure when no drive leads
+// there. On Windows each name has the letter case of the disk.
+std::string PathFromArgument(const FileSystem& files, const std::string& argument);
+
+// For as long as it lives, UTF-8 that is printed to std::cout and std::cerr is shown as the text it is where a person
+// reads it, and goes into pipes and files byte for byte, line ends too, whatever is usual here. Nothing of the
+// console is changed that would outlive this process.
 class Utf8Console {
  public:
   Utf8Console();
@@ -22,11 +34,20 @@ class Utf8Console {
   Utf8Console& operator=(const Utf8Console&) = delete;
 
  private:
-  unsigned page_before_ = 0;  // 0 for none
+  struct Redirected;
+  std::vector<std::unique_ptr<Redirected>> redirected_;
 };
+
+// The command line behind the program's name as it was typed, where the system hands it on like that; nothing where
+// it comes in words.
+std::optional<std::string> TypedCommandLine();
 
 // Path of the running executable in drive form. Throws Failure.
 std::string ExecutablePath(const FileSystem& files);
+
+// Path of QUBLET20 as other programs may start it, in drive form: the running executable, on Windows the one of that
+// name beside it. Throws Failure.
+std::string WindowProgram(const FileSystem& files);
 
 // The folder for the program's own files ("last.m3u", "tmp.m3u"), in drive form without a trailing "\": the
 // executable's folder if files can be made there, else a folder of this user, made when missing. Throws Failure.

@@ -1,11 +1,18 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QCompleter>
+#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
+#include <map>
 
 #include "platform/qt/BrowseForm.h"
 #include "platform/qt/qt_dialogs.h"
@@ -89,6 +96,42 @@ TEST_F(DialogsTest, GiveABareNameTheDefaultExtension) {
             std::optional<std::string>("c:\\bare.m3u"));
 }
 
+// The name as it is saved that someone types and ends with Enter, `type` being chosen in the list below.
+class SaveNamesTest : public DialogsTest {
+ protected:
+  std::string Saved(const QString& typed, const QString& type = "M3U Playlist Files (*.m3u)") {
+    WhenOpen<QFileDialog>([&](QFileDialog& dialog) {
+      auto* types = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+      types->setCurrentText(type);
+      emit types->textActivated(type);
+      auto* name = dialog.findChild<QLineEdit*>();
+      name->clear();
+      QTest::keyClicks(name, typed);
+      QTest::keyClick(name, Qt::Key_Return);
+    });
+    return dialogs
+        .ShowSave({"c:\\list.m3u", "M3U Playlist Files (*.m3u)|*.m3u|M3U8 Playlist Files (*.m3u8)|*.m3u8|", "m3u"})
+        .value_or("nothing");
+  }
+};
+
+TEST_F(SaveNamesTest, GetTheChosenExtensionWhenADotMerelyStandsInThem) {
+  EXPECT_EQ(Saved("Vol. 1"), "c:\\Vol. 1.m3u");
+  EXPECT_EQ(Saved("Dr. Dre"), "c:\\Dr. Dre.m3u");
+  EXPECT_EQ(Saved("Vol. 1", "M3U8 Playlist Files (*.m3u8)"), "c:\\Vol. 1.m3u8");
+  EXPECT_EQ(Saved("bare", "M3U8 Playlist Files (*.m3u8)"), "c:\\bare.m3u8");
+}
+
+TEST_F(SaveNamesTest, NeverLeadIntoAFileOfAnotherKind) {
+  drives.Write("song.mp3", "sound");
+  EXPECT_EQ(Saved("song.mp3"), "c:\\song.mp3.m3u");
+}
+
+TEST_F(SaveNamesTest, KeepAnExtensionThatIsOnOffer) {
+  EXPECT_EQ(Saved("a.b.m3u"), "c:\\a.b.m3u");
+  EXPECT_EQ(Saved("a.M3U8"), "c:\\a.M3U8");
+}
+
 TEST_F(DialogsTest, OpenInAFolderThatIsNamedWithAPattern) {
   drives.Write("lists/x.m3u", "");
   QString folder;
@@ -112,6 +155,120 @@ TEST_F(DialogsTest, BrowseForAFileOrAFolder) {
   EXPECT_EQ(dialogs.BrowseForFolder("Select Folder...", "c:\\music", true), std::optional<std::string>("c:\\music"));
   WhenOpen<BrowseForm>([](BrowseForm& form) { form.reject(); });
   EXPECT_EQ(dialogs.BrowseForFolder("Select Folder...", "", true), std::nullopt);
+}
+
+class FolderBrowserTest : public DialogsTest {
+ protected:
+  FolderBrowserTest() {
+    setenv("HOME", (drives.Root() / "home").c_str(), 1);
+    std::filesystem::create_directories(drives.Root() / "home");
+  }
+  ~FolderBrowserTest() override { before.empty() ? unsetenv("HOME") : setenv("HOME", before.c_str(), 1); }
+
+  // The path that the browser begins at.
+  std::string StartFor(const std::string& start_folder) {
+    QString shown;
+    WhenOpen<BrowseForm>([&](BrowseForm& form) {
+      shown = form.Chosen();
+      form.reject();
+    });
+    dialogs.BrowseForFolder("Select Folder...", start_folder, true);
+    return shown.toStdString();
+  }
+  std::string Home(const std::string& name = "") const { return (drives.Root() / "home" / name).string(); }
+
+  std::string before = qEnvironmentVariable("HOME").toStdString();
+};
+
+TEST_F(FolderBrowserTest, BeginsInTheMusicFolderElseAtHome) {
+  EXPECT_EQ(StartFor(""), (drives.Root() / "home").string());
+  std::filesystem::create_directories(Home("Music"));
+  EXPECT_EQ(StartFor(""), Home("Music"));
+  EXPECT_EQ(StartFor("c:\\gone"), Home("Music"));
+  drives.Write("m/a.mp3", "abc");
+  EXPECT_EQ(StartFor("c:\\m\\a.mp3"), (drives.C() / "m/a.mp3").string());
+}
+
+TEST_F(FolderBrowserTest, OffersHomeMusicAndTheDrives) {
+  std::filesystem::create_directories(Home("Music"));
+  std::map<std::string, std::string> places;
+  std::string chosen;
+  bool pictures = true;
+  WhenOpen<BrowseForm>([&](BrowseForm& form) {
+    auto* list = form.findChild<QListWidget*>("FolderPlaces");
+    for (int i = 0; i < list->count(); ++i) {
+      places[list->item(i)->text().toStdString()] = list->item(i)->data(Qt::UserRole).toString().toStdString();
+      pictures = pictures && !list->item(i)->icon().isNull();
+    }
+    const QRect music = list->visualItemRect(list->findItems("Music", Qt::MatchExactly).at(0));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, music.center());
+    chosen = form.Chosen().toStdString();
+    form.reject();
+  });
+  dialogs.BrowseForFolder("Select Folder...", "", true);
+  EXPECT_EQ(places["Home"], (drives.Root() / "home").string());
+  EXPECT_EQ(places["Music"], Home("Music"));
+  EXPECT_EQ(places["c:"], drives.C().string() + "/");
+  EXPECT_EQ(places["d:"], drives.D().string() + "/");
+  EXPECT_TRUE(places.contains("z:"));
+  EXPECT_TRUE(pictures);
+  EXPECT_EQ(chosen, Home("Music"));
+}
+
+TEST_F(FolderBrowserTest, ShowsWhereItBeginsOnceTheFoldersAreRead) {
+  for (int i = 0; i < 300; ++i)
+    std::filesystem::create_directories(drives.C() / ("m/folder " + std::to_string(1000 + i)));
+  bool in_view = false, has_picture = false;
+  WhenOpen<BrowseForm>([&](BrowseForm& form) {
+    auto* tree = form.findChild<QTreeView*>("FolderTree");
+    in_view = QTest::qWaitFor([&] {
+      const QModelIndex index = tree->currentIndex();
+      return index.row() == 250 && tree->viewport()->rect().contains(tree->visualRect(index).center());
+    });
+    QTest::qWait(200);
+    in_view = in_view && tree->viewport()->rect().contains(tree->visualRect(tree->currentIndex()).center());
+    has_picture = !tree->currentIndex().data(Qt::DecorationRole).value<QIcon>().isNull();
+    form.reject();
+  });
+  dialogs.BrowseForFolder("Select Folder...", "c:\\m\\folder 1250", true);
+  EXPECT_TRUE(in_view);
+  EXPECT_TRUE(has_picture);
+}
+
+TEST_F(FolderBrowserTest, CompletesWhatIsTypedAndMovesTheTree) {
+  drives.Write("music/one/a.mp3", "abc");
+  const QString root = QString::fromStdString(drives.C().string());
+  QString completion, current, typed;
+  WhenOpen<BrowseForm>([&](BrowseForm& form) {
+    auto* path = form.findChild<QLineEdit*>("FolderPath");
+    auto* tree = form.findChild<QTreeView*>("FolderTree");
+    path->setFocus();
+    path->clear();
+    QTest::keyClicks(path, root + "/music");
+    current = tree->currentIndex().data().toString();
+    QTest::keyClicks(path, "/o");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return path->completer()->completionCount() == 1; }));
+    completion = path->completer()->currentCompletion();
+    typed = path->text();
+    path->completer()->popup()->hide();
+    form.reject();
+  });
+  dialogs.BrowseForFolder("Select Folder...", "", true);
+  EXPECT_EQ(current, "music");
+  EXPECT_EQ(completion, root + "/music/one");
+  EXPECT_EQ(typed, root + "/music/o") << "what is typed stays";
+}
+
+TEST_F(FolderBrowserTest, TakesAPathInQuotes) {
+  drives.Write("music/a.mp3", "abc");
+  WhenOpen<BrowseForm>([&](BrowseForm& form) {
+    auto* path = form.findChild<QLineEdit*>("FolderPath");
+    path->clear();
+    QTest::keyClicks(path, QStringLiteral("\"%1\"").arg(QString::fromStdString((drives.C() / "music").string())));
+    path->completer()->popup()->hide();
+    QTest::mouseClick(form.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
+  });
+  EXPECT_EQ(dialogs.BrowseForFolder("Select Folder...", "", true), std::optional<std::string>("c:\\music"));
 }
 
 }  // namespace

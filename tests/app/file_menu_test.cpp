@@ -1,5 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QTimer>
+
+#include "platform/qt/qt_dialogs.h"
 #include "support/main_window.h"
 
 namespace qublet {
@@ -111,6 +116,23 @@ TEST_F(FileMenu, SaysWhenTheItemsHaveNoCommonRoot) {
   ASSERT_EQ(window.dialogs.save_requests.size(), 1U);
   EXPECT_EQ(window.dialogs.save_requests[0].file_name, "c:\\playlist.m3u");
   EXPECT_EQ(window.dialogs.save_requests[0].default_extension, "m3u");
+}
+
+TEST_F(FileMenu, AsksAboutTheFileThatAnIncompleteNameStandsFor) {
+  window.drives.Write("Vol. 1.m3u", "old");
+  window.Add("c:\\m");
+  QtDialogs real(window.main, *window.files, QString(), {});
+  window.dialogs.real_save = &real;
+  QTimer::singleShot(50, window.main, [] {
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    auto* name = dialog->findChild<QLineEdit*>();
+    name->clear();
+    QTest::keyClicks(name, "Vol. 1");
+    QTest::keyClick(name, Qt::Key_Return);
+  });
+  window.Run("MFileSaveAs");
+  EXPECT_EQ(window.dialogs.messages, std::vector{Replace("c:\\Vol. 1.m3u")});
+  EXPECT_EQ(window.drives.Read("Vol. 1.m3u"), "old");
 }
 
 TEST_F(FileMenu, SaysWhenTheFileCannotBeWritten) {

@@ -2,6 +2,7 @@
 
 #include <QMenuBar>
 
+#include "platform/qt/key_names.h"
 #include "support/main_window.h"
 
 namespace qublet {
@@ -28,6 +29,16 @@ class MenuTest : public testing::Test {
 
   MainWindow window;
 };
+
+TEST_F(MenuTest, CallsEnterAsItIsCalledOnWindows) {
+  WindowsKeyNames names;
+  QCoreApplication::installTranslator(&names);
+  const QString shown = window.Action("MEditFileInfo")->shortcut().toString(QKeySequence::NativeText);
+  const QString other = window.Action("MEditSelAll")->shortcut().toString(QKeySequence::NativeText);
+  QCoreApplication::removeTranslator(&names);
+  EXPECT_EQ(shown.toStdString(), "Alt+Enter");
+  EXPECT_EQ(other.toStdString(), "Ctrl+A");
+}
 
 TEST_F(MenuTest, HasFiveMenusInTheBar) {
   std::string captions;

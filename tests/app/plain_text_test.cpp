@@ -280,7 +280,7 @@ TEST(BrowseFormTest, ShowsNamesAsPlainText) {
       "top/gpj.\xE2\x80\xAE"
       "3pm.mp3",
       "abc");
-  BrowseForm form(QStringLiteral("Select"), {QStringLiteral("*.mp3")}, nullptr);
+  BrowseForm form(QStringLiteral("Select"), {QStringLiteral("*.mp3")}, {}, nullptr);
   const QString file = QString::fromStdString((drives.C() / "top/gpj.\xE2\x80\xAE"
                                                             "3pm.mp3")
                                                   .string());

@@ -6,6 +6,7 @@ Usage: session_on_a_display.py FOLDER_OF_PROGRAMS
 """
 import os
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
@@ -66,6 +67,11 @@ class Program:
             geometry = now
         sys.exit("the window doesn't come to rest")
 
+    def press(self, key):
+        run("wmctrl", "-ia", self.window)
+        wait_for("its turn", lambda: run("xdotool", "getactivewindow") == self.window)
+        run("xdotool", "key", key)
+
     def close(self):
         run("wmctrl", "-ic", self.window)
         wait_for("the end of the program", lambda: self.process.poll() is not None)
@@ -78,6 +84,53 @@ def expect(what, found, wanted):
     print(f"{what}: {found!r}")
 
 
+def last_list():
+    """What the program left, as names, and the file itself: a list that is stored again is another file."""
+    file = PROGRAMS / "last.m3u"
+    return [line.rsplit("\\", 1)[-1] for line in file.read_text().splitlines()], file.stat().st_ino
+
+
+def open_what_the_command_line_says(music):
+    for name in ('q"uote.mp3', "-dash.mp3", "b c.mp3"):
+        (music / name).write_bytes(b"abc")
+    os.chdir(music)
+    Program("b c.mp3", 'q"uote.mp3', "-dash.mp3", "z:" + str(music / "a.mp3").replace("/", "\\")).close()
+    expect("files of the command line", last_list()[0], ["b c.mp3", 'q"uote.mp3', "-dash.mp3", "a.mp3"])
+    left = last_list()
+    Program("").close()
+    expect("last list after an empty argument", last_list(), left)
+    expect("the program in the settings", setting("get", "Startup", "insl"),
+           "z:" + str(PROGRAMS / "QUBLET20").replace("/", "\\"))
+
+
+def hand_an_id_to_the_player(home, music):
+    script = pathlib.Path(home, "player")
+    script.write_text(f'#!/bin/sh\necho "$DESKTOP_STARTUP_ID" >{home}/started.tmp\nmv {home}/started.tmp {home}/started\n')
+    script.chmod(0o700)
+    entry = pathlib.Path(home, "data/applications/player.desktop")
+    entry.parent.mkdir(parents=True, exist_ok=True)
+    entry.write_text(f"[Desktop Entry]\nType=Application\nName=Player\nExec={script} %U\nMimeType=audio/x-mpegurl;\n")
+    pathlib.Path(home, "config/mimeapps.list").write_text("[Default Applications]\naudio/x-mpegurl=player.desktop\n")
+    program = Program(music)
+    program.press("ctrl+p")
+    started = wait_for("the player", lambda: pathlib.Path(home, "started").exists() and pathlib.Path(home, "started").read_text())
+    expect("an id of the key's time", bool(re.fullmatch(r"QUBLET20-\d+-.*_TIME[1-9]\d*\n", started)), True)
+    program.close()
+
+
+def save_under_a_name_with_a_dot(music):
+    os.chdir(music)
+    program = Program(music / "a.mp3")
+    program.press("ctrl+s")
+    time.sleep(2)
+    run("xdotool", "key", "ctrl+a")
+    run("xdotool", "type", "--delay", "20", str(music / "Vol. 1"))
+    run("xdotool", "key", "Return")
+    wait_for("the playlist", (music / "Vol. 1.m3u").exists)
+    expect("no other file", (music / "Vol. 1").exists(), False)
+    program.close()
+
+
 def main():
     with tempfile.TemporaryDirectory() as home:
         for name, below in (("HOME", ""), ("XDG_CONFIG_HOME", "config"), ("XDG_DATA_HOME", "data")):
@@ -85,6 +138,9 @@ def main():
         music = pathlib.Path(home, "music")
         music.mkdir()
         (music / "a.mp3").write_bytes(b"abc")
+        open_what_the_command_line_says(music)
+        hand_an_id_to_the_player(home, music)
+        save_under_a_name_with_a_dot(music)
 
         Program(music).close()
         setting("set", "TableB", "TX4", "False")

@@ -91,6 +91,21 @@ TEST_F(ListRows, PrintsATableBelowTheTextsOfTheColumns) {
   EXPECT_EQ(Err(), "");
 }
 
+TEST_F(ListRows, SaysNothingBesideTheRowOfAFileWithoutSound) {
+  drives_.Write("empty.mp3", "");
+  EXPECT_EQ(Run({"list", "c:\\empty.mp3"}), 0);
+  EXPECT_EQ(Listed(), Collection{"c:\\empty.mp3"});
+  EXPECT_EQ(Err(), "");
+}
+
+TEST_F(ListRows, TakesAFileWhoseNameBeginsWithADash) {
+  drives_.Write("-dash.mp3", "abc");
+  EXPECT_EQ(Run({"list", "-dash.mp3", "--", "-dash.mp3"}), 0);
+  EXPECT_EQ(Listed(), (Collection{"c:\\-dash.mp3", "c:\\-dash.mp3"}));
+  EXPECT_EQ(Run({"list", "-gone.mp3"}), 2);
+  EXPECT_EQ(Err(), "qublet: list: unknown option -gone.mp3\n");
+}
+
 TEST_F(ListRows, PrintsOneJsonObjectALine) {
   drives_.Write("a \"b\".mp3", "abc");
   drives_.Write("gone.m3u", "c:\\gone.mp3\n");

@@ -34,10 +34,28 @@ TEST_F(CommandLine, IsBuiltOfAbsolutePathsInDriveFormInDoubleQuotes) {
   EXPECT_EQ(CommandLineText(*files, {}), "");
 }
 
-TEST_F(CommandLine, LeavesOutAPathThatNoDriveLeadsTo) {
+TEST_F(CommandLine, TakesPathsInDriveForm) {
+  EXPECT_EQ(CommandLineText(*files, {"C:\\three.mp3", "d:"}), "\"C:\\three.mp3\" \"d:\"");
+}
+
+TEST_F(CommandLine, HoldsWhatWasGivenThoughItIsNoPath) {
+  EXPECT_EQ(CommandLineText(*files, {""}), "\"\"");
+  EXPECT_TRUE(OpenCommandLineQuoted(items, "\"\" \"c:\\three.mp3\""));
+  EXPECT_EQ(Opened(), "c:\\three.mp3|");
+}
+
+#ifndef _WIN32
+TEST_F(CommandLine, LosesNothingToAQuoteInAName) {
+  drives.Write("q\"uote.mp3", "abc");
+  EXPECT_TRUE(OpenCommandLineQuoted(items, CommandLineText(*files, {"three.mp3", "q\"uote.mp3", "one two.mp3"})));
+  EXPECT_EQ(Opened(), "c:\\three.mp3|c:\\q\"uote.mp3|c:\\one two.mp3|");
+}
+#endif
+
+TEST_F(CommandLine, TakesAPathThatNoDriveLeadsToForNone) {
   std::filesystem::create_directory_symlink(drives.D(), drives.Root() / "dosdevices" / "z:");
   const auto without_root = OpenFileSystem();
-  EXPECT_EQ(CommandLineText(*without_root, {"/etc/hostname", "three.mp3"}), "\"c:\\three.mp3\"");
+  EXPECT_EQ(CommandLineText(*without_root, {"/etc/hostname", "three.mp3"}), "\"\" \"c:\\three.mp3\"");
 }
 
 TEST_F(CommandLine, QuotedOpensEachPairInOrder) {

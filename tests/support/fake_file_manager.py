@@ -27,7 +27,7 @@ class FileManager(dbus.service.Object):
     @dbus.service.method(NAME, in_signature="ass")
     def ShowItemProperties(self, addresses, startup_id):
         for address in addresses:
-            self.note(address)
+            self.note(f"{address} {startup_id}".rstrip())
 
 
 DBusGMainLoop(set_as_default=True)

@@ -21,6 +21,7 @@ class ScriptedDialogs : public Dialogs {
 
   std::deque<MessageAnswer> answers;
   std::deque<std::optional<std::string>> open_names, save_names, folders;
+  Dialogs* real_save = nullptr;  // asked instead of the queue when there is one
 
   std::vector<Message> messages;
   std::vector<FileRequest> open_requests, save_requests;
@@ -38,6 +39,7 @@ class ScriptedDialogs : public Dialogs {
 
   std::optional<std::string> ShowSave(const FileRequest& request) override {
     save_requests.push_back(request);
+    if (real_save != nullptr) return real_save->ShowSave(request);
     return Next(save_names, {});
   }
 

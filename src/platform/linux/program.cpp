@@ -15,15 +15,28 @@ std::vector<std::string> CommandLineArguments(int count, char** arguments) {
   return {arguments + 1, arguments + count};
 }
 
+std::optional<std::string> TypedCommandLine() {
+  return std::nullopt;
+}
+
 // It is shown so without our doing.
+struct Utf8Console::Redirected {};
 Utf8Console::Utf8Console() = default;
 Utf8Console::~Utf8Console() = default;
+
+std::string WithCaseOfDisk(const FileSystem& /*files*/, const std::string& path) {
+  return path;
+}
 
 std::string ExecutablePath(const FileSystem& files) {
   std::error_code error;
   const std::filesystem::path place = std::filesystem::read_symlink("/proc/self/exe", error);
   if (error) throw Failure("the executable can't be found", ReasonOf(error));
   return files.FromNative(place.string());
+}
+
+std::string WindowProgram(const FileSystem& files) {
+  return ExecutablePath(files);
 }
 
 std::string OwnFolderOfUser(const FileSystem& files) {

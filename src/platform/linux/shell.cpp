@@ -132,7 +132,8 @@ class DesktopShell : public Shell {
 
   void ShowFileProperties(const std::string& path) override {
     ResumeNext([&] {
-      if (!ShowItemProperties(bus_, files_.ToNative(path))) Explore(path.substr(0, path.rfind('\\') + 1));
+      if (!ShowItemProperties(bus_, files_.ToNative(path), StartupId()))
+        Explore(path.substr(0, path.rfind('\\') + 1));
     });
   }
 
@@ -162,8 +163,10 @@ class DesktopShell : public Shell {
     return command;
   }
 
+  std::string StartupId() const { return startup_ids_ ? startup_ids_() : ""; }
+
   void Start(const std::vector<std::string>& command) {
-    const std::vector<std::string> environment = EnvironmentFor(startup_ids_ ? startup_ids_() : "");
+    const std::vector<std::string> environment = EnvironmentFor(StartupId());
     const pid_t process = StartConditions().Start(command, environment);
     // Nobody looks at how it ends, but the system keeps a process until someone has waited for it.
     if (process != 0) std::thread([process] { waitpid(process, nullptr, 0); }).detach();

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QRegularExpression>
+#include <algorithm>
 
 #include "platform/qt/BrowseForm.h"
 #include "platform/qt/shown_text.h"
@@ -48,8 +49,23 @@ QStringList NameFilters(const std::string& filter) {
   return filters;
 }
 
+// Of the first pattern, without the dot; "*" for any.
 QString ExtensionOf(const QString& name_filter) {
-  return name_filter.section(u"*."_qs, 1).chopped(1);
+  static const QRegularExpression kPattern(QStringLiteral(R"(\*\.([^\s;)]+))"));
+  return kPattern.match(name_filter).captured(1);
+}
+
+bool HasExtension(const QString& name, const QString& extension) {
+  return extension == u'*' || name.endsWith(u'.' + extension, Qt::CaseInsensitive);
+}
+
+// The toolkit, and some systems, take what follows any dot for an extension ("Vol. 1"). Ours are those on offer: a
+// name that ends in none of them gets that of the chosen type.
+QString Completed(const QString& name, const QFileDialog& dialog) {
+  const QStringList filters = dialog.nameFilters();
+  const bool complete = std::any_of(filters.begin(), filters.end(),
+                                    [&](const QString& filter) { return HasExtension(name, ExtensionOf(filter)); });
+  return complete || filters.empty() ? name : name + u'.' + ExtensionOf(dialog.selectedNameFilter());
 }
 
 }  // namespace
@@ -98,7 +114,8 @@ std::optional<std::string> QtDialogs::AskForFile(const FileRequest& request, boo
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   last_folder_ = dialog.directory().absolutePath();
   std::optional<std::string> chosen;
-  ResumeNext([&] { chosen = files_.FromNative(dialog.selectedFiles().constFirst().toStdString()); });
+  const QString name = dialog.selectedFiles().constFirst();
+  ResumeNext([&] { chosen = files_.FromNative((saving ? Completed(name, dialog) : name).toStdString()); });
   return chosen;
 }
 
@@ -112,8 +129,11 @@ std::optional<std::string> QtDialogs::ShowSave(const FileRequest& request) {
 
 std::optional<std::string> QtDialogs::BrowseForFolder(const std::string& title, const std::string& start_folder,
                                                       bool files_too) {
-  BrowseForm browser(QString::fromStdString(title), files_too ? file_patterns_ : QStringList(), owner_);
-  ResumeNext([&] { browser.Preselect(QString::fromStdString(files_.ToNative(start_folder))); });
+  const QStringList patterns = files_too ? file_patterns_ : QStringList();
+  BrowseForm browser(QString::fromStdString(title), patterns, UsualPlaces(files_), owner_);
+  QString start;
+  ResumeNext([&] { start = QString::fromStdString(files_.ToNative(start_folder)); });
+  browser.Preselect(QFileInfo::exists(start) ? start : MusicFolder());
   std::optional<std::string> chosen;
   if (browser.exec() == QDialog::Accepted) {
     ResumeNext([&] { chosen = files_.FromNative(browser.Chosen().toStdString()); });

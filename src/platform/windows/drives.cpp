@@ -61,6 +61,17 @@ bool NamesServer(std::string_view path) {
   return path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1]);
 }
 
+bool IsDeviceName(std::string_view name) {
+  std::string_view stem = name.substr(0, name.find('.'));
+  while (stem.ends_with(' ')) stem.remove_suffix(1);
+  for (const std::string_view device : {"con", "prn", "aux", "nul", "conin$", "conout$"})
+    if (SameButForCase(stem, device)) return true;
+  const bool port = SameButForCase(stem.substr(0, 3), "com") || SameButForCase(stem.substr(0, 3), "lpt");
+  const std::string_view number = stem.substr(std::min<std::size_t>(3, stem.size()));
+  const bool digit = number.size() == 1 && number[0] >= '1' && number[0] <= '9';
+  return port && (digit || number == "\u00B9" || number == "\u00B2" || number == "\u00B3");
+}
+
 std::string PlainNativePath(std::string_view absolute) {
   std::string plain = TakeRoot(absolute);
   const std::size_t root = plain.size();

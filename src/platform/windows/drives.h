@@ -29,6 +29,10 @@ class Drives {
 // Whether a path begins with the two separators of a server.
 bool NamesServer(std::string_view path);
 
+// Whether a file of this name can't be reached by most programs: "con", "nul.txt", "lpt1" and their like stand for
+// devices, with any extension and in any letter case.
+bool IsDeviceName(std::string_view name);
+
 // An absolute native path with "/", doubled separators, "." and ".." resolved as text, without a trailing "\" unless
 // it is the root of a drive ("c:\"). The forms "\\?\c:\" and "\\?\UNC\server\share" are taken as what they mean.
 // Throws Failure for other names of devices, and for a ":" behind the drive, which would name a stream inside a file.

@@ -213,7 +213,9 @@ void WindowsFileSystem::CopyFile(const std::string& source, const std::string& t
 }
 
 void WindowsFileSystem::CreateFolder(const std::string& path) const {
-  if (!CreateDirectoryW(PlaceOf(path).c_str(), nullptr)) FailWithLastError("make folder", path);
+  const std::wstring place = PlaceOf(path);
+  RefuseDeviceName(place);
+  if (!CreateDirectoryW(place.c_str(), nullptr)) FailWithLastError("make folder", path);
 }
 
 void WindowsFileSystem::ReadCurrentFolder() {

@@ -49,6 +49,7 @@ void ChangeCase(const std::wstring& from, const std::wstring& to) {
 }  // namespace
 
 void Move(const std::wstring& from, const std::wstring& to) {
+  RefuseDeviceName(to);
   // The system would take this for done.
   if (from == to) throw Failure("there is a file of this name already", NarrowText(to));
   if (MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_WRITE_THROUGH)) {

@@ -4,10 +4,15 @@
 
 #include <fcntl.h>
 #include <io.h>
-#include <shellapi.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <iostream>
+#include <utility>
 
+#include "platform/drive_form.h"
+#include "platform/windows/command_words.h"
+#include "platform/windows/console_buffer.h"
 #include "platform/windows/user_folders.h"
 #include "platform/windows/wide_text.h"
 
@@ -25,25 +30,61 @@ int GetPlatformId() {
 
 // What main() has is in the code page, which can't say every path.
 std::vector<std::string> CommandLineArguments(int /*count*/, char** /*arguments*/) {
-  int count = 0;
-  wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
-  std::vector<std::string> arguments;
-  for (int i = 1; i < count; ++i) arguments.push_back(NarrowText(words[i]));
-  LocalFree(words);
-  return arguments;
+  return CommandWords(GetCommandLineW());
 }
+
+std::optional<std::string> TypedCommandLine() {
+  return NarrowText(BehindProgram(GetCommandLineW()));
+}
+
+// Stands between a stream and a console. What goes elsewhere stays with the stream's own buffer.
+struct Utf8Console::Redirected {
+  Redirected(std::ostream& stream, HANDLE console)
+      : stream_(stream), buffer_(console), before_(stream.rdbuf(&buffer_)) {}
+  ~Redirected() {
+    stream_.flush();
+    stream_.rdbuf(before_);
+  }
+  Redirected(const Redirected&) = delete;
+  Redirected& operator=(const Redirected&) = delete;
+
+ private:
+  std::ostream& stream_;
+  ConsoleBuffer buffer_;
+  std::streambuf* before_;
+};
 
 Utf8Console::Utf8Console() {
   _setmode(_fileno(stdout), _O_BINARY);
   _setmode(_fileno(stderr), _O_BINARY);
-  page_before_ = GetConsoleOutputCP();
-  if (page_before_ != 0) SetConsoleOutputCP(CP_UTF8);
+  for (const auto& [stream, number] :
+       {std::pair{&std::cout, STD_OUTPUT_HANDLE}, std::pair{&std::cerr, STD_ERROR_HANDLE}}) {
+    const HANDLE handle = GetStdHandle(number);
+    DWORD mode = 0;
+    if (GetConsoleMode(handle, &mode)) redirected_.push_back(std::make_unique<Redirected>(*stream, handle));
+  }
 }
 
-// The console outlives us and gets its own page back.
-Utf8Console::~Utf8Console() {
-  std::fflush(nullptr);
-  if (page_before_ != 0) SetConsoleOutputCP(page_before_);
+Utf8Console::~Utf8Console() = default;
+
+std::string WithCaseOfDisk(const FileSystem& files, const std::string& path) {
+  if (!HasDrive(path)) return path;
+  std::string real = path;
+  for (std::size_t begin = 3; begin < real.size();) {
+    const std::size_t end = std::min(real.find('\\', begin), real.size());
+    std::string native;
+    WIN32_FIND_DATAW found{};
+    ResumeNext([&] { native = files.ToNative(real.substr(0, end)); });
+    const bool plain = native.find_first_of("*?") == native.npos;
+    const HANDLE search = plain ? FindFirstFileW(WideText(native).c_str(), &found) : INVALID_HANDLE_VALUE;
+    if (search == INVALID_HANDLE_VALUE) break;
+    FindClose(search);
+    const std::string name = NarrowText(found.cFileName);
+    // A short name ("MUSIC~1") stays what was typed.
+    if (name.size() == end - begin) real.replace(begin, name.size(), name);
+    begin = end + 1;
+  }
+  return real;
 }
 
 std::string ExecutablePath(const FileSystem& files) {
@@ -51,6 +92,11 @@ std::string ExecutablePath(const FileSystem& files) {
   const DWORD length = GetModuleFileNameW(nullptr, place.data(), kMostPathUnits);
   if (length == 0 || length >= kMostPathUnits) throw Failure("the executable can't be found");
   return files.FromNative(NarrowText({place.data(), length}));
+}
+
+std::string WindowProgram(const FileSystem& files) {
+  const std::string running = ExecutablePath(files);
+  return running.substr(0, running.rfind('\\')) + "\\QUBLET20.exe";
 }
 
 std::string OwnFolderOfUser(const FileSystem& files) {

@@ -4,6 +4,7 @@
 #include <random>
 
 #include "platform/file_content.h"
+#include "platform/windows/drives.h"
 #include "platform/windows/wide_text.h"
 
 namespace qublet {
@@ -44,6 +45,11 @@ std::wstring RandomName() {
   return name;
 }
 
+void RefuseDeviceName(const std::wstring& place) {
+  const std::string name = NarrowText(place.substr(NameStart(place)));
+  if (IsDeviceName(name)) throw Failure("the name stands for a device: " + name);
+}
+
 std::wstring FollowLinks(const std::wstring& place) {
   const DWORD attributes = GetFileAttributesW(place.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return place;
@@ -80,7 +86,7 @@ void Replacement::CheckPresent() {
   const std::string native = NarrowText(place_);
   if (place_.ends_with(L'\\')) throw Failure("a folder can't be replaced", native);
   const DWORD attributes = GetFileAttributesW(place_.c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES) return;
+  if (attributes == INVALID_FILE_ATTRIBUTES) return RefuseDeviceName(place_);
   if (role_ == Role::kMoved) throw Failure("there is a file of this name already", native);
   if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) throw Failure("a folder can't be replaced", native);
   if (RefusesWriting(place_)) throw Failure("read-only", native);
@@ -96,6 +102,8 @@ void Replacement::OpenTemporary() {
     temporary = folder + RandomName();  // another one writes the same target
     file_ = MakeNew(temporary);
   }
+  if (!file_.IsOpen() && RefusesWriting(folder))
+    throw FolderRefusesWriting("no file can be made in " + NarrowText(folder));
   if (!file_.IsOpen()) FailWithLastError("make", NarrowText(temporary));
   temporary_ = std::move(temporary);
 }

@@ -47,6 +47,10 @@ class Replacement : public BufferedReplacement {
 // A name for a temporary file that no file has.
 std::wstring RandomName();
 
+// Throws Failure for a place whose name stands for a device (see IsDeviceName): most programs couldn't open or delete
+// what we make there.
+void RefuseDeviceName(const std::wstring& place);
+
 // Where a path really leads, links followed. A file that isn't there, or is no link, is where its path says.
 std::wstring FollowLinks(const std::wstring& place);
 

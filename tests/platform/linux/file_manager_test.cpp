@@ -20,7 +20,8 @@ TEST_F(FileManagerTest, IsAskedForTheWindowAboutAFile) {
   const ChildProcess manager({"/usr/bin/python3", QUBLET_FAKE_FILE_MANAGER, Log().string()});
   ASSERT_TRUE(Eventually([&] { return TemporaryDrives::ReadAt(Log()) == "ready\n"; }));
   EXPECT_TRUE(ShowItemProperties(session_, "/m/a b.mp3"));
-  EXPECT_EQ(TemporaryDrives::ReadAt(Log()), "ready\nfile:///m/a%20b.mp3\n");
+  EXPECT_TRUE(ShowItemProperties(session_, "/m/c.mp3", "start-1"));
+  EXPECT_EQ(TemporaryDrives::ReadAt(Log()), "ready\nfile:///m/a%20b.mp3\nfile:///m/c.mp3 start-1\n");
 }
 
 TEST_F(FileManagerTest, IsMissedAtOnceWhereThereIsNone) {

@@ -2,12 +2,21 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/windows/wide_text.h"
+#include "platform/windows/windows_api.h"
 #include "support/file_system_test_base.h"
 
 namespace qublet {
 namespace {
 
-class WindowsFileSystemTest : public FileSystemTestBase {};
+class WindowsFileSystemTest : public FileSystemTestBase {
+ protected:
+  // By a program that knows how to.
+  void WriteByAnother(const std::string& name) const {
+    const std::wstring place = L"\\\\?\\" + WideText(files_->ToNative("c:\\" + name));
+    CloseHandle(CreateFileW(place.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr));
+  }
+};
 
 TEST_F(WindowsFileSystemTest, WorksWithPathsOfAnyLength) {
   std::string folder = "c:";
@@ -29,12 +38,26 @@ TEST_F(WindowsFileSystemTest, WorksWithPathsOfAnyLength) {
 TEST_F(WindowsFileSystemTest, ReachesNamesThatOldProgramsCannot) {
   const Names names{"con.mp3", "ends with a blank ", "ends with a dot.", "nul"};
   for (const std::string& name : names) {
+    WriteByAnother(name);
     Replace("c:\\" + name, "text");
     EXPECT_EQ(files_->FileLength("c:\\" + name), 4) << name;
   }
   EXPECT_EQ(NamesIn("c:\\"), names);
   // The standard library couldn't.
   for (const std::string& name : names) files_->DeleteFile("c:\\" + name);
+}
+
+TEST_F(WindowsFileSystemTest, MakesNothingUnderTheNameOfADevice) {
+  drives_.Write("a.m3u", "list");
+  for (const std::string name :
+       {"con.m3u", "NUL", "Aux.tar.gz", "com1.m3u", "lpt9", "prn .m3u", "conout$", "com\u00B9"}) {
+    EXPECT_THROW(files_->BeginReplacement("c:\\" + name), Failure) << name;
+    EXPECT_THROW(files_->CreateFolder("c:\\" + name), Failure) << name;
+    EXPECT_THROW(files_->Rename("c:\\a.m3u", "c:\\" + name), Failure) << name;
+    EXPECT_THROW(files_->CopyFile("c:\\a.m3u", "c:\\" + name), Failure) << name;
+  }
+  EXPECT_EQ(NamesIn("c:\\"), Names{"a.m3u"});
+  for (const std::string name : {"console.m3u", "com.m3u", "com10.m3u", "xnul"}) Replace("c:\\" + name, "list");
 }
 
 TEST_F(WindowsFileSystemTest, ShowsHiddenFilesAsHidden) {

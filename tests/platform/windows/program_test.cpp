@@ -24,6 +24,13 @@ TEST_F(WindowsProgramTest, KeepsItsFilesBesideTheExecutableWhereItMay) {
   EXPECT_EQ(ProgramFolder(*files_), path.substr(0, path.rfind('\\')));
 }
 
+TEST_F(WindowsProgramTest, TakesPathsInTheLetterCaseOfTheDisk) {
+  drives_.Write("Music/One Two.mp3", "abc");
+  EXPECT_EQ(PathFromArgument(*files_, "C:\\MUSIC\\one two.MP3"), "C:\\Music\\One Two.mp3");
+  EXPECT_EQ(PathFromArgument(*files_, "c:/music/New.m3u"), "c:\\Music\\New.m3u");
+  EXPECT_EQ(PathFromArgument(*files_, "c:\\gone\\New.m3u"), "c:\\gone\\New.m3u");
+}
+
 TEST_F(WindowsProgramTest, HasAFolderOfThisUserElse) {
   unsetenv("QUBLET_DOSDEVICES");  // the real drives
   files_ = OpenFileSystem();
