@@ -5,20 +5,6 @@
 namespace qublet {
 namespace {
 
-// Room left behind the frames of a tag that had to grow, so that the next change moves nothing.
-constexpr std::size_t kNewPadding = 2048;
-// More than this isn't kept when frames went.
-constexpr std::size_t kMostPadding = 64 * 1024;
-
-Bytes PaddedTag(const RawTag& raw, std::int64_t present_extent) {
-  Bytes tag = SerialiseTag(raw);
-  const auto present = static_cast<std::size_t>(present_extent);
-  const bool keeps_place = tag.size() <= present && present - tag.size() <= kMostPadding;
-  PadTag(tag, keeps_place ? present : tag.size() + kNewPadding);
-  if (IsAmbiguous(tag)) throw Failure("other programs would see other frames in the tag");
-  return tag;
-}
-
 void RefuseOverrun(const FileEnds& ends) {
   if (!ends.HeadFits()) throw Failure("the tag claims more than the file holds");
 }
@@ -131,7 +117,8 @@ void TagObject::WriteID3v2(const std::string& path) {
   RefuseOverrun(ends);
   wanted.EnsureNotEmpty();
   const std::int64_t extent = ends.head_end - ends.head_start;
-  ReplaceEnds(files_, path, *file, {ends.head_start, extent, PaddedTag(wanted.Raw(), extent), 0, {}});
+  ReplaceEnds(files_, path, *file,
+              {ends.head_start, extent, FittedTag(wanted.Raw(), static_cast<std::size_t>(extent)), 0, {}});
   has_v2_ = true;
 }
 

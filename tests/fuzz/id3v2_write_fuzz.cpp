@@ -30,8 +30,9 @@ void RequireOthersKept(const RawTag& before, const RawTag& after, const std::str
   const auto others = [&](const RawTag& tag) {
     std::vector<RawFrame> frames;
     for (const RawFrame& frame : tag.frames) {
-      const bool year = id == "TYER" && frame.id == "TDRC";
-      if (frame.id != id && !year) frames.push_back(frame);
+      const std::string_view shown = ShownId(frame);
+      const bool year = id == "TYER" && (shown == "TDRC" || shown == "TDAT" || shown == "TIME");
+      if (shown != id && !year) frames.push_back(frame);
     }
     return frames;
   };

@@ -44,6 +44,11 @@ void AppendFrame(Bytes& out, const RawFrame& frame, int version) {
   Append(out, frame.content);
 }
 
+// Room left behind the frames of a tag that had to grow, so that the next change moves nothing.
+constexpr std::size_t kNewPadding = 2048;
+// More than this isn't kept when frames went.
+constexpr std::size_t kMostPadding = 64 * 1024;
+
 std::optional<RawTag> ParseWhole(const Bytes& tag) {
   const auto header = ParseTagHeader(tag);
   return header ? ParseTag(*header, BytesView(tag).subspan(TagHeader::kSize)) : std::nullopt;
@@ -142,6 +147,14 @@ bool PadTag(Bytes& tag, std::size_t extent) {
   tag.resize(length);
   WriteSize(tag);
   return false;
+}
+
+Bytes FittedTag(const RawTag& tag, std::size_t present) {
+  Bytes bytes = SerialiseTag(tag);
+  const bool keeps_place = bytes.size() <= present && present - bytes.size() <= kMostPadding;
+  PadTag(bytes, keeps_place ? present : bytes.size() + kNewPadding);
+  if (IsAmbiguous(bytes)) throw Failure("other programs would see other frames in the tag");
+  return bytes;
 }
 
 }  // namespace qublet

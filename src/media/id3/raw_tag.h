@@ -61,6 +61,10 @@ bool IsAmbiguous(BytesView tag);
 // large, when the tag ends in a frame that is cut off, which would get longer, or when it would become ambiguous.
 bool PadTag(Bytes& tag, std::size_t extent);
 
+// The bytes of a whole tag to be written in the place of one of `present` bytes, padded to that length if it fits.
+// Throws Failure as SerialiseTag does, and for a tag that is ambiguous however it is padded.
+Bytes FittedTag(const RawTag& tag, std::size_t present);
+
 // The same tag in ID3v2.3 when it is one of 2.2. Frames that 2.3 doesn't know are kept whole, in a PRIV frame of the
 // owner kForeignFrameOwner, and so is what stands behind the frames, unless it is a known frame that is cut off.
 RawTag Upgraded(RawTag tag);
