@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <ostream>
 
-
 namespace qublet {
 
 bool TakeOption(Arguments& arguments, const std::string& option) {

@@ -16,48 +16,48 @@ using ColumnWidths = std::array<std::int16_t, kStoredColumns>;
 // All that the user can set, one field a key, named by the keys (see setting_rows.h). The first value of each field
 // is no default: those come from LoadDefaultSettings.
 struct AppSettings {
-  bool V = false;
-  bool RESPLAYLIST = false;
-  bool WINSTART = false;
-  bool Visible = false;
-  bool SA = false;
-  bool Flat = false;
-  bool ThreeD = false;  // "3D"
-  bool TA = false;
-  std::int16_t Align = 0;  // 1 top, 2 bottom
-  std::string Name;
-  std::int16_t Size = 0;  // in points
+  bool V = false;            // list, work folder and settings are kept at exit
+  bool RESPLAYLIST = false;  // the last list comes back at the start
+  bool WINSTART = false;     // the last list is opened when the user logs in
+  bool Visible = false;      // the menus are shown
+  bool SA = false;           // the status bar is shown
+  bool Flat = false;         // the toolbar's buttons are flat, else raised
+  bool ThreeD = false;       // "3D": the toolbar has a frame that gives depth
+  bool TA = false;           // the toolbar is shown
+  std::int16_t Align = 0;    // the toolbar's edge: 1 top, 2 bottom
+  std::string Name;          // the list's font: its family
+  std::int16_t Size = 0;     // in points
   bool Italic = false;
   bool Bold = false;
   bool Strikethrough = false;
   bool Underline = false;
-  std::int32_t BC = 0;  // colours have red in the low byte
-  std::int32_t FC = 0;
-  std::array<bool, kStoredColumns> TX{};
+  std::int32_t BC = 0;                    // the list's background; colours have red in the low byte
+  std::int32_t FC = 0;                    // the list's text
+  std::array<bool, kStoredColumns> TX{};  // the column is shown
   ColumnWidths TV{};
-  std::int16_t T = 0;  // the window's place and size are in twips, 1/1440 inch
-  std::int16_t L = 0;
-  std::int16_t W = 0;
-  std::int16_t H = 0;
-  bool PROMPTSORT = false;
-  bool PROMPTMISS = false;
-  bool DBLCLKACTN = false;
-  std::int16_t SHUFFLEINT = 0;
-  bool GRID = false;
-  bool HOTTRACK = false;
-  std::int16_t RCount = 0;
-  bool RPath = false;
-  bool RPurge = false;
-  bool AUDate = false;
-  bool SActi = false;
-  std::string Idir;
-  bool PLTSC = false;
-  std::int32_t PLTSP = 0;  // megabytes
-  bool PLTTC = false;
-  std::int32_t PLTTP = 0;  // seconds
-  bool PLTCC = false;
-  std::int32_t PLTCP = 0;  // items
-  std::string DefSName;
+  std::int16_t T = 0;           // the main window's top, in twips, 1/1440 inch, as the three behind it
+  std::int16_t L = 0;           // left
+  std::int16_t W = 0;           // width
+  std::int16_t H = 0;           // height
+  bool PROMPTSORT = false;      // a sort asks first
+  bool PROMPTMISS = false;      // kept and edited; nothing acts on it
+  bool DBLCLKACTN = false;      // a double click plays the selected rows, else from the first of them on
+  std::int16_t SHUFFLEINT = 0;  // how often a shuffle goes through the rows, less one
+  bool GRID = false;            // lines between rows and columns
+  bool HOTTRACK = false;        // the row under the pointer is underlined
+  std::int16_t RCount = 0;      // how many recent files are remembered
+  bool RPath = false;           // recent files are shown with their folders
+  bool RPurge = false;          // recent files that are gone are left out at the start
+  bool AUDate = false;          // a newer version is asked for by itself
+  bool SActi = false;           // the toolbar saves with relative paths, else with full ones
+  std::string Idir;             // where an import starts
+  bool PLTSC = false;           // a warning when the list's size
+  std::int32_t PLTSP = 0;       // reaches so many megabytes
+  bool PLTTC = false;           // a warning when its length
+  std::int32_t PLTTP = 0;       // reaches so many seconds
+  bool PLTCC = false;           // a warning when it
+  std::int32_t PLTCP = 0;       // has so many items
+  std::string DefSName;         // naming format of the name that a save proposes
   bool operator==(const AppSettings&) const = default;
 };
 
