@@ -76,6 +76,8 @@ void BrowseForm::BuildTree(const QStringList& file_patterns) {
 void BrowseForm::BuildPlaces(const QList<Place>& places) {
   places_->setObjectName(QStringLiteral("FolderPlaces"));
   places_->setAccessibleName(tr("Places"));
+  const int side = style()->pixelMetric(QStyle::PM_SmallIconSize);
+  places_->setIconSize({side, side});
   for (const Place& place : places) {
     auto* item = new QListWidgetItem(style()->standardIcon(place.picture), place.name, places_);
     item->setData(Qt::UserRole, place.path);
