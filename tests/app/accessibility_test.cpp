@@ -37,6 +37,56 @@ TEST_F(Accessibility, SpeaksTheRowsByNameLengthAndState) {
   EXPECT_EQ(Cell(0, kFileName), "a.mp3, 3:05, green mark");
 }
 
+TEST_F(Accessibility, TellsWhichRowsAreSelectedAndLetsThemBeSelected) {
+  window.Run("MEditSelNone");
+  QAccessibleTableInterface& table = *InterfaceOf(&window.List()).tableInterface();
+  EXPECT_EQ(table.selectedRows(), QList<int>());
+  window.Rows().SetSelected(2, true);
+  EXPECT_EQ(table.selectedRows(), QList<int>{1});
+  EXPECT_EQ(table.selectedRowCount(), 1);
+  EXPECT_TRUE(table.cellAt(1, 0)->state().selected);
+  EXPECT_TRUE(table.cellAt(1, 3)->tableCellInterface()->isSelected());
+  EXPECT_FALSE(table.cellAt(0, 0)->state().selected);
+  EXPECT_TRUE(InterfaceOf(&window.List()).state().multiSelectable);
+  EXPECT_TRUE(table.selectRow(0));
+  EXPECT_TRUE(table.unselectRow(1));
+  EXPECT_EQ(window.Selected(), "x-");
+  EXPECT_EQ(window.Panel(1), "Track: 1/2") << "the window follows";
+  table.cellAt(0, 0)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_EQ(window.Selected(), "--");
+  EXPECT_FALSE(table.selectRow(2));
+}
+
+TEST_F(Accessibility, KnowsNoHiddenColumns) {
+  QAccessibleInterface& list = InterfaceOf(&window.List());
+  QAccessibleTableInterface& table = *list.tableInterface();
+  const auto headers = [&] {
+    std::string names;
+    for (int i = 0; i < table.columnCount(); ++i) names += table.columnDescription(i).toStdString() + " ";
+    return names;
+  };
+  EXPECT_EQ(headers(), "FileName Time Size Path ID Layer Bitrate Samplerate Mode Original Order ");
+  EXPECT_EQ(list.childCount(), 3 * 10) << "the header and two rows";
+  EXPECT_EQ(list.child(9)->text(QAccessible::Name).toStdString(), "Original Order");
+  EXPECT_EQ(list.indexOfChild(table.cellAt(1, 9)), 29);
+  QAccessibleInterface* size = table.cellAt(0, 2);
+  window.List().setColumnHidden(kTime, true);
+  EXPECT_EQ(headers(), "FileName Size Path ID Layer Bitrate Samplerate Mode Original Order ");
+  EXPECT_EQ(table.cellAt(0, 1), size) << "a cell stays the same one";
+  EXPECT_EQ(size->tableCellInterface()->columnIndex(), 1);
+  EXPECT_EQ(size->tableCellInterface()->columnHeaderCells().at(0)->text(QAccessible::Name).toStdString(), "Size");
+}
+
+TEST_F(Accessibility, ForgetsRowsThatAreGone) {
+  QAccessibleTableInterface& table = *InterfaceOf(&window.List()).tableInterface();
+  ASSERT_NE(table.cellAt(1, 0), nullptr);
+  window.Run("MEditSelAll");
+  window.Run("MEditRemove");
+  EXPECT_EQ(table.rowCount(), 0);
+  EXPECT_EQ(table.cellAt(1, 0), nullptr);
+  EXPECT_EQ(DescriptionOf(&window.List()), "Drop music files, folders or playlists here, or press Insert");
+}
+
 TEST_F(Accessibility, NamesListToolbarAndButtons) {
   EXPECT_EQ(NameOf(&window.List()), "Playlist");
   EXPECT_EQ(DescriptionOf(&window.List()), "The items of the playlist, one row each");

@@ -252,6 +252,99 @@ TEST_F(ListOnADisplay, RunsItsKeysAlsoWhereTheMenuEntryIsDisabled) {
   EXPECT_EQ(Order(), "acdeb");
 }
 
+// More rows than can be seen: 1001.mp3 to 1200.mp3.
+class LongListOnADisplay : public ListOnADisplay {
+ protected:
+  LongListOnADisplay() {
+    std::string names;
+    for (int i = 1; i <= 200; ++i) names += "c:\\gone\\" + std::to_string(1000 + i) + ".mp3\r\n";
+    window.drives.Write("long.m3u", names);
+    window.Run("MFileNew");
+    window.Add("c:\\long.m3u");
+    window.Run("MEditSelNone");
+    window.document->PlaylistChanged = false;
+    window.List().scrollToTop();
+  }
+  int Top() { return window.List().verticalScrollBar()->value(); }
+  QPoint AtTheBottom(int beyond) { return View().mapToGlobal(View().rect().bottomLeft() + QPoint(20, beyond)); }
+  int RowNamed(const std::string& name) {
+    int row = 1;
+    while (window.Rows().At(row).cells[kFileName] != name) ++row;
+    return row;
+  }
+  // Presses the button on a row, moves to the point, and holds still there.
+  void Hold(int row, QPoint point, const char* button) {
+    Perform(To(On(row)) + Do("mousedown", button) + Along(On(row), point, 10) + To(point));
+  }
+};
+
+TEST_F(LongListOnADisplay, ScrollsWhileADrawnSelectionIsHeldAtTheBorder) {
+  for (const int beyond : {-2, 40}) {
+    window.List().scrollToTop();
+    window.Run("MEditSelNone");
+    const QPoint start =
+        View().mapToGlobal(window.List().visualRect(window.List().model()->index(1, kTime)).center());
+    Perform(To(start) + Do("mousedown", "1") + Along(start, AtTheBottom(beyond) + QPoint(300, 0), 10));
+    const int before = Top();
+    QTest::qWait(1500);
+    EXPECT_GT(Top(), before + 8) << beyond;
+    Perform(Do("mouseup", "1"));
+    const int after = Top();
+    const int last = window.List().GetRowAtPoint(View().height() - 1) + 1;
+    EXPECT_GE(window.Rows().SelectedCount(), last - 3) << "all from row 2 to the border are selected";
+    EXPECT_FALSE(window.Rows().At(1).selected);
+    QTest::qWait(500);
+    EXPECT_EQ(Top(), after) << "it rests when the button is up";
+  }
+}
+
+TEST_F(LongListOnADisplay, CarriesRowsOnWhileTheRightButtonIsHeldAtTheBorder) {
+  Hold(3, AtTheBottom(-2), "3");
+  const int before = RowNamed("1003.mp3");
+  QTest::qWait(1500);
+  Perform(Do("mouseup", "3"));
+  EXPECT_GT(RowNamed("1003.mp3"), before + 8);
+  EXPECT_EQ(window.Rows().SelectedCount(), 1);
+  EXPECT_FALSE(Menu().isVisible());
+  const int row = RowNamed("1003.mp3");
+  Hold(row, View().mapToGlobal(QPoint(20, -10)), "3");
+  QTest::qWait(6000);
+  Perform(Do("mouseup", "3"));
+  EXPECT_LE(RowNamed("1003.mp3"), 3) << "and back up again";
+}
+
+TEST_F(LongListOnADisplay, ScrollsUnderADragOfFiles) {
+  window.drives.Write("x.mp3", kNoise);
+  const QPoint other = StartPeer({AddressOf("x.mp3")});
+  Perform(To(other) + Do("mousedown", "1") + Along(other, AtTheBottom(-3), 12) + To(AtTheBottom(-3)));
+  QTest::qWait(1500);
+  const int top = Top();
+  EXPECT_GT(top, 5);
+  Perform(To(AtTheBottom(-60)) + Do("mouseup", "1"));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window.Rows().Count() == 201; }, kPatience));
+  EXPECT_GT(RowNamed("x.mp3"), top);
+}
+
+TEST_F(ListOnADisplay, UnderlinesTheRowUnderThePointerWhereWanted) {
+  window.List().SetHotTracking(true);
+  Perform(To(View().mapToGlobal(View().rect().bottomRight() - QPoint(20, 20))));
+  const QImage before = View().grab().toImage();
+  Perform(To(On(2)));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return View().grab().toImage() != before; }, kPatience));
+}
+
+TEST_F(ListOnADisplay, LeavesTheSelectionToKeysOfDisabledEntries) {
+  Click(On(2));
+  Type("ctrl+a");
+  for (const char* key : {"alt+Up", "alt+Down", "alt+Home", "alt+End", "shift+Delete", "ctrl+Insert"}) {
+    Type(key);
+    EXPECT_EQ(window.Selected(), "xxxxx") << key;
+    EXPECT_EQ(Order(), "abcde") << key;
+  }
+  Click(On(99));
+  EXPECT_EQ(window.Selected(), "-----");
+}
+
 // A batch that takes some seconds, and what happens meanwhile.
 class BatchOnADisplay : public ListOnADisplay {
  protected:

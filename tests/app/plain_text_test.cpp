@@ -230,9 +230,10 @@ TEST(ShownTextTest, MarksWhatCannotBeSeen) {
             "a\xE2\x90\x89"
             "b\xE2\x90\xA1\xE2\x90\x8A");
   EXPECT_EQ(ShownText("x\xC2\x85y").toStdString(), "x\xEF\xBF\xBDy");
-  for (const char16_t letter :
-       std::u16string(u"\u061C\u200B\u200E\u200F\u2028\u2029\u202A\u202B\u202C\u202D\u202E\u2066"
-                      u"\u2067\u2068\u2069\uFEFF")) {
+  constexpr std::u16string_view kUnseen =
+      u"\u061C\u200B\u200E\u200F\u2028\u2029\u202A\u202B"
+      u"\u202C\u202D\u202E\u2066\u2067\u2068\u2069\uFEFF";
+  for (const char16_t letter : kUnseen) {
     EXPECT_EQ(ShownText(QStringView(&letter, 1)), QString(QChar(0xFFFD))) << static_cast<int>(letter);
   }
   EXPECT_EQ(ShownText("\xFF").toStdString(), "\xEF\xBF\xBD");

@@ -1,5 +1,7 @@
 #include "playlist/ui/PlaylistStats.h"
 
+#include "platform/qt/shown_text.h"
+
 namespace qublet {
 
 PlaylistStats::PlaylistStats(std::function<Statistics()> Gather, std::string thousands_separator, QWidget* parent)
@@ -15,9 +17,7 @@ PlaylistStats::PlaylistStats(std::function<Statistics()> Gather, std::string tho
 
 void PlaylistStats::ShowPlaceHolders() {
   for (const StatisticsLine& line : StatisticsLines({}, thousands_separator_)) {
-    auto* label = findChild<ShownLabel*>(QString::fromUtf8(line.control));
-    label->Show(kUnknownStatistic);
-    label->setAccessibleName(QString::fromUtf8(line.caption));
+    ShowFigure(line, kUnknownStatistic);
   }
   lblplaylistfilename->Show("Refreshing...");
   Morethanwarn->clear();
@@ -27,10 +27,17 @@ void PlaylistStats::Timer1_Timer() {
   Timer1.stop();
   const Statistics statistics = gather_();
   for (const StatisticsLine& line : StatisticsLines(statistics, thousands_separator_))
-    findChild<ShownLabel*>(QString::fromUtf8(line.control))->Show(line.text);
+    ShowFigure(line, line.text);
   Morethanwarn->setText(QString::fromStdString(StatisticsNote(statistics)));
   MakeRoom();
   unsetCursor();
+}
+
+// A screen reader says the caption with it.
+void PlaylistStats::ShowFigure(const StatisticsLine& line, const std::string& text) {
+  auto* label = findChild<ShownLabel*>(QString::fromUtf8(line.control));
+  label->Show(text);
+  label->setAccessibleName(QString::fromUtf8(line.caption) + u' ' + ShownText(text));
 }
 
 // A long path takes several lines.

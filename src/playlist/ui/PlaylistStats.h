@@ -22,6 +22,7 @@ class PlaylistStats : public QDialog, private Ui::PlaylistStats {
  private:
   void ShowPlaceHolders();
   void Timer1_Timer();
+  void ShowFigure(const StatisticsLine& line, const std::string& text);
   void MakeRoom();
 
   std::function<Statistics()> gather_;

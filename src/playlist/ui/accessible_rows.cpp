@@ -12,7 +12,8 @@ constexpr std::size_t kToldOneByOne = 8;  // changes of the selection
 
 QList<int> ShownColumns(const RowList& list) {
   QList<int> columns;
-  for (int column = 0; column < kColumnCount; ++column) {
+  const int count = list.header()->count();  // 0 as long as the list shows no rows
+  for (int column = 0; column < count; ++column) {
     if (!list.isColumnHidden(column)) columns << column;
   }
   return columns;
@@ -125,7 +126,7 @@ bool Select(RowList& list, int row, QItemSelectionModel::SelectionFlags command)
 
 QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
   auto* list = qobject_cast<RowList*>(object);
-  return list != nullptr && list->model() != nullptr ? new AccessibleRows(*list) : nullptr;
+  return list != nullptr ? new AccessibleRows(*list) : nullptr;
 }
 
 }  // namespace
@@ -225,11 +226,12 @@ QList<QAccessibleInterface*> AccessibleRows::selectedCells() const {
 }
 
 QString AccessibleRows::columnDescription(int column) const {
-  return List().model()->headerData(ShownColumns(List()).value(column, -1), Qt::Horizontal).toString();
+  const QAccessibleInterface* header = Part(-1, ShownColumns(List()).value(column, -1));
+  return header == nullptr ? QString() : header->text(QAccessible::Name);
 }
 
 int AccessibleRows::selectedRowCount() const {
-  return List().Rows().SelectedCount();
+  return rowCount() == 0 ? 0 : List().Rows().SelectedCount();
 }
 
 int AccessibleRows::columnCount() const {
@@ -237,27 +239,28 @@ int AccessibleRows::columnCount() const {
 }
 
 int AccessibleRows::rowCount() const {
-  return List().model()->rowCount();
+  // The toolkit may ask before the list shows any rows.
+  return List().model() == nullptr ? 0 : List().model()->rowCount();
 }
 
 QList<int> AccessibleRows::selectedRows() const {
   QList<int> selected;
-  for (int i = 1; i <= List().Rows().Count(); ++i) {
-    if (List().Rows().At(i).selected) selected << i - 1;
+  for (int row = 0; row < rowCount(); ++row) {
+    if (isRowSelected(row)) selected << row;
   }
   return selected;
 }
 
 bool AccessibleRows::isRowSelected(int row) const {
-  return row >= 0 && row < List().Rows().Count() && List().Rows().At(row + 1).selected;
+  return row >= 0 && row < rowCount() && List().Rows().At(row + 1).selected;
 }
 
 bool AccessibleRows::selectRow(int row) {
-  return Select(List(), row, QItemSelectionModel::Select);
+  return row < rowCount() && Select(List(), row, QItemSelectionModel::Select);
 }
 
 bool AccessibleRows::unselectRow(int row) {
-  return Select(List(), row, QItemSelectionModel::Deselect);
+  return row < rowCount() && Select(List(), row, QItemSelectionModel::Deselect);
 }
 
 void AccessibleRows::modelChange(QAccessibleTableModelChangeEvent*) {
@@ -272,20 +275,22 @@ int AccessibleChild(const RowList& list, int row) {
 void SpokenSelection::Tell(RowList& list, const RowStore& rows) {
   told_.resize(static_cast<std::size_t>(rows.Count()));
   std::vector<int> changed;
+  bool focused = false;  // the focused row is among them
   for (int i = 1; i <= rows.Count(); ++i) {
     const auto place = static_cast<std::size_t>(i - 1);
     if (told_[place] == rows.At(i).selected) continue;
     told_[place] = rows.At(i).selected;
+    focused = focused || i == rows.FocusedRow();
     if (changed.size() <= kToldOneByOne) changed.push_back(i - 1);
   }
   if (changed.empty()) return;
-  if (changed.size() <= kToldOneByOne) {
-    for (const int row : changed) {
-      const bool selected = rows.At(row + 1).selected;
-      QAccessibleEvent event(&list, selected ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
-      event.setChild(AccessibleChild(list, row));
-      QAccessible::updateAccessibility(&event);
-    }
+  // Of many the reader hears the one where it stands.
+  if (changed.size() > kToldOneByOne) changed.assign(focused ? 1 : 0, rows.FocusedRow() - 1);
+  for (const int row : changed) {
+    const bool selected = rows.At(row + 1).selected;
+    QAccessibleEvent event(&list, selected ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
+    event.setChild(AccessibleChild(list, row));
+    QAccessible::updateAccessibility(&event);
   }
   QAccessibleEvent within(&list, QAccessible::SelectionWithin);
   QAccessible::updateAccessibility(&within);

@@ -64,8 +64,8 @@ class AccessibleRows : public QAccessibleWidget, public QAccessibleTableInterfac
 // The child number of a row's first cell.
 int AccessibleChild(const RowList& list, int row);
 
-// Tells screen readers which rows have been selected or left out since it was last asked to: each of a few, or once
-// that the selection has changed.
+// Tells screen readers which rows have been selected or left out since it was last asked to: each of a few, of many
+// only the focused one; then once that the selection has changed.
 class SpokenSelection {
  public:
   void Tell(RowList& list, const RowStore& rows);
