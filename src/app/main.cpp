@@ -42,8 +42,9 @@ Session::Places FindPlaces(const FileSystem& files) {
 }
 
 QStringList AudioPatterns() {
-  QStringList patterns{QStringLiteral("*.m3u"), QStringLiteral("*.m3u8"), QStringLiteral("*.bm")};
-  for (const std::string& filter : FileFilters()) patterns << QString::fromStdString(filter);
+  QStringList patterns;
+  for (const Collection& filters : {PlaylistFilters(), FileFilters()})
+    for (const std::string& filter : filters) patterns << QString::fromStdString(filter);
   return patterns;
 }
 

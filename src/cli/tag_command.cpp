@@ -74,9 +74,9 @@ void Change(const FileSystem& files, const std::string& path, const TagOptions& 
     field->set(tag, field->name, text);
     (field->in_v1 ? v1 : v2) = true;
   }
-  bool ok = false;
+  Outcome ok;
   WriteTagToFile(files, path, tag, v1, v2, ok);
-  if (!ok) throw Failure("the tags can't be written");
+  ok.OrThrow();
 }
 
 void Show(CommandContext& context, const std::string& path, const TagOptions& options) {
@@ -113,7 +113,7 @@ int TagCommand(CommandContext& context) {
       context.files.FileLength(path);
       options.Changes() ? Change(context.files, path, options) : Show(context, path, options);
     } catch (const Failure& failure) {
-      code = Complain(context.err, argument + ": " + failure.what(), kCouldNot);
+      code = Complain(context.err, argument + ": " + std::string(failure.Reason()), kCouldNot);
     }
   }
   return code;

@@ -7,14 +7,14 @@
 
 namespace qublet {
 
-// A file's tags loaded and put back as a whole. Nothing here throws; `ok` says whether it worked.
+// A file's tags loaded and put back as a whole. Nothing here throws; `ok` says whether it worked, and why not.
 
 // Loads both tags and the stream facts of an existing file. Tags that were read stay when the stream fails.
-void GetID3Tag(const FileSystem& files, const std::string& mp3_file, TagObject& tag, bool& ok);
+void GetID3Tag(const FileSystem& files, const std::string& mp3_file, TagObject& tag, Outcome& ok);
 
 // Writes each tag that is to be present and strips the other from the file. A read-only file isn't touched. When the
 // ID3v2 step fails, a completed ID3v1 step stays in the file.
 void WriteTagToFile(const FileSystem& files, const std::string& path, TagObject& tag, bool id3v1_present,
-                    bool id3v2_present, bool& ok);
+                    bool id3v2_present, Outcome& ok);
 
 }  // namespace qublet

@@ -35,7 +35,7 @@ bool PlaylistFiles::OpenPlaylistFile(bool Import) {
     document_.ListView1.Clear();
     document_.PlaylistChanged = false;
   }
-  const bool added = items_.AddStuff(*chosen, Import);
+  const bool added{items_.AddStuff(*chosen, Import)};
   if (added && !Import) {
     document_.CurrentPlaylist = NormalizedPath(*chosen);
     view_.ShowCaption();
@@ -169,7 +169,7 @@ bool PlaylistFiles::WriteRows(const std::string& path, bool Relative) {
     rows.ExpectPaths(i);
     text.Add(rows.At(i).cells[kPath], rows.At(i).cells[kFileName]);
   }
-  return text.Write();
+  return static_cast<bool>(text.Write());
 }
 
 void PlaylistFiles::AddRecent() {

@@ -97,9 +97,9 @@ void Update(const FileSystem& files, const std::string& path, const std::string&
   const bool v2 = tag.HasID3v2() || (!in_v1 && !field.empty());
   PutBack(tag);
   if (!field.empty()) Change(tag, field, text);
-  bool ok = false;
+  Outcome ok;
   WriteTagToFile(files, path, tag, v1, v2, ok);
-  if (!ok) throw Failure("not written: " + path);
+  if (!ok) throw Failure(ok.Reason(), path);
 }
 
 bool ForEach(const FileSystem& files, std::span<char*> natives, const std::function<void(const std::string&)>& work) {
