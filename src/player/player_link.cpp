@@ -27,7 +27,8 @@ bool PlayerLink::DetectPlayer() {
 }
 
 PlayerHandle PlayerLink::FindPlayerWindow() {
-  return services_.windows.Find(services_.associations.ProgramFor(TempPlaylist(program_folder_)));
+  PlayerWindow = services_.windows.Find(services_.associations.ProgramFor(TempPlaylist(program_folder_)));
+  return PlayerWindow;
 }
 
 }  // namespace qublet
