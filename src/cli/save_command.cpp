@@ -29,9 +29,8 @@ int SaveCommand(CommandContext& context) {
 
   std::string target;
   FileDetails details;
-  if (!Guarded([&] { target = PathFromArgument(context.files, arguments[0]); })) {
-    return Complain(context.err, "no drive leads to: " + arguments[0], kCouldNot);
-  }
+  const Outcome named = Attempt([&] { target = PathFromArgument(context.files, arguments[0]); });
+  if (!named) return Complain(context.err, arguments[0] + ": " + named.Reason(), kCouldNot);
   GetFileDetails(context.files, target, details);
   if (details.Exists && !replace) {
     return Complain(context.err, arguments[0] + " exists; --replace replaces it", kCouldNot);
@@ -41,10 +40,8 @@ int SaveCommand(CommandContext& context) {
   if (!AddPaths(document, context, {arguments.begin() + 1, arguments.end()})) return kCouldNot;
   Collection lines;
   for (int i = 1; i <= document.ListView1.Count(); ++i) lines.push_back(document.ListView1.At(i).FullPath());
-  if (!WritePlaylistLines(context.files, details.Path, lines, relative)) {
-    return Complain(context.err, "Unable to write to the specified file.", kCouldNot);
-  }
-  return kDone;
+  const Outcome written = WritePlaylistLines(context.files, details.Path, lines, relative);
+  return written ? kDone : Complain(context.err, arguments[0] + ": " + written.Reason(), kCouldNot);
 }
 
 }  // namespace qublet
