@@ -21,8 +21,9 @@ namespace qublet {
 namespace {
 
 QStringList AudioPatterns() {
-  QStringList patterns{QStringLiteral("*.m3u"), QStringLiteral("*.m3u8"), QStringLiteral("*.bm")};
-  for (const std::string& filter : FileFilters()) patterns << QString::fromStdString(filter);
+  QStringList patterns;
+  for (const Collection& filters : {PlaylistFilters(), FileFilters()})
+    for (const std::string& filter : filters) patterns << QString::fromStdString(filter);
   return patterns;
 }
 

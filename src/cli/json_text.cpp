@@ -1,5 +1,6 @@
 #include "cli/json_text.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -20,6 +21,21 @@ std::string JsonText(std::string_view text) {
     }
   }
   return json + "\"";
+}
+
+std::string JsonRecord(const Record& record) {
+  std::string json = "{";
+  for (const auto& [name, value, is_text] : record) {
+    if (json.size() > 1) json += ", ";
+    json += JsonText(name) + ": " + (is_text ? JsonText(value) : value);
+  }
+  return json + "}";
+}
+
+std::string PlainValue(std::string text) {
+  std::ranges::replace_if(
+      text, [](char c) { return c == '\t' || c == '\n' || c == '\r'; }, ' ');
+  return text;
 }
 
 }  // namespace qublet

@@ -1,6 +1,5 @@
 #include "cli/list_command.h"
 
-#include <algorithm>
 #include <ostream>
 
 #include "cli/json_text.h"
@@ -10,13 +9,6 @@
 namespace qublet {
 namespace {
 
-// A cell can't hold the marks that part cells and rows.
-std::string Plain(std::string cell) {
-  std::replace_if(
-      cell.begin(), cell.end(), [](char c) { return c == '\t' || c == '\n' || c == '\r'; }, ' ');
-  return cell;
-}
-
 void PrintTable(const RowStore& rows, std::ostream& out) {
   for (int column = 0; column < kColumnCount; ++column) {
     out << (column > 0 ? "\t" : "") << kColumns[static_cast<std::size_t>(column)].header;
@@ -24,7 +16,7 @@ void PrintTable(const RowStore& rows, std::ostream& out) {
   out << "\n";
   for (int i = 1; i <= rows.Count(); ++i) {
     for (int column = 0; column < kColumnCount; ++column) {
-      out << (column > 0 ? "\t" : "") << Plain(rows.At(i).cells[static_cast<std::size_t>(column)]);
+      out << (column > 0 ? "\t" : "") << PlainValue(rows.At(i).cells[static_cast<std::size_t>(column)]);
     }
     out << "\n";
   }
@@ -33,27 +25,29 @@ void PrintTable(const RowStore& rows, std::ostream& out) {
 void PrintJson(const RowStore& rows, std::ostream& out) {
   for (int i = 1; i <= rows.Count(); ++i) {
     const Row& row = rows.At(i);
-    out << "{";
+    Record record;
     for (std::size_t column = 0; column < kColumns.size(); ++column) {
-      out << JsonText(kColumns[column].header) << ": " << JsonText(row.cells[column]) << ", ";
+      record.push_back({std::string(kColumns[column].header), row.cells[column]});
     }
-    out << "\"State\": " << static_cast<int>(row.icon) << "}\n";
+    record.push_back({"State", std::to_string(static_cast<int>(row.icon)), false});
+    out << JsonRecord(record) << "\n";
   }
 }
 
-// Adds what one path holds; gives what there is to complain of, "" for nothing.
-std::string AddPath(Engine& engine, const std::string& path, const std::string& typed) {
+// Adds what one path holds, all of it.
+Outcome AddPath(Engine& engine, const std::string& path) {
   Document& document = engine.document;
   const RowStore& rows = document.ListView1;
   const int before = rows.Count();
   DestroyFileArray(document);
-  engine.items.AddStuff(path, false);
-  // A file that holds no sound is a row too.
+  const Outcome outcome = engine.items.AddStuff(path, false);
   const int added = rows.Count() - before;
   const bool all_of_it = document.FileArray.size() <= static_cast<std::size_t>(added);
-  if (added > 0 && (all_of_it || rows.Count() < RowStore::MaxRows)) return "";
-  if (rows.Count() < RowStore::MaxRows) return "nothing to list in: " + typed;
-  return "the list ends at row " + std::to_string(rows.Count()) + ", left out: the rest of " + typed;
+  const bool full = rows.Count() == RowStore::MaxRows;
+  // A file that holds no sound is a row too.
+  if (added > 0 && (all_of_it || !full)) return {};
+  if (!full) return outcome;
+  return Outcome::GivenUp("the list ends at row " + std::to_string(rows.Count()) + ", the rest is left out");
 }
 
 }  // namespace
@@ -64,9 +58,9 @@ bool AddPaths(CommandContext& context, const Arguments& paths) {
   bool all_there = true;
   for (const std::string& path : paths) {
     std::string found;
-    ResumeNext([&] { found = PathFromArgument(context.files, path); });
+    const Outcome named = Attempt([&] { found = PathFromArgument(context.files, path); });
     if (!FileExists(context.files, found)) {
-      Complain(context.err, "no such file or folder: " + path, kCouldNot);
+      Complain(context.err, path + ": " + (named ? "no such file or folder" : named.Reason()), kCouldNot);
       all_there = false;
       found.clear();
     }
@@ -74,9 +68,9 @@ bool AddPaths(CommandContext& context, const Arguments& paths) {
   }
   for (std::size_t i = 0; i < absolute.size(); ++i) {
     if (absolute[i].empty()) continue;
-    const std::string complaint = AddPath(context.engine, absolute[i], paths[i]);
-    if (complaint.empty()) continue;
-    Complain(context.err, complaint, kCouldNot);
+    const Outcome added = AddPath(context.engine, absolute[i]);
+    if (added) continue;
+    Complain(context.err, paths[i] + ": " + added.Reason(), kCouldNot);
     all_there = false;
   }
   return all_there;

@@ -8,7 +8,7 @@ namespace qublet {
 MessageAnswer PrintedDialogs::ShowMessage(const std::string& text, MessageIcon /*icon*/, MessageButtons buttons) {
   if (buttons != MessageButtons::kOk) return agrees ? MessageAnswer::kYes : MessageAnswer::kCancel;
   said_something = true;
-  Complain(err_, ReplaceAll(text, "\r", "\n"), kCouldNot);
+  if (!silent) Complain(err_, ReplaceAll(text, "\r", "\n"), kCouldNot);
   return MessageAnswer::kOk;
 }
 

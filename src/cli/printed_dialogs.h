@@ -21,6 +21,7 @@ class PrintedDialogs : public Dialogs {
   }
 
   bool agrees = false;  // questions are answered with Yes, else with Cancel
+  bool silent = false;  // messages are left out
   bool said_something = false;
 
  private:

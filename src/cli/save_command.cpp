@@ -20,9 +20,8 @@ int SaveCommand(CommandContext& context) {
   }
 
   std::string target;
-  if (!Guarded([&] { target = PathFromArgument(context.files, arguments[0]); })) {
-    return Complain(context.err, "no drive leads to: " + arguments[0], kCouldNot);
-  }
+  const Outcome named = Attempt([&] { target = PathFromArgument(context.files, arguments[0]); });
+  if (!named) return Complain(context.err, arguments[0] + ": " + named.Reason(), kCouldNot);
   PlaylistFiles& playlists = context.engine.playlist_files;
   if (!replace && playlists.CheckExists(target)) {
     return Complain(context.err, arguments[0] + " exists; --replace replaces it", kCouldNot);
@@ -30,9 +29,9 @@ int SaveCommand(CommandContext& context) {
   if (!AddPaths(context, {arguments.begin() + 1, arguments.end()})) return kCouldNot;
   const auto form = relative ? PlaylistFiles::LineForm::kRelative : PlaylistFiles::LineForm::kFull;
   context.dialogs.agrees = replace;
-  if (playlists.SaveTo(target, form)) return kDone;
-  if (!context.dialogs.said_something) Complain(context.err, "Unable to write to the specified file.", kCouldNot);
-  return kCouldNot;
+  context.dialogs.silent = true;  // the reason says more
+  const Outcome saved = playlists.SaveTo(target, form);
+  return saved ? kDone : Complain(context.err, arguments[0] + ": " + saved.Reason(), kCouldNot);
 }
 
 }  // namespace qublet

@@ -1,6 +1,5 @@
 #include "cli/tag_report.h"
 
-#include <algorithm>
 #include <ostream>
 #include <vector>
 
@@ -11,53 +10,28 @@
 namespace qublet {
 namespace {
 
-// A value with its name; a number or a truth value stands in JSON as it is.
-struct Fact {
-  std::string name;
-  std::string value;
-  bool is_text = true;
-};
-using Facts = std::vector<Fact>;
-
 // The parts of a report: a single record, or a list of them.
 struct Part {
   std::string name;
-  std::vector<Facts> records;
+  std::vector<Record> records;
   bool is_list = false;
 };
 
-// A value can't hold the marks that part values and lines.
-std::string Plain(std::string value) {
-  std::ranges::replace_if(
-      value, [](char c) { return c == '\t' || c == '\n' || c == '\r'; }, ' ');
-  return value;
-}
-
 void PrintLines(const std::string& path, const std::vector<Part>& parts, std::ostream& out) {
-  out << "File\t" << Plain(path) << "\n";
+  out << "File\t" << PlainValue(path) << "\n";
   for (const Part& part : parts) {
-    for (const Facts& record : part.records) {
+    for (const Record& record : part.records) {
       if (part.is_list) out << part.name;
-      for (const Fact& fact : record) {
+      for (const NamedValue& fact : record) {
         if (part.is_list) {
-          out << "\t" << Plain(fact.value);
+          out << "\t" << PlainValue(fact.value);
         } else if (!fact.value.empty()) {
-          out << fact.name << "\t" << Plain(fact.value) << "\n";
+          out << fact.name << "\t" << PlainValue(fact.value) << "\n";
         }
       }
       if (part.is_list) out << "\n";
     }
   }
-}
-
-void PrintRecord(const Facts& record, std::ostream& out) {
-  out << "{";
-  const char* separator = "";
-  for (const Fact& fact : record) {
-    out << separator << JsonText(fact.name) << ": " << (fact.is_text ? JsonText(fact.value) : fact.value);
-    separator = ", ";
-  }
-  out << "}";
 }
 
 void PrintJson(const std::string& path, const std::vector<Part>& parts, std::ostream& out) {
@@ -66,9 +40,8 @@ void PrintJson(const std::string& path, const std::vector<Part>& parts, std::ost
     out << ", " << JsonText(part.name) << ": " << (part.is_list ? "[" : "");
     if (part.records.empty() && !part.is_list) out << "null";
     const char* separator = "";
-    for (const Facts& record : part.records) {
-      out << separator;
-      PrintRecord(record, out);
+    for (const Record& record : part.records) {
+      out << separator << JsonRecord(record);
       separator = ", ";
     }
     out << (part.is_list ? "]" : "");
@@ -83,7 +56,7 @@ void Print(const std::string& path, const std::vector<Part>& parts, bool json, s
 Part SingleValues(const TagObject& tag, bool v1) {
   Part part{v1 ? "ID3v1" : "ID3v2", {}};
   if (!(v1 ? tag.HasID3v1() : tag.HasID3v2())) return part;
-  Facts record;
+  Record record;
   for (const TagField& field : TagFields()) {
     if (field.in_v1 != v1) continue;
     const bool is_number = field.name == "V1Track" || field.name == "V1Genre";

@@ -5,23 +5,25 @@
 namespace qublet {
 namespace {
 
-bool IsFile(const FileSystem& files, std::string path) {
+void RefuseAllButFiles(const FileSystem& files, std::string path) {
   FileDetails details;
   GetFileDetails(files, path, details);
-  return details.Exists && details.IsFile;
+  if (!details.Exists) throw Failure("no such file or folder", path);
+  if (!details.IsFile) throw Failure("is a folder", path);
 }
 
 }  // namespace
 
-void GetID3Tag(const FileSystem& files, const std::string& mp3_file, TagObject& tag, bool& ok) {
-  ok = false;
-  if (!IsFile(files, mp3_file)) return;
-  ok = Guarded([&] { tag.ReadTags(mp3_file, true); });
+void GetID3Tag(const FileSystem& files, const std::string& mp3_file, TagObject& tag, Outcome& ok) {
+  ok = Attempt([&] {
+    RefuseAllButFiles(files, mp3_file);
+    tag.ReadTags(mp3_file, true);
+  });
 }
 
 void WriteTags(const FileSystem& files, const std::string& path, TagObject& tag, bool id3v1_present,
                bool id3v2_present) {
-  if (!IsFile(files, path)) throw Failure("no such file", path);
+  RefuseAllButFiles(files, path);
   if (files.IsReadOnly(path)) throw Failure("read-only", path);
   if (id3v1_present) {
     tag.WriteID3v1(path);
@@ -36,8 +38,8 @@ void WriteTags(const FileSystem& files, const std::string& path, TagObject& tag,
 }
 
 void WriteTagToFile(const FileSystem& files, const std::string& path, TagObject& tag, bool id3v1_present,
-                    bool id3v2_present, bool& ok) {
-  ok = Guarded([&] { WriteTags(files, path, tag, id3v1_present, id3v2_present); });
+                    bool id3v2_present, Outcome& ok) {
+  ok = Attempt([&] { WriteTags(files, path, tag, id3v1_present, id3v2_present); });
 }
 
 }  // namespace qublet

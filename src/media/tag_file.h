@@ -7,10 +7,11 @@
 
 namespace qublet {
 
-// A file's tags loaded and put back as a whole.
+// A file's tags loaded and put back as a whole. `ok` says whether it worked, and why not.
 
-// Loads both tags and the stream facts of an existing file. `ok` says whether it worked; nothing is thrown.
-void GetID3Tag(const FileSystem& files, const std::string& mp3_file, TagObject& tag, bool& ok);
+// Loads both tags and the stream facts of an existing file; nothing is thrown. Tags that were read stay when the
+// stream fails.
+void GetID3Tag(const FileSystem& files, const std::string& mp3_file, TagObject& tag, Outcome& ok);
 
 // Writes each tag that is to be present and strips the other from the file. A read-only file isn't touched. When the
 // ID3v2 step fails, a completed ID3v1 step stays in the file. Throws Failure with the reason.
@@ -18,6 +19,6 @@ void WriteTags(const FileSystem& files, const std::string& path, TagObject& tag,
                bool id3v2_present);
 // The same for callers who only want to know whether it worked; nothing is thrown.
 void WriteTagToFile(const FileSystem& files, const std::string& path, TagObject& tag, bool id3v1_present,
-                    bool id3v2_present, bool& ok);
+                    bool id3v2_present, Outcome& ok);
 
 }  // namespace qublet

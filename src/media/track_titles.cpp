@@ -20,7 +20,7 @@ std::string Compose(const std::string& raw_artist, const std::string& raw_title)
 std::string GetMp3TrackTitle(const FileSystem& files, const std::string& path) {
   if (!FileExists(files, path)) return "";
   TagObject tag(files);
-  bool ok = false;
+  Outcome ok;
   GetID3Tag(files, path, tag, ok);
   if (!ok) return "";
 

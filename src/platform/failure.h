@@ -37,6 +37,10 @@ class Outcome {
   explicit operator bool() const { return !reason_; }
   // See Failure; "" when done.
   std::string Reason() const { return reason_.value_or(""); }
+  // For steps that can't go on: throws Failure with the reason unless it is done.
+  void OrThrow() const {
+    if (reason_) throw Failure(*reason_);
+  }
 
  private:
   explicit Outcome(std::string reason) : reason_(std::move(reason)) {}

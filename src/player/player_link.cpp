@@ -24,7 +24,8 @@ bool PlayerLink::DetectPlayer() {
 }
 
 PlayerHandle PlayerLink::FindPlayerWindow() {
-  return services_.players.Find(services_.associations.ProgramFor(TempPlaylist(program_folder_)));
+  PlayerWindow = services_.players.Find(services_.associations.ProgramFor(TempPlaylist(program_folder_)));
+  return PlayerWindow;
 }
 
 }  // namespace qublet

@@ -22,7 +22,7 @@ class PlayerLink {
   // Makes "tmp.m3u" when it is missing, so that there is a file to ask about.
   bool DetectPlayer();
 
-  // The player if it runs, "" if not.
+  // The player if it runs, "" if not; kept in PlayerWindow.
   PlayerHandle FindPlayerWindow();
 
  private:

@@ -14,13 +14,14 @@
 
 namespace qublet {
 
-bool Items::AddFile(const std::string& filename, int Index, int OrigIndex) {
+Outcome Items::AddFile(const std::string& filename, int Index, int OrigIndex) {
   RowStore& list = document_.ListView1;
   const int index = Index < 1 ? list.Count() + 1 : Index;
   std::vector<Row> rows(1);
-  const bool filled =
+  const Outcome filled =
       ReadRow(files_, filename, OrigIndex != 0 ? OrigIndex : index, thousands_separator_, rows.front());
-  return Guarded([&] { list.Insert(index, std::move(rows)); }) && filled;
+  const Outcome inserted = Attempt([&] { list.Insert(index, std::move(rows)); });
+  return inserted ? filled : inserted;
 }
 
 void Items::AddByKind(const FileDetails& details, int InsertPoint) {
@@ -30,21 +31,19 @@ void Items::AddByKind(const FileDetails& details, int InsertPoint) {
   }
   if (!details.IsFile) return;
   for (const std::string& filter : FileFilters()) {
-    if ("*" + details.Extension == filter && !AddFile(details.Path, InsertPoint, 0)) {
-      throw Failure("the row couldn't be added");
-    }
+    if ("*" + details.Extension == filter) AddFile(details.Path, InsertPoint, 0).OrThrow();
   }
   if (!IsPlaylistExtension(details.Extension)) return;
   files_.SetCurrentFolder(ReplaceAll(details.Path, "\\" + GetFileName(details.Path), ""));
   DestroyFileArray(document_);
-  if (ReadPlaylistLines(files_, details.Path, document_.FileArray)) LoadFileArrayToList(InsertPoint);
+  ReadPlaylistLines(files_, details.Path, document_.FileArray).OrThrow();
+  LoadFileArrayToList(InsertPoint);
 }
 
-bool Items::AddStuff(std::string filename, bool ReSelect, int& InsertPoint) {
+Outcome Items::AddStuff(std::string filename, bool ReSelect, int& InsertPoint) {
   const WaitCursor wait(feedback_);
   RowStore& list = document_.ListView1;
-  bool added = false;
-  ResumeNext([&] {
+  return Attempt([&] {
     const int before = list.Count();
     if (InsertPoint < 1) InsertPoint = before + 1;
     FileDetails details;
@@ -52,16 +51,14 @@ bool Items::AddStuff(std::string filename, bool ReSelect, int& InsertPoint) {
     AddByKind(details, InsertPoint);
 
     const int after = list.Count();
-    if (after == before) return;
+    if (after == before) throw Failure("nothing to list");
     if (ReSelect) {
       MEditSelNone_Click();
       SelectRowRange(InsertPoint - 1, after - before + InsertPoint - 1);
       list.EnsureVisible(InsertPoint);
     }
     document_.PlaylistChanged = true;
-    added = true;
   });
-  return added;
 }
 
 void Items::SaveFileArrayFromList(bool Mode) {

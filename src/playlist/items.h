@@ -23,15 +23,15 @@ class Items {
         thousands_separator_(std::move(thousands_separator)) {}
 
   // Adds a row for `filename` before row `Index`, or at the end if that is below 1. "Original Order" becomes
-  // `OrigIndex`, or the row's own index if that is 0. False when the list is full, the index is past its end, or a
-  // step failed (the row then stays with what was written).
-  bool AddFile(const std::string& filename, int Index, int OrigIndex);
+  // `OrigIndex`, or the row's own index if that is 0. Given up when the list is full, the index is past its end, or
+  // a step failed (the row then stays with what was written).
+  Outcome AddFile(const std::string& filename, int Index, int OrigIndex);
 
   // Expands what the user named (an audio file, a folder with all below it, a playlist) into rows before row
-  // `InsertPoint`, which becomes the end of the list if it is below 1. True when at least one row was added. After a
+  // `InsertPoint`, which becomes the end of the list if it is below 1. Done when at least one row was added. After a
   // playlist its folder is the current one.
-  bool AddStuff(std::string filename, bool ReSelect, int& InsertPoint);
-  bool AddStuff(const std::string& filename, bool ReSelect) {
+  Outcome AddStuff(std::string filename, bool ReSelect, int& InsertPoint);
+  Outcome AddStuff(const std::string& filename, bool ReSelect) {
     int at_the_end = 0;
     return AddStuff(filename, ReSelect, at_the_end);
   }

@@ -1,5 +1,6 @@
 #include "playlist/m3u_lines.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/code_page.h"
@@ -88,7 +89,7 @@ std::string HandOverLine(const FileSystem& files, const std::string& path) {
 }  // namespace
 
 bool IsPlaylistExtension(std::string_view extension) {
-  return extension == ".m3u" || extension == ".bm" || extension == kUtf8Playlist;
+  return std::ranges::find(PlaylistFilters(), "*" + std::string(extension)) != PlaylistFilters().end();
 }
 
 bool ReadPlaylistText(const FileSystem& files, std::string_view bytes, bool native, Collection& lines) {
@@ -108,9 +109,11 @@ bool ReadPlaylistText(const FileSystem& files, std::string_view bytes, bool nati
   return found;
 }
 
-bool ReadPlaylistLines(const FileSystem& files, const std::string& path, Collection& lines) {
-  const std::optional<std::string> bytes = ReadTextFile(files, path);
-  return bytes && ReadPlaylistText(files, *bytes, IsNativeForm(path), lines);
+Outcome ReadPlaylistLines(const FileSystem& files, const std::string& path, Collection& lines) {
+  std::string bytes;
+  const Outcome read = ReadTextFile(files, path, bytes);
+  if (!read || ReadPlaylistText(files, bytes, IsNativeForm(path), lines)) return read;
+  return Outcome::GivenUp("it names no audio file");
 }
 
 PlaylistText::PlaylistText(const FileSystem& files, const std::string& path, bool Relative)
@@ -132,13 +135,13 @@ void PlaylistText::Add(const std::string& folder, const std::string& name) {
   writer_.Append(native_ ? NativeLine(files_, item, line) + "\n" : line + "\r\n");
 }
 
-bool WritePlaylistLines(const FileSystem& files, const std::string& path, const Collection& paths, bool Relative) {
+Outcome WritePlaylistLines(const FileSystem& files, const std::string& path, const Collection& paths, bool Relative) {
   PlaylistText text(files, path, Relative);
   for (const std::string& item : paths) text.Add("", item);
   return text.Write();
 }
 
-bool WriteHandOver(const FileSystem& files, const std::string& path, const Collection& paths) {
+Outcome WriteHandOver(const FileSystem& files, const std::string& path, const Collection& paths) {
   TextWriter writer(files, path, TextWriter::Encoding::kUtf8);
   for (const std::string& item : paths) writer.Append(HandOverLine(files, item) + "\n");
   return writer.Commit();

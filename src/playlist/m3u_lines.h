@@ -13,14 +13,14 @@ namespace qublet {
 // Playlist files: plain lines of paths. ".m3u" is code page text with CR LF ends and paths in drive form; ".m3u8" is
 // UTF-8 with this system's own paths and line ends, so that every player here can open it.
 
-// Whether an extension (lower case, with its dot) is that of a playlist or of a bookmark file, which reads alike.
+// Whether an extension (lower case, with its dot) is among PlaylistFilters.
 bool IsPlaylistExtension(std::string_view extension);
 
 // Appends the lines of a playlist that name audio files: empty lines and lines that begin with "#" are skipped, and a
 // line is kept once for each extension of FileFilters that it holds anywhere, in any case. A drive letter becomes
 // lower case; a path in this system's own form becomes one in drive form, and an address ("http://...") stays what it
-// is. True when any was found; False too when the file can't be read.
-bool ReadPlaylistLines(const FileSystem& files, const std::string& path, Collection& lines);
+// is. Given up when the file can't be read or names no audio file.
+Outcome ReadPlaylistLines(const FileSystem& files, const std::string& path, Collection& lines);
 
 // The same on a playlist's content already in memory. `native` says that the paths are in this system's form.
 bool ReadPlaylistText(const FileSystem& files, std::string_view bytes, bool native, Collection& lines);
@@ -34,8 +34,8 @@ class PlaylistText {
 
   // Appends an item. The two parts of its path come apart, as rows hold them: most lines need no joined text.
   void Add(const std::string& folder, const std::string& name);
-  // Replaces the file by what was added; to be called once. False on any error; the old file is then as it was.
-  bool Write() { return writer_.Commit(); }
+  // Replaces the file by what was added; to be called once. On an error the old file is as it was.
+  Outcome Write() { return writer_.Commit(); }
 
  private:
   const FileSystem& files_;
@@ -45,11 +45,11 @@ class PlaylistText {
 };
 
 // Replaces `path` by a playlist of `paths`; see PlaylistText.
-bool WritePlaylistLines(const FileSystem& files, const std::string& path, const Collection& paths, bool Relative);
+Outcome WritePlaylistLines(const FileSystem& files, const std::string& path, const Collection& paths, bool Relative);
 
 // Replaces `path` (".m3u8") by a playlist that is handed to other programs, never one of the user's. Where paths have
 // no drives, a path with "#", "%", "?" or an end of line is an address there ("file:///m/a%231.mp3"): some players
 // take every line for one, and all of them read these.
-bool WriteHandOver(const FileSystem& files, const std::string& path, const Collection& paths);
+Outcome WriteHandOver(const FileSystem& files, const std::string& path, const Collection& paths);
 
 }  // namespace qublet

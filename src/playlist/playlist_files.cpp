@@ -36,7 +36,7 @@ bool PlaylistFiles::OpenPlaylistFile(bool Import) {
     document_.ListView1.Clear();
     document_.PlaylistChanged = false;
   }
-  const bool added = items_.AddStuff(*chosen, Import);
+  const bool added{items_.AddStuff(*chosen, Import)};
   if (added && !Import) {
     document_.CurrentPlaylist = NormalizedPath(*chosen);
     view_.ShowCaption();
@@ -136,25 +136,25 @@ bool PlaylistFiles::SavePlaylistFile(bool AsNew, bool Relative) {
   ResumeNext([&] {
     std::string target = document_.CurrentPlaylist;
     if ((AsNew || target.empty()) && !AskForTarget(Relative, target)) return;
-    saved = SaveTo(target, Relative ? LineForm::kRelative : LineForm::kFull);
+    saved = static_cast<bool>(SaveTo(target, Relative ? LineForm::kRelative : LineForm::kFull));
   });
   return saved;
 }
 
-bool PlaylistFiles::SaveTo(std::string target, LineForm form) {
-  bool saved = false;
-  ResumeNext([&] {
+Outcome PlaylistFiles::SaveTo(std::string target, LineForm form) {
+  return Attempt([&] {
     FileDetails details;
     GetFileDetails(services_.files, target, details);
-    saved = !CheckExists(details.Path) && WriteTo(details.Path, form);
+    services_.files.ToNative(details.Path);  // says so where no drive leads there
+    if (CheckExists(details.Path)) throw Failure("it is there, and not to be replaced");
+    WriteTo(details.Path, form).OrThrow();
   });
-  return saved;
 }
 
-bool PlaylistFiles::WriteTo(const std::string& path, LineForm form) {
+Outcome PlaylistFiles::WriteTo(const std::string& path, LineForm form) {
   const WaitCursor wait(services_.feedback);
   services_.feedback.ShowActivity("Saving file: " + path);
-  const bool written = WriteRows(path, form);
+  const Outcome written = WriteRows(path, form);
   if (written) {
     document_.CurrentPlaylist = path;
     view_.ShowCaption();
@@ -167,7 +167,7 @@ bool PlaylistFiles::WriteTo(const std::string& path, LineForm form) {
   return written;
 }
 
-bool PlaylistFiles::WriteRows(const std::string& path, LineForm form) {
+Outcome PlaylistFiles::WriteRows(const std::string& path, LineForm form) {
   const RowStore& rows = document_.ListView1;
   PlaylistText text(services_.files, path, form == LineForm::kRelative);
   for (int i = 1; i <= rows.Count(); ++i) {

@@ -24,7 +24,7 @@ class PlaylistFiles {
   // playlist from each line, and is cleared when the items have no common folder. True when the file was written.
   bool SavePlaylistFile(bool AsNew, bool Relative);
   // The rest of a save, once the target's name is known: asks before it replaces a file, writes, tells when it can't.
-  bool SaveTo(std::string target, LineForm form);
+  Outcome SaveTo(std::string target, LineForm form);
   // Offers to save a changed list that has rows. True tells the caller to proceed.
   bool PromptSaveFirst();
   // True when the file is there and the user refused to replace it, or when no drive leads there.
@@ -44,8 +44,8 @@ class PlaylistFiles {
   std::string ProposeRelativeName(const std::string& common, bool& Relative);
   std::string ProposeName(const std::string& common);
   std::string NameFor(const std::string& common);
-  bool WriteTo(const std::string& path, LineForm form);
-  bool WriteRows(const std::string& path, LineForm form);
+  Outcome WriteTo(const std::string& path, LineForm form);
+  Outcome WriteRows(const std::string& path, LineForm form);
   void AddRecent();
 
   Document& document_;

@@ -8,13 +8,13 @@
 
 namespace qublet {
 
-bool ReadRow(const FileSystem& files, const std::string& path, int original_order,
-             const std::string& thousands_separator, Row& row) {
+Outcome ReadRow(const FileSystem& files, const std::string& path, int original_order,
+                const std::string& thousands_separator, Row& row) {
   MediaInfo info;
   GetMediaInfo(files, path, info);
   if (!info.Valid && !Contains(path, ":")) ResumeNext([&] { CompleteFolder(files, info); });
   row.cells[kFileName] = std::move(info.FileName);
-  return Guarded([&] {
+  return Attempt([&] {
     if (Contains(info.Bitrate, "VBR")) info.Length = VbrLength(info.Size, info.Bitrate);
     row.cells[kTime] = FormatTime(info.Length);
     row.cells[kSize] = FormatSize(info.Size, thousands_separator);

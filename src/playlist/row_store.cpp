@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <stdexcept>
 
 namespace qublet {
 
@@ -28,6 +29,7 @@ void RowStore::ExpectPaths(int index) const {
 }
 
 void RowStore::SetListener(RowListener* listener) {
+  if (listener != nullptr && listener_ != nullptr) throw std::logic_error("the rows have a listener already");
   listener_ = listener;
   told_count_ = Count();
 }

@@ -53,6 +53,8 @@ class RowStore {
   RowStore(const RowStore&) = delete;
   RowStore& operator=(const RowStore&) = delete;
 
+  // There is one at most: the present one goes (nullptr) before another comes; anything else is a mistake of the
+  // program and throws std::logic_error.
   void SetListener(RowListener* listener);
 
   int Count() const { return static_cast<int>(rows_.size()); }

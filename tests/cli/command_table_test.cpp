@@ -8,6 +8,7 @@
 #include "cli/json_text.h"
 #include "playlist/paths/text.h"
 #include "support/cli_test_base.h"
+#include "support/ordinary_user.h"
 
 namespace qublet {
 namespace {
@@ -140,10 +141,22 @@ TEST_F(ListRows, TellsWhatIsMissingAndListsTheOthers) {
   EXPECT_EQ(Run({"list", "gone.mp3", "c:\\1.mp3", "notes.txt", "q:\\1.mp3", ""}), 1);
   EXPECT_EQ(Listed(), Collection{"c:\\1.mp3"});
   EXPECT_EQ(Err(),
-            "qublet: no such file or folder: gone.mp3\n"
-            "qublet: no such file or folder: q:\\1.mp3\n"
-            "qublet: no such file or folder: \n"
-            "qublet: nothing to list in: notes.txt\n");
+            "qublet: gone.mp3: no such file or folder\n"
+            "qublet: q:\\1.mp3: no such file or folder\n"
+            "qublet: : a path is empty\n"
+            "qublet: notes.txt: nothing to list\n");
+}
+
+TEST_F(ListRows, SaysWhyAPlaylistGivesNothing) {
+  Touch({"1.mp3"});
+  drives_.Write("empty.m3u", "#EXTM3U\r\n");
+  drives_.Write("secret.m3u", "c:\\1.mp3\r\n");
+  std::filesystem::permissions(drives_.C() / "secret.m3u", std::filesystem::perms::none);
+  const OrdinaryUser user(drives_.Root());
+  EXPECT_EQ(Run({"list", "empty.m3u", "secret.m3u"}), 1);
+  EXPECT_EQ(Err(),
+            "qublet: empty.m3u: it names no audio file\n"
+            "qublet: secret.m3u: permission denied\n");
 }
 
 TEST_F(ListRows, WantsAPathAndKnownOptions) {
@@ -177,8 +190,8 @@ TEST_F(ListRows, TellsWhenTheListIsFull) {
   EXPECT_EQ(Run({"list", "list.m3u", "1.mp3"}), 1);
   EXPECT_EQ(Listed().size(), 32767U);
   EXPECT_EQ(Err(),
-            "qublet: the list ends at row 32767, left out: the rest of list.m3u\n"
-            "qublet: the list ends at row 32767, left out: the rest of 1.mp3\n");
+            "qublet: list.m3u: the list ends at row 32767, the rest is left out\n"
+            "qublet: 1.mp3: the list ends at row 32767, the rest is left out\n");
 }
 
 TEST_F(SaveRows, WritesAPlaylist) {
@@ -237,9 +250,12 @@ TEST_F(SaveRows, SaysWhenTheFileCanNotBeWritten) {
   Touch({"1.mp3"});
   drives_.Write("old.m3u", "old");
   std::filesystem::permissions(drives_.C() / "old.m3u", std::filesystem::perms::owner_read);
-  for (const char* target : {"old.m3u", "missing/out.m3u", "q:\\out.m3u"}) {
+  const std::pair<std::string, std::string> refused[] = {{"old.m3u", "read-only"},
+                                                         {"missing/out.m3u", "no such file or folder"},
+                                                         {"q:\\out.m3u", "there is no drive q:"}};
+  for (const auto& [target, reason] : refused) {
     EXPECT_EQ(Run({"save", "--replace", target, "1.mp3"}), 1) << target;
-    EXPECT_EQ(Err(), "qublet: Unable to write to the specified file.\n") << target;
+    EXPECT_EQ(Err(), "qublet: " + target + ": " + reason + "\n");
   }
   EXPECT_EQ(drives_.Read("old.m3u"), "old");
 }

@@ -32,7 +32,7 @@ TEST_F(PlayerCommandsTest, PlayOpensWhatThePathsHold) {
 
 TEST_F(PlayerCommandsTest, PlaySaysWhatIsMissingAndPlaysTheRest) {
   EXPECT_EQ(Play({"gone.mp3", "m"}), 1);
-  EXPECT_EQ(err_.str(), "qublet: no such file or folder: gone.mp3\n");
+  EXPECT_EQ(err_.str(), "qublet: gone.mp3: no such file or folder\n");
   EXPECT_EQ(shell_.opened.size(), 1U);
 }
 
@@ -124,7 +124,7 @@ TEST_F(PlayerCommandsTest, PropertiesOfAFolderAreThoseOfAnUnsavedPlaylist) {
 TEST_F(PlayerCommandsTest, PropertiesOfNothingAreNone) {
   EXPECT_EQ(Properties({"gone"}), 1);
   EXPECT_EQ(out_.str(), "");
-  EXPECT_EQ(err_.str(), "qublet: no such file or folder: gone\n");
+  EXPECT_EQ(err_.str(), "qublet: gone: no such file or folder\n");
 }
 
 }  // namespace

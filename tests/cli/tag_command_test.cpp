@@ -106,9 +106,24 @@ TEST_F(TagCommandTest, GoesOnBehindAFileThatFails) {
   drives_.Write("a.mp3", kSong);
   EXPECT_EQ(Run({"--title", "c:\\missing.mp3", "c:\\a.mp3"}), 1);
   EXPECT_EQ(out_.str(), "Unknown Artist - Title\n");
-  EXPECT_TRUE(err_.str().starts_with("qublet: c:\\missing.mp3: "));
+  EXPECT_EQ(err_.str(), "qublet: c:\\missing.mp3: no such file or folder\n");
   EXPECT_EQ(Run({"--set", "V1Genre=256", "c:\\a.mp3"}), 1);
   EXPECT_EQ(drives_.Read("a.mp3"), kSong);
+}
+
+TEST_F(TagCommandTest, SaysWhyAFileDidNotChange) {
+  const std::string too_short = TagBytes(3, std::string(1000, 'x')).substr(0, 20);
+  drives_.Write("a.mp3", kSong);
+  drives_.Write("short.mp3", too_short);
+  std::filesystem::permissions(drives_.C() / "a.mp3", std::filesystem::perms(0444));
+  EXPECT_EQ(Run({"--set", "TIT2=x", "c:\\a.mp3", "c:\\short.mp3", "c:\\", "q:\\a.mp3"}), 1);
+  EXPECT_EQ(err_.str(),
+            "qublet: c:\\a.mp3: read-only\n"
+            "qublet: c:\\short.mp3: the tag claims to be longer than the file\n"
+            "qublet: c:\\: is a folder\n"
+            "qublet: q:\\a.mp3: no such file or folder\n");
+  EXPECT_EQ(drives_.Read("a.mp3"), kSong);
+  EXPECT_EQ(drives_.Read("short.mp3"), too_short);
 }
 
 TEST_F(TagCommandTest, RefusesWrongUse) {

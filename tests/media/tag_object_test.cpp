@@ -111,7 +111,7 @@ TEST_F(TagObjectTest, GivesTheTagsOfAFileWithoutAFrameAndNoStream) {
   EXPECT_EQ(tag.Stream().StreamVersion, "");
   EXPECT_EQ(tag.Stream().StreamLength, 0);
   EXPECT_THROW(tag.ReadStreamInfo(kSong), Failure);
-  bool ok = false;
+  Outcome ok;
   GetID3Tag(*files_, kSong, tag, ok);
   EXPECT_TRUE(ok);
 }
@@ -417,8 +417,8 @@ TEST_F(FolderWithoutAccessTest, RefusesWhateverWouldMoveTheAudio) {
 
 class WriteTagToFileTest : public TagObjectTest {
  protected:
-  bool Update(TagObject& tag, bool v1, bool v2, const std::string& path = kSong) {
-    bool ok = !v1;
+  Outcome Update(TagObject& tag, bool v1, bool v2, const std::string& path = kSong) {
+    Outcome ok = v1 ? Outcome() : Outcome::GivenUp("what was there before");
     WriteTagToFile(*files_, path, tag, v1, v2, ok);
     return ok;
   }
@@ -439,11 +439,11 @@ TEST_F(WriteTagToFileTest, WritesWhatIsCheckedAndStripsTheOther) {
 TEST_F(WriteTagToFileTest, RefusesFoldersMissingAndReadOnlyFiles) {
   Write(kTag3 + AudioBytes() + Id3v1Bytes("Old"));
   TagObject tag = Loaded();
-  EXPECT_FALSE(Update(tag, true, true, "c:\\missing.mp3"));
-  EXPECT_FALSE(Update(tag, true, true, "c:\\"));
+  EXPECT_EQ(Update(tag, true, true, "c:\\missing.mp3").Reason(), "no such file or folder");
+  EXPECT_EQ(Update(tag, true, true, "c:\\").Reason(), "is a folder");
   std::filesystem::permissions(drives_.C() / "song.mp3", std::filesystem::perms(0444));
-  EXPECT_FALSE(Update(tag, false, false));
-  EXPECT_FALSE(Update(tag, true, true));
+  EXPECT_EQ(Update(tag, false, false).Reason(), "read-only");
+  EXPECT_EQ(Update(tag, true, true).Reason(), "read-only");
   EXPECT_EQ(Content(), kTag3 + AudioBytes() + Id3v1Bytes("Old"));
 }
 
@@ -452,19 +452,23 @@ TEST_F(WriteTagToFileTest, KeepsACompletedFirstStepWhenTheSecondFails) {
   Write(strange);
   TagObject tag = Loaded();
   tag.SetV1Title("New");
-  EXPECT_FALSE(Update(tag, true, true));
+  EXPECT_EQ(Update(tag, true, true).Reason(), "it has a tag of an unknown kind");
   EXPECT_EQ(Content(), strange + Id3v1Bytes("New"));
 }
 
 TEST_F(WriteTagToFileTest, LoadsWhatGetID3TagIsGiven) {
   Write(kTag3 + AudioBytes());
   TagObject tag(*files_);
-  bool ok = false;
+  Outcome ok = Outcome::GivenUp("");
   GetID3Tag(*files_, kSong, tag, ok);
   EXPECT_TRUE(ok);
   EXPECT_EQ(tag.Frame("TPE1"), "Artist");
   GetID3Tag(*files_, "c:\\", tag, ok);
   EXPECT_FALSE(ok);
+  Write("no music");
+  ok = {};
+  GetID3Tag(*files_, kSong, tag, ok);
+  EXPECT_EQ(ok.Reason(), "no MPEG audio frame");
 }
 
 }  // namespace

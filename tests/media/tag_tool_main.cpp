@@ -113,9 +113,9 @@ void Update(const FileSystem& files, const std::string& path, const std::string&
   const bool v2 = tag.HasID3v2() || (!in_v1 && !field.empty());
   PutBack(tag);
   if (!field.empty()) Change(tag, field, text);
-  bool ok = false;
+  Outcome ok;
   WriteTagToFile(files, path, tag, v1, v2, ok);
-  if (!ok) throw Failure("not written: " + path);
+  if (!ok) throw Failure(ok.Reason(), path);
 }
 
 using Words = std::vector<std::string>;

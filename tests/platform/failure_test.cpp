@@ -62,6 +62,12 @@ TEST(Outcome, IsDoneUnlessItWasGivenUp) {
   EXPECT_FALSE(Outcome::GivenUp("")) << "without a word it is given up all the same";
 }
 
+TEST(Outcome, GoesOnAsAFailureWhereItIsWanted) {
+  EXPECT_NO_THROW(Outcome().OrThrow());
+  const Outcome refused = Outcome::GivenUp("read-only");
+  EXPECT_EQ(Attempt([&] { refused.OrThrow(); }).Reason(), "read-only");
+}
+
 TEST(Attempt, IsDoneWhenNothingIsThrown) {
   bool ran = false;
   EXPECT_TRUE(Attempt([&] { ran = true; }));

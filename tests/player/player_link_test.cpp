@@ -78,7 +78,11 @@ TEST_F(PlayerLinkTest, FindsTheProgramThatOpensPlaylistsIfItRuns) {
   EXPECT_EQ(link_.FindPlayerWindow(), "");
   players_.running = ":1.7";
   EXPECT_EQ(link_.FindPlayerWindow(), ":1.7");
-  EXPECT_EQ(players_.wanted, (std::vector<std::string>{"mpv", "mpv"}));
+  EXPECT_EQ(link_.PlayerWindow, ":1.7");
+  players_.running = "";
+  EXPECT_EQ(link_.FindPlayerWindow(), "");
+  EXPECT_EQ(link_.PlayerWindow, "") << "a player that has ended isn't kept";
+  EXPECT_EQ(players_.wanted, (std::vector<std::string>{"mpv", "mpv", "mpv"}));
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ class ItemsTest : public ListTestBase {
       ASSERT_TRUE(items_.AddFile("c:\\old\\" + std::to_string(i) + ".mp3", 0, 0));
     }
   }
-  bool Add(const std::string& path, bool reselect, int insert_point = 0) {
+  Outcome Add(const std::string& path, bool reselect, int insert_point = 0) {
     return items_.AddStuff(path, reselect, insert_point);
   }
 };

@@ -44,6 +44,15 @@ class RowStoreTest : public testing::Test {
   RecordingListener listener_{rows_};
 };
 
+TEST_F(RowStoreTest, HasOneListenerAndNeverSilentlyAnother) {
+  RowStore rows;
+  {
+    const RecordingListener first(rows);
+    EXPECT_THROW(RecordingListener second(rows), std::logic_error);
+  }
+  EXPECT_NO_THROW(RecordingListener third(rows));
+}
+
 TEST_F(RowStoreTest, InsertsBeforeARowAndTellsItOnce) {
   rows_.Insert(1, NamedRows({"1", "2"}));
   EXPECT_EQ(Names(), "1 2 a b c d");

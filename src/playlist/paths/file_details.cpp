@@ -38,16 +38,16 @@ bool FileExists(const FileSystem& files, const std::string& path) {
   return fits;
 }
 
-bool RenameFileSafe(const FileSystem& files, const std::string& from, const std::string& to) {
-  return Guarded([&] { files.Rename(from, to); });
+Outcome RenameFileSafe(const FileSystem& files, const std::string& from, const std::string& to) {
+  return Attempt([&] { files.Rename(from, to); });
 }
 
-bool DeleteFileSafe(const FileSystem& files, const std::string& path) {
-  return Guarded([&] { files.DeleteFile(path); });
+Outcome DeleteFileSafe(const FileSystem& files, const std::string& path) {
+  return Attempt([&] { files.DeleteFile(path); });
 }
 
-bool CopyFileSafe(const FileSystem& files, const std::string& source, const std::string& target) {
-  return Guarded([&] { files.CopyFile(source, target); });
+Outcome CopyFileSafe(const FileSystem& files, const std::string& source, const std::string& target) {
+  return Attempt([&] { files.CopyFile(source, target); });
 }
 
 }  // namespace qublet

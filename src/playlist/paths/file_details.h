@@ -6,8 +6,7 @@
 
 namespace qublet {
 
-// What a path leads to, and the plain operations on files. Paths are in drive form. Nothing here throws, and a False
-// doesn't say why.
+// What a path leads to, and the plain operations on files. Paths are in drive form. Nothing here throws.
 
 struct FileDetails {
   bool Exists = false;
@@ -24,9 +23,9 @@ void GetFileDetails(const FileSystem& files, std::string& path, FileDetails& det
 // fits it. False for "".
 bool FileExists(const FileSystem& files, const std::string& path);
 
-// True unless the operation failed. Renaming never replaces a file, copying does.
-bool RenameFileSafe(const FileSystem& files, const std::string& from, const std::string& to);
-bool DeleteFileSafe(const FileSystem& files, const std::string& path);
-bool CopyFileSafe(const FileSystem& files, const std::string& source, const std::string& target);
+// Renaming never replaces a file, copying does.
+Outcome RenameFileSafe(const FileSystem& files, const std::string& from, const std::string& to);
+Outcome DeleteFileSafe(const FileSystem& files, const std::string& path);
+Outcome CopyFileSafe(const FileSystem& files, const std::string& source, const std::string& target);
 
 }  // namespace qublet

@@ -199,6 +199,11 @@ const Collection& FileFilters() {
   return filters;
 }
 
+const Collection& PlaylistFilters() {
+  static const Collection filters = {"*.m3u", "*.m3u8", "*.bm"};
+  return filters;
+}
+
 void ListFolderFiles(const FileSystem& files, const std::string& folder, const std::string& filter,
                      Collection& results) {
   ResumeNext([&] {

@@ -11,6 +11,8 @@ namespace qublet {
 
 // What counts as an audio file: "*.mp3", "*.wav", "*.ogg", "*.wma".
 const Collection& FileFilters();
+// What counts as a playlist: "*.m3u", "*.m3u8", and "*.bm", a bookmark file, which reads alike.
+const Collection& PlaylistFilters();
 
 // Listing the files of folders. A filter is a pattern of "*" and "?", which fits names that aren't hidden whatever
 // their case, or a plain name, found as the file system finds it; both may have folders in front ("music\a.mp3").

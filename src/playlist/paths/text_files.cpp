@@ -14,7 +14,7 @@ constexpr std::int64_t kMaxTextBytes = std::int64_t{256} << 20;
 
 std::string WholeFile(const FileSystem& files, const std::string& path) {
   const auto file = files.OpenForReading(path);
-  if (file->Size() > kMaxTextBytes) throw Failure("too long for a text file", path);
+  if (file->Size() > kMaxTextBytes) throw Failure("too long for a text", path);
   std::string bytes(static_cast<std::size_t>(file->Size()), '\0');
   bytes.resize(file->ReadAt(0, {reinterpret_cast<std::uint8_t*>(bytes.data()), bytes.size()}));
   return bytes;
@@ -22,14 +22,12 @@ std::string WholeFile(const FileSystem& files, const std::string& path) {
 
 }  // namespace
 
-std::optional<std::string> ReadTextFile(const FileSystem& files, const std::string& path) {
-  std::optional<std::string> bytes;
-  ResumeNext([&] { bytes = WholeFile(files, path); });
-  return bytes;
+Outcome ReadTextFile(const FileSystem& files, const std::string& path, std::string& bytes) {
+  return Attempt([&] { bytes = WholeFile(files, path); });
 }
 
-bool WriteTextFile(const FileSystem& files, const std::string& path, std::string_view bytes) {
-  return Guarded([&] {
+Outcome WriteTextFile(const FileSystem& files, const std::string& path, std::string_view bytes) {
+  return Attempt([&] {
     const auto replacement = files.BeginReplacement(path);
     replacement->Write({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
     replacement->Commit();
@@ -50,8 +48,8 @@ Collection SplitLines(std::string_view text) {
   return lines;
 }
 
-bool ReadLinesFromFile(const FileSystem& files, Collection& lines, const std::string& path) {
-  return Guarded([&] {
+Outcome ReadLinesFromFile(const FileSystem& files, Collection& lines, const std::string& path) {
+  return Attempt([&] {
     for (std::string& line : SplitLines(DecodeText(WholeFile(files, path)))) lines.push_back(std::move(line));
   });
 }
@@ -65,11 +63,11 @@ std::string EncodeLines(const Collection& lines) {
   return EncodeText(std::move(text));
 }
 
-bool WriteLinesToFile(const FileSystem& files, const std::string& path, const Collection& lines) {
+Outcome WriteLinesToFile(const FileSystem& files, const std::string& path, const Collection& lines) {
   return WriteTextFile(files, path, EncodeLines(lines));
 }
 
-bool WriteLinesToFileChecked(const FileSystem& files, const Collection& lines, const std::string& path) {
+Outcome WriteLinesToFileChecked(const FileSystem& files, const Collection& lines, const std::string& path) {
   return WriteLinesToFile(files, path, lines);
 }
 

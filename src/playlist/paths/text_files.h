@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -9,12 +8,12 @@
 
 namespace qublet {
 
-// Whole text files, read and replaced at once. Nothing here throws, and a False doesn't say why.
+// Whole text files, read and replaced at once. Nothing here throws.
 
-// Bytes of a file; nothing when it can't be read or is longer than 256 MiB, which no text of this program is.
-std::optional<std::string> ReadTextFile(const FileSystem& files, const std::string& path);
+// Puts a file's bytes into `bytes`. Given up for a file longer than 256 MiB, which no text of this program is.
+Outcome ReadTextFile(const FileSystem& files, const std::string& path, std::string& bytes);
 // Creates or replaces `path`; on a failure the present file is as it was.
-bool WriteTextFile(const FileSystem& files, const std::string& path, std::string_view bytes);
+Outcome WriteTextFile(const FileSystem& files, const std::string& path, std::string_view bytes);
 
 // The lines of a text. CR LF, LF and CR end a line; a last line without an end counts, nothing behind the last end
 // doesn't.
@@ -23,12 +22,12 @@ Collection SplitLines(std::string_view text);
 std::string_view TakeLine(std::string_view& text);
 
 // Appends every line of a file to `lines`, empty ones included. The bytes are UTF-8 or code page (see DecodeText).
-bool ReadLinesFromFile(const FileSystem& files, Collection& lines, const std::string& path);
+Outcome ReadLinesFromFile(const FileSystem& files, Collection& lines, const std::string& path);
 
 // One line per item, CR LF at the end of each, encoded by EncodeText.
 std::string EncodeLines(const Collection& lines);
 // Creates or replaces `path` with them.
-bool WriteLinesToFile(const FileSystem& files, const std::string& path, const Collection& lines);
-bool WriteLinesToFileChecked(const FileSystem& files, const Collection& lines, const std::string& path);
+Outcome WriteLinesToFile(const FileSystem& files, const std::string& path, const Collection& lines);
+Outcome WriteLinesToFileChecked(const FileSystem& files, const Collection& lines, const std::string& path);
 
 }  // namespace qublet

@@ -19,22 +19,25 @@ void TextWriter::WriteAhead() {
   }
   const char last = text_.back();
   text_.pop_back();
-  failed_ = failed_ || !Write(text_);
+  Write(text_);
   text_.assign(1, last);
 }
 
-bool TextWriter::Write(std::string_view bytes) {
-  return Guarded([&] {
+// After an error nothing more is tried.
+void TextWriter::Write(std::string_view bytes) {
+  if (!so_far_) return;
+  so_far_ = Attempt([&] {
     if (!file_) file_ = files_.BeginReplacement(path_);
     file_->Write({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
   });
 }
 
-bool TextWriter::Commit() {
+Outcome TextWriter::Commit() {
   if (encoding_ == Encoding::kText) text_ = EncodeText(std::move(text_));
-  const bool done = !failed_ && Write(text_) && Guarded([&] { file_->Commit(); });
+  Write(text_);
+  if (so_far_) so_far_ = Attempt([&] { file_->Commit(); });
   file_.reset();
-  return done;
+  return so_far_;
 }
 
 }  // namespace qublet

@@ -26,12 +26,12 @@ class TextWriter {
     text_.append(text);
     if (text_.size() >= next_) WriteAhead();
   }
-  // Replaces the file by all that was appended; to be called once. False on any error on the way.
-  bool Commit();
+  // Replaces the file by all that was appended; to be called once. Given up on any error on the way.
+  Outcome Commit();
 
  private:
   void WriteAhead();
-  bool Write(std::string_view bytes);
+  void Write(std::string_view bytes);
 
   const FileSystem& files_;
   const std::string path_;
@@ -39,7 +39,7 @@ class TextWriter {
   std::unique_ptr<FileReplacement> file_;  // once something was written
   std::string text_;                       // what wasn't yet
   std::size_t next_ = kPiece;              // its size in bytes at which some of it may be
-  bool failed_ = false;
+  Outcome so_far_;
 };
 
 }  // namespace qublet

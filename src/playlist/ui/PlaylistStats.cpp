@@ -26,8 +26,7 @@ void PlaylistStats::ShowPlaceHolders() {
 void PlaylistStats::Timer1_Timer() {
   Timer1.stop();
   const Statistics statistics = gather_();
-  for (const StatisticsLine& line : StatisticsLines(statistics, thousands_separator_))
-    ShowFigure(line, line.text);
+  for (const StatisticsLine& line : StatisticsLines(statistics, thousands_separator_)) ShowFigure(line, line.text);
   Morethanwarn->setText(QString::fromStdString(StatisticsNote(statistics)));
   MakeRoom();
   unsetCursor();

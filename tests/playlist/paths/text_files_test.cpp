@@ -95,26 +95,34 @@ TEST_F(TextFiles, ComeBackAsTheyWereWritten) {
 TEST_F(TextFiles, AnswerFalseWhereNothingCanBeRead) {
   drives_.Write("folder/a", "x");
   Collection lines = {"before"};
+  std::string bytes = "before";
   for (const char* path : {"c:\\missing", "c:\\folder", "q:\\a", ""}) {
     EXPECT_FALSE(ReadLinesFromFile(*files_, lines, path)) << path;
-    EXPECT_FALSE(ReadTextFile(*files_, path).has_value()) << path;
+    EXPECT_FALSE(ReadTextFile(*files_, path, bytes)) << path;
   }
   EXPECT_EQ(lines, Collection{"before"});
+  EXPECT_EQ(bytes, "before");
+  EXPECT_EQ(ReadTextFile(*files_, "c:\\missing", bytes).Reason(), "no such file or folder");
+  EXPECT_EQ(ReadTextFile(*files_, "q:\\a", bytes).Reason(), "there is no drive q:");
 }
 
 TEST_F(TextFiles, GiveAllBytesAndAnEmptyFileIsNoFailure) {
   const std::string bytes("a\0\r\n\xFF", 5);
   EXPECT_TRUE(WriteTextFile(*files_, "c:\\a", bytes));
-  EXPECT_EQ(ReadTextFile(*files_, "c:\\a"), bytes);
+  std::string read;
+  EXPECT_TRUE(ReadTextFile(*files_, "c:\\a", read));
+  EXPECT_EQ(read, bytes);
   drives_.Write("empty", "");
-  EXPECT_EQ(ReadTextFile(*files_, "c:\\empty"), "");
+  EXPECT_TRUE(ReadTextFile(*files_, "c:\\empty", read));
+  EXPECT_EQ(read, "");
   EXPECT_EQ(LinesOf("c:\\empty"), Collection{});
 }
 
 TEST_F(TextFiles, OfMoreThan256MebibytesAreRefused) {
   drives_.Write("huge", "");
   std::filesystem::resize_file(drives_.C() / "huge", (std::uintmax_t{256} << 20) + 1);
-  EXPECT_FALSE(ReadTextFile(*files_, "c:\\huge").has_value());
+  std::string bytes;
+  EXPECT_EQ(ReadTextFile(*files_, "c:\\huge", bytes).Reason(), "too long for a text");
 }
 
 }  // namespace
