@@ -2,8 +2,8 @@
 
 import zlib
 
-from tag_corpus import (CODECS, LATIN1, LETTERS, PNG, ape, audio, described, frame, lyrics, picture, syncsafe,
-                        tag, text, v1)
+from tag_bytes import (CODECS, LATIN1, LETTERS, PNG, ape, audio, described, frame, lyrics, picture, syncsafe,
+                       tag, text, v1)
 from tag_shapes import (BEHIND, FRAME_FLAGS, Shape, cut_frame, flagged, inside, name_in, neighbours, odd_frame, outside,
                         subset)
 

@@ -8,8 +8,8 @@ import struct
 import zlib
 from dataclasses import dataclass, field
 
-from tag_corpus import (CODECS, LATIN1, OLD_IDS, PNG, ape, audio, described, frame, lyrics, picture, string,
-                        syncsafe, tag, text, unsynchronised, v1)
+from tag_bytes import (CODECS, LATIN1, OLD_IDS, PNG, ape, audio, described, frame, lyrics, picture, string,
+                       syncsafe, tag, text, unsynchronised, v1)
 
 SIZES = (0, 1, 127, 128, 255, 256, 16383, 16384, 65536)
 BEHIND = ("nothing", "padding", "junk", "cut frame", "odd id", "second tag", "ape", "lyrics")

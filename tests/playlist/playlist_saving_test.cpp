@@ -1,24 +1,8 @@
-#include "playlist/playlist_files.h"
-
-#include <gtest/gtest.h>
-
-#include "playlist/paths/path_text.h"
-#include "support/list_test_base.h"
-#include "support/scripted_dialogs.h"
-#include "support/stopped_clock.h"
+#include "playlist/playlist_files_test_base.h"
 
 namespace qublet {
 namespace {
 
-using Message = ScriptedDialogs::Message;
-using Messages = std::vector<Message>;
-using Shown = std::vector<std::string>;
-
-constexpr const char* kFilter = "M3U Playlist Files (*.m3u)|*.m3u|M3U8 Playlist Files (*.m3u8)|*.m3u8|";
-
-Message SaveFirst() {
-  return {"Do you want to save the current playlist first?", MessageIcon::kQuestion, MessageButtons::kYesNoCancel};
-}
 Message Replace(const std::string& path) {
   return {path + " exists, do you want to replace it?", MessageIcon::kQuestion, MessageButtons::kYesNoCancel};
 }
@@ -31,65 +15,10 @@ Message NoCommonRoot() {
 Message NotWritten() {
   return {"Unable to write to the specified file.", MessageIcon::kStop, MessageButtons::kOk};
 }
-Message RecentGone() {
-  return {"Could not open the file, check that it hasnt been moved, renamed or deleted!", MessageIcon::kStop,
-          MessageButtons::kOk};
-}
 
-class PlaylistFilesTest : public ListTestBase {
- protected:
-  PlaylistFilesTest() {
-    LoadDefaultSettings(settings_, {});
-    Touch({"m/a/1.mp3", "m/b/2.mp3", "x/3.mp3"});
-    TemporaryDrives::WriteAt(drives_.D() / "4.mp3", "abc");
-    drives_.Write("one.m3u", "c:\\m\\a\\1.mp3\r\n");
-    drives_.Write("two.m3u", "c:\\m\\a\\1.mp3\r\nc:\\m\\b\\2.mp3\r\n");
-    drives_.Write("none.m3u", "#EXTM3U\r\n");
-  }
-
-  void Add(const std::string& path) { ASSERT_TRUE(items_.AddStuff(path, false)); }
-  bool Open(const std::string& path) {
-    dialogs_.open_names.emplace_back(path);
-    playlist_files_.MFileOpen_Click();
-    return document_.CurrentPlaylist == NormalizedPath(path);
-  }
-  bool Import(const std::string& path) {
-    dialogs_.open_names.emplace_back(path);
-    return playlist_files_.OpenPlaylistFile(true);
-  }
-  // Saves under a name that the dialog gives.
-  bool SaveAs(const std::string& path, bool relative = false) {
-    dialogs_.save_names.emplace_back(path);
-    return playlist_files_.SavePlaylistFile(true, relative);
-  }
-  bool Save() { return playlist_files_.SavePlaylistFile(false, false); }
-  // What a save dialog starts from, which is then cancelled.
-  std::string Proposed(bool as_new, bool relative) {
-    EXPECT_FALSE(playlist_files_.SavePlaylistFile(as_new, relative));
-    return dialogs_.save_requests.empty() ? "no dialog" : dialogs_.save_requests.back().file_name;
-  }
-  void MakeReadOnly(const std::string& name) const {
-    std::filesystem::permissions(drives_.C() / name, std::filesystem::perms::owner_read);
-  }
-
-  AppSettings settings_;
-  ScriptedDialogs& dialogs_ = fakes_.dialogs;
-  PlaylistFiles playlist_files_{document_, items_, settings_, services_, view_};
-};
-
-using Caption = PlaylistFilesTest;
 using SavePlaylistFile = PlaylistFilesTest;
-using OpenPlaylistFile = PlaylistFilesTest;
-using ImportPlaylist = PlaylistFilesTest;
-using RecentEntry = PlaylistFilesTest;
 using PromptSaveFirst = PlaylistFilesTest;
 using CheckExists = PlaylistFilesTest;
-using NewPlaylist = PlaylistFilesTest;
-
-TEST_F(Caption, IsTheTitleWithTheNameInBracketsAndNoBlank) {
-  EXPECT_EQ(CaptionText("Title v2.1b", ""), "Title v2.1b");
-  EXPECT_EQ(CaptionText("Title v2.1b", "c:\\m\\My List.m3u"), "Title v2.1b[My List.m3u]");
-}
 
 TEST_F(SavePlaylistFile, DoesNothingForAnEmptyList) {
   document_.CurrentPlaylist = "c:\\one.m3u";
@@ -288,179 +217,6 @@ TEST_F(SavePlaylistFile, WritesM3u8AndOpensItAgain) {
   EXPECT_EQ(Paths(), (Collection{"c:\\m\\a\\1.mp3", "c:\\m\\b\\2.mp3"}));
 }
 
-TEST_F(OpenPlaylistFile, EmptiesTheListOpensTheFileAndDeselects) {
-  Add("d:\\4.mp3");
-  document_.PlaylistChanged = false;
-  document_.CurrentPlaylist = "d:\\old.m3u";
-  view_.shown.clear();
-  dialogs_.open_names.emplace_back("C:\\two.m3u");
-  EXPECT_TRUE(playlist_files_.OpenPlaylistFile(false));
-  EXPECT_EQ(Names(), "1.mp3 2.mp3");
-  EXPECT_EQ(Selection(), "--");
-  EXPECT_EQ(Orders(), "1 2");
-  EXPECT_EQ(document_.CurrentPlaylist, "c:\\two.m3u");
-  EXPECT_EQ(document_.RecentFiles, Collection{"c:\\two.m3u"});
-  EXPECT_EQ(view_.shown, (Shown{"caption", "recent", "click"}));
-  EXPECT_EQ(dialogs_.open_requests.at(0).file_name, "");
-  EXPECT_EQ(dialogs_.open_requests.at(0).filter, kFilter);
-  EXPECT_EQ(dialogs_.open_requests.at(0).default_extension, "m3u");
-  EXPECT_TRUE(dialogs_.messages.empty());
-}
-
-TEST_F(OpenPlaylistFile, LeavesNothingToSave) {
-  EXPECT_TRUE(Open("c:\\two.m3u"));
-  EXPECT_FALSE(document_.PlaylistChanged);
-}
-
-TEST_F(OpenPlaylistFile, ChangesNothingWhenTheDialogIsCancelled) {
-  Add("c:\\m");
-  playlist_files_.MFileOpen_Click();
-  EXPECT_TRUE(dialogs_.messages.empty()) << "the user picks a file first and is asked about the old list after";
-  EXPECT_EQ(Rows().Count(), 2);
-  EXPECT_TRUE(document_.PlaylistChanged);
-}
-
-TEST_F(OpenPlaylistFile, OffersToSaveTheOldListOnceAFileIsPicked) {
-  Add("c:\\m");
-  EXPECT_FALSE(Open("c:\\one.m3u")) << "the answer is Cancel";
-  EXPECT_EQ(dialogs_.messages, Messages{SaveFirst()});
-  EXPECT_EQ(Rows().Count(), 2);
-  EXPECT_TRUE(document_.PlaylistChanged);
-
-  dialogs_.answers = {MessageAnswer::kYes};
-  EXPECT_FALSE(Open("c:\\one.m3u")) << "the save is cancelled";
-  EXPECT_EQ(Rows().Count(), 2);
-
-  dialogs_.answers = {MessageAnswer::kYes};
-  dialogs_.save_names.emplace_back("c:\\saved.m3u");
-  EXPECT_TRUE(Open("c:\\one.m3u"));
-  EXPECT_EQ(drives_.Read("saved.m3u"), "c:\\m\\a\\1.mp3\r\nc:\\m\\b\\2.mp3\r\n");
-  EXPECT_EQ(Names(), "1.mp3");
-
-  Add("c:\\m");
-  dialogs_.answers = {MessageAnswer::kNo};
-  EXPECT_TRUE(Open("c:\\two.m3u"));
-  EXPECT_EQ(Rows().Count(), 2);
-  EXPECT_EQ(document_.RecentFiles, (Collection{"c:\\saved.m3u", "c:\\one.m3u", "c:\\two.m3u"}));
-}
-
-TEST_F(OpenPlaylistFile, LeavesAnEmptyListAndTheOldNameWhenAFileGivesNoRows) {
-  Open("c:\\one.m3u");
-  for (const char* path : {"c:\\none.m3u", "c:\\missing.m3u"}) {
-    EXPECT_FALSE(Open(path));
-    EXPECT_EQ(Rows().Count(), 0);
-    EXPECT_EQ(document_.CurrentPlaylist, "c:\\one.m3u");
-    EXPECT_FALSE(document_.PlaylistChanged);
-  }
-  EXPECT_EQ(document_.RecentFiles, Collection{"c:\\one.m3u"});
-  EXPECT_TRUE(dialogs_.messages.empty());
-}
-
-TEST_F(OpenPlaylistFile, LeavesTheOldestFirstAndAKnownFileInItsPlace) {
-  Open("c:\\one.m3u");
-  Open("c:\\two.m3u");
-  Open("C:\\one.m3u");
-  EXPECT_EQ(document_.RecentFiles, (Collection{"c:\\one.m3u", "c:\\two.m3u"}));
-}
-
-TEST_F(ImportPlaylist, AddsToTheListAndKeepsItsFile) {
-  Open("c:\\one.m3u");
-  view_.shown.clear();
-  EXPECT_TRUE(Import("c:\\two.m3u"));
-  EXPECT_EQ(Names(), "1.mp3 1.mp3 2.mp3");
-  EXPECT_EQ(Selection(), "---");
-  EXPECT_EQ(Orders(), "1 2 3");
-  EXPECT_EQ(document_.CurrentPlaylist, "c:\\one.m3u");
-  EXPECT_EQ(document_.RecentFiles, Collection{"c:\\one.m3u"});
-  EXPECT_TRUE(document_.PlaylistChanged);
-  EXPECT_EQ(std::count(view_.shown.begin(), view_.shown.end(), "caption"), 0);
-  EXPECT_TRUE(dialogs_.messages.empty());
-
-  dialogs_.answers = {MessageAnswer::kYes};
-  EXPECT_TRUE(Save());
-  EXPECT_EQ(drives_.Read("one.m3u"), "c:\\m\\a\\1.mp3\r\nc:\\m\\a\\1.mp3\r\nc:\\m\\b\\2.mp3\r\n");
-}
-
-TEST_F(ImportPlaylist, CountsAsAChangeThoughNoRowsCome) {
-  Open("c:\\one.m3u");
-  EXPECT_FALSE(Import("c:\\none.m3u"));
-  EXPECT_TRUE(document_.PlaylistChanged);
-  EXPECT_EQ(Names(), "1.mp3");
-}
-
-TEST_F(ImportPlaylist, ChangesNothingWhenTheDialogIsCancelled) {
-  Open("c:\\one.m3u");
-  EXPECT_FALSE(playlist_files_.OpenPlaylistFile(true));
-  EXPECT_FALSE(document_.PlaylistChanged);
-  EXPECT_EQ(Names(), "1.mp3");
-}
-
-TEST_F(ImportPlaylist, StartsTheDialogInItsOwnFolderIfThatIsThere) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"c:\\m", "c:\\m*.m3u"}, {"  c:\\m\\ ", "c:\\m\\*.m3u"}, {"c:\\missing", ""}, {"", ""}, {"   ", ""}};
-  for (const auto& [folder, expected] : cases) {
-    settings_.Idir = folder;
-    playlist_files_.OpenPlaylistFile(true);
-    EXPECT_EQ(dialogs_.open_requests.back().file_name, expected) << folder;
-  }
-  settings_.Idir = "c:\\m";
-  playlist_files_.OpenPlaylistFile(false);
-  EXPECT_EQ(dialogs_.open_requests.back().file_name, "");
-}
-
-TEST_F(RecentEntry, OpensByItsPlaceInTheMenuAndLeavesTheRowsSelected) {
-  document_.RecentFiles = {"c:\\two.m3u", "c:\\one.m3u"};
-  playlist_files_.MFileRecent_Click(2);
-  EXPECT_EQ(Names(), "1.mp3 2.mp3");
-  EXPECT_EQ(Selection(), "xx");
-  EXPECT_EQ(document_.CurrentPlaylist, "c:\\two.m3u");
-  EXPECT_FALSE(document_.PlaylistChanged);
-  EXPECT_EQ(std::count(view_.shown.begin(), view_.shown.end(), "caption"), 1);
-  playlist_files_.MFileRecent_Click(1);
-  EXPECT_EQ(Names(), "1.mp3");
-  EXPECT_EQ(document_.CurrentPlaylist, "c:\\one.m3u");
-  EXPECT_EQ(document_.RecentFiles, (Collection{"c:\\two.m3u", "c:\\one.m3u"}));
-  EXPECT_TRUE(dialogs_.messages.empty());
-}
-
-TEST_F(RecentEntry, OffersToSaveFirst) {
-  document_.RecentFiles = {"c:\\one.m3u"};
-  Add("c:\\m");
-  playlist_files_.MFileRecent_Click(1);
-  EXPECT_EQ(dialogs_.messages, Messages{SaveFirst()});
-  EXPECT_EQ(Rows().Count(), 2);
-  dialogs_.answers = {MessageAnswer::kNo};
-  playlist_files_.MFileRecent_Click(1);
-  EXPECT_EQ(Rows().Count(), 1);
-}
-
-TEST_F(RecentEntry, SaysWhenItsFileIsGoneAndKeepsListAndEntry) {
-  document_.RecentFiles = {"c:\\gone.m3u"};
-  Add("c:\\m");
-  document_.PlaylistChanged = false;
-  playlist_files_.MFileRecent_Click(1);
-  EXPECT_EQ(dialogs_.messages, Messages{RecentGone()});
-  EXPECT_EQ(Rows().Count(), 2);
-  EXPECT_EQ(document_.RecentFiles, Collection{"c:\\gone.m3u"});
-}
-
-TEST_F(RecentEntry, EmptiesTheListAndKeepsTheNameWhenItsFileGivesNoRows) {
-  document_.RecentFiles = {"c:\\none.m3u"};
-  Open("c:\\one.m3u");
-  playlist_files_.MFileRecent_Click(2);
-  EXPECT_EQ(Rows().Count(), 0);
-  EXPECT_EQ(document_.CurrentPlaylist, "c:\\one.m3u");
-  EXPECT_FALSE(document_.PlaylistChanged);
-}
-
-TEST_F(RecentEntry, DoesNothingBeyondTheList) {
-  Add("c:\\m");
-  document_.PlaylistChanged = false;
-  for (const int index : {-1, 0, 1, 20}) playlist_files_.MFileRecent_Click(index);
-  EXPECT_EQ(Rows().Count(), 2);
-  EXPECT_TRUE(dialogs_.messages.empty());
-}
-
 TEST_F(PromptSaveFirst, ProceedsWithoutAQuestionWhenThereIsNothingToSave) {
   EXPECT_TRUE(playlist_files_.PromptSaveFirst());
   document_.PlaylistChanged = true;
@@ -514,28 +270,6 @@ TEST_F(CheckExists, RefusesInSilenceWhatCanNotBeAskedFor) {
   Add("c:\\m");
   EXPECT_FALSE(SaveAs("q:\\a.m3u"));
   EXPECT_TRUE(dialogs_.messages.empty());
-}
-
-TEST_F(NewPlaylist, EmptiesListNameAndFlag) {
-  Open("c:\\two.m3u");
-  view_.shown.clear();
-  playlist_files_.MFileNew_Click();
-  EXPECT_EQ(Rows().Count(), 0);
-  EXPECT_EQ(document_.CurrentPlaylist, "");
-  EXPECT_FALSE(document_.PlaylistChanged);
-  EXPECT_EQ(view_.shown, (Shown{"click", "caption"}));
-  EXPECT_EQ(document_.RecentFiles, Collection{"c:\\two.m3u"});
-}
-
-TEST_F(NewPlaylist, OffersToSaveFirst) {
-  Add("c:\\m");
-  playlist_files_.MFileNew_Click();
-  EXPECT_EQ(dialogs_.messages, Messages{SaveFirst()});
-  EXPECT_EQ(Rows().Count(), 2);
-  dialogs_.answers = {MessageAnswer::kNo};
-  playlist_files_.MFileNew_Click();
-  EXPECT_EQ(Rows().Count(), 0);
-  EXPECT_FALSE(document_.PlaylistChanged);
 }
 
 }  // namespace
