@@ -13,6 +13,8 @@ int main(int argc, char** argv) {
   qublet::Engine engine(system.With(dialogs, feedback), system.FindPlaces(), ",");
   int code = qublet::RunCommand(qublet::CommandLineArguments(argc, argv), engine, dialogs, std::cout, std::cerr);
   // A reader that went away or a full disk isn't "done".
-  if (!std::cout.flush() && code == qublet::kDone) code = qublet::kCouldNot;
+  if (!std::cout.flush() && code == qublet::kDone) {
+    code = qublet::Complain(std::cerr, "the output can't be written", qublet::kCouldNot);
+  }
   return code;
 }

@@ -150,7 +150,7 @@ Patch HeadPatch(InputFile& present, const EndsChange& change) {
   Bytes head = change.head;
   const bool fits = head.empty() || PadTag(head, static_cast<std::size_t>(change.old_head));
   if (!fits || static_cast<std::int64_t>(head.size()) != change.old_head) {
-    throw Failure("the audio would have to move");
+    throw Failure("its folder can't be written, and the audio would have to move");
   }
   const Bytes old = ReadBytes(present, change.before, change.old_head);
   Check(old.size() == head.size());

@@ -21,25 +21,18 @@ void GetID3Tag(const FileSystem& files, const std::string& mp3_file, TagObject& 
   });
 }
 
-void WriteTags(const FileSystem& files, const std::string& path, TagObject& tag, bool id3v1_present,
-               bool id3v2_present) {
+void RefuseUnwritable(const FileSystem& files, const std::string& path) {
   RefuseAllButFiles(files, path);
   if (files.IsReadOnly(path)) throw Failure("read-only", path);
-  if (id3v1_present) {
-    tag.WriteID3v1(path);
-  } else {
-    tag.RemoveID3v1(path);
-  }
-  if (id3v2_present) {
-    tag.WriteID3v2(path);
-  } else {
-    tag.RemoveID3v2(path);
-  }
 }
 
 void WriteTagToFile(const FileSystem& files, const std::string& path, TagObject& tag, bool id3v1_present,
                     bool id3v2_present, Outcome& ok) {
-  ok = Attempt([&] { WriteTags(files, path, tag, id3v1_present, id3v2_present); });
+  ok = Attempt([&] {
+    RefuseUnwritable(files, path);
+    id3v1_present ? tag.WriteID3v1(path) : tag.RemoveID3v1(path);
+    id3v2_present ? tag.WriteID3v2(path) : tag.RemoveID3v2(path);
+  });
 }
 
 }  // namespace qublet

@@ -13,11 +13,11 @@ namespace qublet {
 // stream fails.
 void GetID3Tag(const FileSystem& files, const std::string& mp3_file, TagObject& tag, Outcome& ok);
 
+// Throws Failure with the reason when the tags of the file can't be written: it isn't there, a folder, or read-only.
+void RefuseUnwritable(const FileSystem& files, const std::string& path);
+
 // Writes each tag that is to be present and strips the other from the file. A read-only file isn't touched. When the
-// ID3v2 step fails, a completed ID3v1 step stays in the file. Throws Failure with the reason.
-void WriteTags(const FileSystem& files, const std::string& path, TagObject& tag, bool id3v1_present,
-               bool id3v2_present);
-// The same for callers who only want to know whether it worked; nothing is thrown.
+// ID3v2 step fails, a completed ID3v1 step stays in the file. Nothing is thrown.
 void WriteTagToFile(const FileSystem& files, const std::string& path, TagObject& tag, bool id3v1_present,
                     bool id3v2_present, Outcome& ok);
 

@@ -102,6 +102,15 @@ TEST_F(TagCommandTest, SaysWhyATagIsNotWritten) {
   EXPECT_EQ(err_.str(), "qublet: c:\\c.mp3: read-only\n");
 }
 
+TEST_F(TagCommandTest, LeavesAFileAsItWasWhenAChangeOfBothTagsIsRefused) {
+  const std::string strange = TagBytes(5, "new") + AudioBytes();
+  drives_.Write("a.mp3", strange);
+  EXPECT_EQ(Run({"--set", "V1Title=New", "--set", "TIT2=New", "c:\\a.mp3"}), 1);
+  EXPECT_EQ(drives_.Read("a.mp3"), strange);
+  EXPECT_EQ(Run({"--set", "V1Title=New", "c:\\a.mp3"}), 0) << "the other tag isn't asked for";
+  EXPECT_EQ(drives_.Read("a.mp3"), strange + Id3v1Bytes("New"));
+}
+
 TEST_F(TagCommandTest, GoesOnBehindAFileThatFails) {
   drives_.Write("a.mp3", kSong);
   EXPECT_EQ(Run({"--title", "c:\\missing.mp3", "c:\\a.mp3"}), 1);

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 
-#include "media/tag_file.h"
 #include "support/ordinary_user.h"
 #include "support/tag_bytes.h"
 #include "support/temporary_drives.h"
@@ -111,9 +110,6 @@ TEST_F(TagObjectTest, GivesTheTagsOfAFileWithoutAFrameAndNoStream) {
   EXPECT_EQ(tag.Stream().StreamVersion, "");
   EXPECT_EQ(tag.Stream().StreamLength, 0);
   EXPECT_THROW(tag.ReadStreamInfo(kSong), Failure);
-  Outcome ok;
-  GetID3Tag(*files_, kSong, tag, ok);
-  EXPECT_TRUE(ok);
 }
 
 TEST_F(TagObjectTest, ForgetsTheStreamOfTheFileBefore) {
@@ -413,62 +409,6 @@ TEST_F(FolderWithoutAccessTest, RefusesWhateverWouldMoveTheAudio) {
   tag.SetFrame("TIT2", "A title that is much longer than the one before it");
   EXPECT_THROW(tag.WriteID3v2(kSong), Failure);
   EXPECT_EQ(Content(), kTag3 + AudioBytes());
-}
-
-class WriteTagToFileTest : public TagObjectTest {
- protected:
-  Outcome Update(TagObject& tag, bool v1, bool v2, const std::string& path = kSong) {
-    Outcome ok = v1 ? Outcome() : Outcome::GivenUp("what was there before");
-    WriteTagToFile(*files_, path, tag, v1, v2, ok);
-    return ok;
-  }
-};
-
-TEST_F(WriteTagToFileTest, WritesWhatIsCheckedAndStripsTheOther) {
-  Write(kTag3 + AudioBytes() + Id3v1Bytes("Old"));
-  TagObject tag = Loaded();
-  EXPECT_TRUE(Update(tag, true, false));
-  EXPECT_EQ(Content(), AudioBytes() + Id3v1Bytes("Old"));
-  EXPECT_TRUE(Update(tag, false, true));
-  EXPECT_TRUE(Content().starts_with(kTag3.substr(0, 6)));
-  EXPECT_TRUE(Content().ends_with(AudioBytes()));
-  EXPECT_TRUE(Update(tag, false, false));
-  EXPECT_EQ(Content(), AudioBytes());
-}
-
-TEST_F(WriteTagToFileTest, RefusesFoldersMissingAndReadOnlyFiles) {
-  Write(kTag3 + AudioBytes() + Id3v1Bytes("Old"));
-  TagObject tag = Loaded();
-  EXPECT_EQ(Update(tag, true, true, "c:\\missing.mp3").Reason(), "no such file or folder");
-  EXPECT_EQ(Update(tag, true, true, "c:\\").Reason(), "is a folder");
-  std::filesystem::permissions(drives_.C() / "song.mp3", std::filesystem::perms(0444));
-  EXPECT_EQ(Update(tag, false, false).Reason(), "read-only");
-  EXPECT_EQ(Update(tag, true, true).Reason(), "read-only");
-  EXPECT_EQ(Content(), kTag3 + AudioBytes() + Id3v1Bytes("Old"));
-}
-
-TEST_F(WriteTagToFileTest, KeepsACompletedFirstStepWhenTheSecondFails) {
-  const std::string strange = TagBytes(5, "whatever") + AudioBytes();
-  Write(strange);
-  TagObject tag = Loaded();
-  tag.SetV1Title("New");
-  EXPECT_EQ(Update(tag, true, true).Reason(), "it has a tag of an unknown kind");
-  EXPECT_EQ(Content(), strange + Id3v1Bytes("New"));
-}
-
-TEST_F(WriteTagToFileTest, LoadsWhatGetID3TagIsGiven) {
-  Write(kTag3 + AudioBytes());
-  TagObject tag(*files_);
-  Outcome ok = Outcome::GivenUp("");
-  GetID3Tag(*files_, kSong, tag, ok);
-  EXPECT_TRUE(ok);
-  EXPECT_EQ(tag.Frame("TPE1"), "Artist");
-  GetID3Tag(*files_, "c:\\", tag, ok);
-  EXPECT_FALSE(ok);
-  Write("no music");
-  ok = {};
-  GetID3Tag(*files_, kSong, tag, ok);
-  EXPECT_EQ(ok.Reason(), "no MPEG audio frame");
 }
 
 }  // namespace

@@ -52,17 +52,23 @@ class SecondReader {
 
   static bool IsZeros(std::string_view bytes) { return bytes.find_first_not_of('\0') == std::string_view::npos; }
 
+  // More than any tag holds where a byte of a sync-safe size isn't.
+  static std::uint64_t SizeIn(std::string_view field, bool sync_safe) {
+    std::uint64_t size = 0;
+    for (const char byte : field) {
+      const auto number = static_cast<unsigned char>(byte);
+      if (sync_safe && number >= 0x80) return std::uint64_t{1} << 40;
+      size = size << (sync_safe ? 7 : 8) | number;
+    }
+    return size;
+  }
+
   Reading Read(bool sync_safe) const {
     Reading reading;
     std::size_t at = 0;
     std::size_t last = 0;
     while (body_.size() - at >= 10 && !IsZeros(body_.substr(at, 4))) {
-      std::uint64_t size = 0;
-      for (const char byte : body_.substr(at + 4, 4)) {
-        const auto number = static_cast<unsigned char>(byte);
-        reading.to_the_end &= !sync_safe || number < 0x80;
-        size = sync_safe ? size << 7 | (number & 0x7F) : size << 8 | number;
-      }
+      const std::uint64_t size = SizeIn(body_.substr(at + 4, 4), sync_safe);
       const bool whole = size <= body_.size() - at - 10;
       if (IsProper(body_.substr(at, 4))) {
         reading.frames.push_back({std::string(body_.substr(at, 4)), std::string(body_.substr(at + 10, size))});

@@ -114,8 +114,9 @@ FrameWalk WalkFrames(BytesView body, int version) {
   return other;
 }
 
+// Of 2.4 by either form of sizes: which one the frame has can't be known.
 bool EndsInCutFrame(BytesView tail, int version) {
-  return ReachBySizes(tail, version, ShapeOf(version, version == 4).bits_per_byte).cut;
+  return ReachBySizes(tail, version, 8).cut || (version == 4 && ReachBySizes(tail, version, 7).cut);
 }
 
 bool LooksPlainToOthers(BytesView body) {

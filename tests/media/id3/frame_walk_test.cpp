@@ -82,6 +82,13 @@ TEST(WalkFrames, KeepsAFrameThatTheEndOfTheTagCutsOffToItsLastZero) {
   }
 }
 
+TEST(WalkFrames, KeepsACutFrameOfPlainSizeInVersion4) {
+  const std::string cut = "APIC"s + NumberBytes(413, 4) + "\0\0"s + Data(300) + std::string(5, '\0');
+  const RawTag tag = Parsed(4, kTitle4 + cut);
+  EXPECT_EQ(AsText(tag.tail), cut);
+  EXPECT_TRUE(AsText(FittedTag(tag, 2000)).ends_with(cut));
+}
+
 TEST(WalkFrames, GoesOnBehindAnOddIdWhereTheEndIsClean) {
   for (const std::string& id : {"tit2"s, "T-T2"s, "\xFF\x01xy"s, "ab\0\0"s, "\0PE1"s}) {
     for (const std::string& behind : {""s, std::string(40, '\0')}) {
