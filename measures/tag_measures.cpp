@@ -21,7 +21,7 @@ void SetTitle(const FileSystem& files, const std::string& path, const std::strin
   TagObject tag(files);
   tag.ReadTags(path, false);
   tag.SetFrame("TIT2", title);
-  bool ok = false;
+  Outcome ok;
   WriteTagToFile(files, path, tag, tag.HasID3v1(), tag.HasID3v2(), ok);
   if (!ok) throw std::runtime_error("a tag can't be written");
 }
