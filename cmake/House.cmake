@@ -30,6 +30,9 @@ target_compile_options(house_rules INTERFACE -Wall -Wextra -Wpedantic -Wshadow -
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(house_rules INTERFACE -Wno-restrict)
 endif()
+if(QUBLET_WERROR)
+  target_compile_options(house_rules INTERFACE -Werror)
+endif()
 if(QUBLET_SANITIZE)
   target_compile_options(house_rules INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                -fno-omit-frame-pointer)

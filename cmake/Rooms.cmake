@@ -5,6 +5,16 @@ file(WRITE ${ROOMS_LIST} "")
 define_property(TARGET PROPERTY IS_ROOM)
 define_property(TARGET PROPERTY KNOWS_QT)
 
+# What the toolkit converts or connects by itself and shouldn't: texts of unknown encoding, numbers that don't fit, calls
+# into objects that are gone (that one from Qt 6.8 on; till then tests/house/connects.py).
+set(QT_WITHOUT_SURPRISES
+    QT_NO_CAST_FROM_ASCII
+    QT_NO_CAST_FROM_BYTEARRAY
+    QT_NO_CAST_TO_ASCII
+    QT_NO_CONTEXTLESS_CONNECT
+    QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
+    QT_NO_URL_CAST_FROM_STRING)
+
 # room(NAME SOURCES ... USES ... LIBRARIES ...): one static library per room. USES names exactly the rooms that it may
 # include from, each listed above it in src/CMakeLists.txt; LIBRARIES what it needs of the system's libraries.
 function(room name)
@@ -81,6 +91,7 @@ function(demand_place_for_qt name folder)
                             "only app, desk and folders named ui or qt know Qt, and src/${folder} is none of them.")
       endif()
       set_property(TARGET ${name} PROPERTY KNOWS_QT TRUE)
+      target_compile_definitions(${name} PRIVATE ${QT_WITHOUT_SURPRISES})
     endif()
   endforeach()
 endfunction()
