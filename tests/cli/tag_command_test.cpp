@@ -128,7 +128,7 @@ TEST_F(TagCommandTest, SaysWhyAFileDidNotChange) {
   EXPECT_EQ(Run({"--set", "TIT2=x", "c:\\a.mp3", "c:\\short.mp3", "c:\\", "q:\\a.mp3"}), 1);
   EXPECT_EQ(err_.str(),
             "qublet: c:\\a.mp3: read-only\n"
-            "qublet: c:\\short.mp3: the tag claims to be longer than the file\n"
+            "qublet: c:\\short.mp3: the tag claims more than the file holds\n"
             "qublet: c:\\: is a folder\n"
             "qublet: q:\\a.mp3: no such file or folder\n");
   EXPECT_EQ(drives_.Read("a.mp3"), kSong);
