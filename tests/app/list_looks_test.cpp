@@ -183,6 +183,29 @@ TEST_F(ListLooks, SayWhatWouldFillAnEmptyList) {
   EXPECT_EQ(RowList::EmptyHint().toStdString(), "Drop music files, folders or playlists here, or press Insert");
 }
 
+TEST_F(ListLooks, LeaveRoomBetweenANumberAndTheNextColumn) {
+  window.settings->Size = 9;
+  Wear(kSchemes[3], LightDesktop());
+  window.Run("MEditSelNone");
+  window.Rows().SetCell(2, kSize, "3 Bytes");
+  window.Rows().SetCell(2, kPath, "MMM");
+  window.List().scrollTo(window.List().model()->index(1, kPath));
+  const QImage picture = Picture();
+  const int middle = Cell(2, kSize).right();
+  const int y = Cell(2, kSize).center().y();
+  const auto is_text = [&](int x) {
+    for (int dy = -3; dy <= 3; ++dy) {
+      if (Contrast(picture.pixelColor(x, y + dy), Ground(picture, 2)) > 2) return true;
+    }
+    return false;
+  };
+  int before = middle;
+  while (before > 0 && !is_text(before)) --before;
+  int behind = middle;
+  while (behind + 1 < picture.width() && !is_text(behind)) ++behind;
+  EXPECT_GE(behind - before, 10);
+}
+
 class DropLine : public ListLooks {
  protected:
   DropLine() {

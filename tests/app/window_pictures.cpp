@@ -9,6 +9,7 @@
 #include <cstdio>
 
 #include "app/ToolbarForm.h"
+#include "app/appearance.h"
 #include "support/main_window.h"
 #include "support/mpeg_frames.h"
 
@@ -75,6 +76,7 @@ class Pictures {
   void TakeAll() {
     SelectRows({});
     Take("none-selected");
+    TakeSchemes();
     SelectRows({3});
     Take("one-selected");
     SelectRows({16});
@@ -128,6 +130,32 @@ class Pictures {
     tools->popup(window_.main->mapToGlobal(button.topLeft() + QPoint(360, -tools->sizeHint().height())));
     Take("tools-drop-down", tools);
     tools->close();
+  }
+
+  // The list in some of the looks that users choose, with rows selected and one missing, and empty.
+  void TakeSchemes() {
+    struct Look {
+      const char* name;
+      std::int32_t background, text;
+    };
+    SelectRows({6, 7, 16});
+    for (const Look& look : {Look{"default", -0x7FFFFFFB, -0x7FFFFFF8}, Look{"blue-studio", 0x800000, 0xFF0000},
+                             Look{"pastel", 0xFFE8E8, 0}, Look{"clear", 0x974B00, 0xFFCF6A}}) {
+      Wear(look.background, look.text);
+      Take((std::string("scheme-") + look.name).c_str());
+    }
+    Wear(21306, 57284);
+    window_.Run("MFileNew");
+    Take("empty");
+    Open();
+    SelectRows({});
+  }
+  void Wear(std::int32_t background, std::int32_t text) {
+    window_.settings->BC = background;
+    window_.settings->FC = text;
+    const int width = window_.List().columnWidth(kFileName);
+    ApplyListLook(*window_.settings, window_.List());
+    window_.List().setColumnWidth(kFileName, width);
   }
 
   void TakeToolbarForm() {

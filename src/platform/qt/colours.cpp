@@ -44,6 +44,10 @@ QColor Legible(const QColor& colour, const QColor& background, double contrast) 
   return end;
 }
 
+QColor StrongestOn(const QColor& background) {
+  return Contrast(Qt::black, background) > Contrast(Qt::white, background) ? Qt::black : Qt::white;
+}
+
 std::optional<QPalette::ColorRole> SystemColour(std::int32_t colour) {
   if (colour >= 0) return std::nullopt;
   // By the system's numbers: scroll bar, desktop, captions, menu, window, ...

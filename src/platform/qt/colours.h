@@ -14,6 +14,9 @@ QColor Mixed(const QColor& a, const QColor& b, double part);
 // `colour`, made lighter or darker only as far as it takes to have at least that contrast to `background`.
 QColor Legible(const QColor& colour, const QColor& background, double contrast);
 
+// Black or white, whichever stands out more.
+QColor StrongestOn(const QColor& background);
+
 // Colours as settings and files hold them: red in the low byte. With the highest bit set the number is one of the
 // system's colours, and the low byte says which.
 QColor ColourFromSetting(std::int32_t colour);

@@ -8,6 +8,8 @@
 
 #include "platform/qt/colours.h"
 #include "platform/qt/shown_text.h"
+#include "playlist/columns.h"
+#include "playlist/ui/row_header.h"
 
 namespace qublet {
 namespace {
@@ -24,13 +26,22 @@ QColor Pale(QColor colour, float strength) {
   return colour;
 }
 
+int RoomOnTheRight(const QStyleOptionViewItem& option, int column) {
+  const bool right = kColumns[static_cast<std::size_t>(column)].right_aligned;
+  return right ? option.fontMetrics.horizontalAdvance(kRoomOnTheRight) : 0;
+}
+
 }  // namespace
 
 RowColours::RowColours(const QPalette& palette, QPalette::ColorGroup group) {
   const QColor base = palette.color(group, QPalette::Base);
   const QColor text = palette.color(group, QPalette::Text);
   selected = Legible(palette.color(group, QPalette::Highlight), base, kForShapes);
-  selected_text = Legible(palette.color(group, QPalette::HighlightedText), selected, kForText);
+  selected_text = palette.color(group, QPalette::HighlightedText);
+  // The desktop's own text colour first, then the background, as far as that one allows.
+  const QColor under_text = Legible(selected, selected_text, kForText);
+  if (Contrast(under_text, base) >= kForShapes) selected = under_text;
+  if (Contrast(selected_text, selected) < kForText) selected_text = StrongestOn(selected);
   ghosted = Legible(Mixed(text, base, kGhosted), base, kForGhosted);
   selected_ghosted = Legible(Mixed(selected_text, selected, kGhosted), selected, kForGhosted);
   hint = Legible(Mixed(text, base, kHint), base, kForText);
@@ -49,15 +60,23 @@ void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInde
   option->state.setFlag(QStyle::State_MouseOver, false);
   const RowColours& colours = Colours(option->state.testFlag(QStyle::State_Active));
   if (row.selected) {
-    option->backgroundBrush = colours.selected;
     option->palette.setColor(QPalette::Text, row.ghosted ? colours.selected_ghosted : colours.selected_text);
   } else if (row.ghosted) {
     option->palette.setColor(QPalette::Text, colours.ghosted);
   }
 }
 
+QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  return QStyledItemDelegate::sizeHint(option, index) + QSize(RoomOnTheRight(option, index.column()), 0);
+}
+
 void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
-  QStyledItemDelegate::paint(painter, option, index);
+  if (rows_.At(index.row() + 1).selected) {
+    painter->fillRect(option.rect, Colours(option.state.testFlag(QStyle::State_Active)).selected);
+  }
+  QStyleOptionViewItem text = option;
+  text.rect.setRight(option.rect.right() - RoomOnTheRight(option, index.column()));
+  QStyledItemDelegate::paint(painter, text, index);
   if (!grid_lines_) return;
   painter->save();
   painter->setPen(Pale(option.palette.color(QPalette::Text), kGridLine));

@@ -33,6 +33,7 @@ class RowDelegate : public QStyledItemDelegate {
   void SetPalette(const QPalette& palette);
   const RowColours& Colours(bool active) const { return active ? active_ : inactive_; }
 
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                  const QModelIndex& index) override;

@@ -8,7 +8,11 @@ namespace qublet {
 RowHeader::RowHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
   setStretchLastSection(false);
   setMinimumSectionSize(0);
-  setTextElideMode(Qt::ElideRight);
+}
+
+void RowHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int section) const {
+  QHeaderView::initStyleOptionForIndex(option, section);
+  if (option->textAlignment & Qt::AlignRight) option->text += kRoomOnTheRight;
 }
 
 bool RowHeader::viewportEvent(QEvent* event) {

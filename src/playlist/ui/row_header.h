@@ -4,7 +4,8 @@
 
 namespace qublet {
 
-// The header of the list. A caption that its column cuts off ends in dots, and a tip has it whole.
+// The header of the list. A tip has the whole of a caption that its column cuts off. Captions on the right stand over
+// their cells, a little off the next column.
 class RowHeader : public QHeaderView {
   Q_OBJECT
 
@@ -13,6 +14,10 @@ class RowHeader : public QHeaderView {
 
  protected:
   bool viewportEvent(QEvent* event) override;
+  void initStyleOptionForIndex(QStyleOptionHeader* option, int section) const override;
 };
+
+// Between a cell whose text stands on the right and the next column, in the font's measure.
+inline constexpr QChar kRoomOnTheRight = QChar(0x2002);
 
 }  // namespace qublet
