@@ -4,8 +4,8 @@
 #include "platform/program.h"
 
 int main(int argc, char** argv) {
-  const qublet::Utf8Console console;
   std::ios::sync_with_stdio(false);
+  const qublet::Utf8Console console;
   const std::unique_ptr<qublet::FileSystem> files = qublet::OpenFileSystem();
   const std::unique_ptr<qublet::SettingsStore> store = qublet::OpenSettingsStore();
   int code = qublet::RunCommand(qublet::CommandLineArguments(argc, argv), *files, *store, std::cout, std::cerr);
