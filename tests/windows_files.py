@@ -6,7 +6,9 @@ byte for byte, and each must take in what the other has written.
 
 import os
 import pathlib
+import pty
 import re
+import select
 import stat
 import struct
 import subprocess
@@ -190,6 +192,22 @@ class CommandLine(Files):
         self.assertEqual((code, complaint), (0, ""))
         self.assertEqual(sorted(line.split("\t")[0] for line in out.splitlines()[1:]),
                          ["plain.mp3", "two words & more.mp3", "x.wav"])
+
+    def test_a_console_shows_every_letter_whatever_its_code_page(self):
+        self.write("\u0414\u0430 \u00e9.mp3", FRAME * 40)
+        ours, theirs = pty.openpty()
+        done = subprocess.Popen(["wine", str(WINDOWS / "qublet.exe"), "list", "."], cwd=self.folder, stdin=theirs,
+                                stdout=theirs, stderr=theirs)
+        os.close(theirs)
+        shown = b""
+        while done.poll() is None or select.select([ours], [], [], 0)[0]:
+            try:
+                shown += os.read(ours, 4096) if select.select([ours], [], [], 0.1)[0] else b""
+            except OSError:  # the other end is closed
+                break
+        os.close(ours)
+        done.wait()
+        self.assertIn("\u0414\u0430 \u00e9.mp3", shown.decode())
 
     def test_no_playlist_is_made_under_the_name_of_a_device(self):
         for name in ("con.m3u", "NUL.m3u8", "com1.m3u"):

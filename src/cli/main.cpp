@@ -5,8 +5,8 @@
 #include "platform/program.h"
 
 int main(int argc, char** argv) {
-  const qublet::Utf8Console console;
   std::ios::sync_with_stdio(false);
+  const qublet::Utf8Console console;
   const qublet::System system;
   qublet::PrintedDialogs dialogs(std::cerr);
   qublet::Feedback feedback;

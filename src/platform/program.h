@@ -26,6 +26,7 @@ std::string PathFromArgument(const FileSystem& files, const std::string& argumen
 // For as long as it lives, UTF-8 that is printed to std::cout and std::cerr is shown as the text it is where a person
 // reads it, and goes into pipes and files byte for byte, line ends too, whatever is usual here. Nothing of the
 // console is changed that would outlive this process.
+// std::ios::sync_with_stdio comes first: it gives the streams new buffers.
 class Utf8Console {
  public:
   Utf8Console();

@@ -81,7 +81,9 @@ std::string WithCaseOfDisk(const FileSystem& files, const std::string& path) {
     FindClose(search);
     const std::string name = NarrowText(found.cFileName);
     // A short name ("MUSIC~1") stays what was typed.
-    if (name.size() == end - begin) real.replace(begin, name.size(), name);
+    const std::wstring typed = WideText(real.substr(begin, end - begin));
+    const bool same = CompareStringOrdinal(typed.c_str(), -1, found.cFileName, -1, TRUE) == CSTR_EQUAL;
+    if (same && name.size() == end - begin) real.replace(begin, name.size(), name);
     begin = end + 1;
   }
   return real;
