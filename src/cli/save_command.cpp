@@ -2,7 +2,6 @@
 
 #include "cli/list_command.h"
 #include "platform/program.h"
-#include "playlist/m3u_lines.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
 
@@ -15,7 +14,8 @@ int SaveCommand(CommandContext& context) {
   const std::string unknown = UnknownOption(context);
   if (!unknown.empty()) return Complain(context.err, "save: unknown option " + unknown, kWrongUse);
   if (arguments.size() < 2) return Complain(context.err, "save: a playlist and a path are wanted", kWrongUse);
-  if (!IsPlaylistExtension(LowerCase(GetExtension(GetFileName(arguments[0]))))) {
+  const std::string extension = LowerCase(GetExtension(GetFileName(arguments[0])));
+  if (extension != ".m3u" && extension != ".m3u8") {
     return Complain(context.err, "save: the playlist's name must end in .m3u or .m3u8", kWrongUse);
   }
 

@@ -262,7 +262,7 @@ TEST_F(SaveRows, SaysWhenTheFileCanNotBeWritten) {
 
 TEST_F(SaveRows, WantsAPlaylistsNameAPathAndKnownOptions) {
   Touch({"1.mp3"});
-  for (const char* name : {"out", "out.txt", "out.m3u9", "m3u", "out.m3u\\"}) {
+  for (const char* name : {"out", "out.txt", "out.bm", "out.m3u9", "m3u", "out.m3u\\"}) {
     EXPECT_EQ(Run({"save", name, "1.mp3"}), 2) << name;
     EXPECT_EQ(Err(), "qublet: save: the playlist's name must end in .m3u or .m3u8\n") << name;
   }
