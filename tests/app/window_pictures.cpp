@@ -76,7 +76,6 @@ class Pictures {
   void TakeAll() {
     SelectRows({});
     Take("none-selected");
-    TakeSchemes();
     SelectRows({3});
     Take("one-selected");
     SelectRows({16});
@@ -92,6 +91,7 @@ class Pictures {
     Take("all-selected-with-warnings");
     Restart([](SettingsStore& store) { store.SaveSetting("QUBLET2021", "ToolB", "Align", "1"); });
     Take("toolbar-at-the-top");
+    TakeSchemes();
   }
 
   bool Failed() const { return failed_; }
@@ -147,8 +147,6 @@ class Pictures {
     Wear(21306, 57284);
     window_.Run("MFileNew");
     Take("empty");
-    Open();
-    SelectRows({});
   }
   void Wear(std::int32_t background, std::int32_t text) {
     window_.settings->BC = background;
