@@ -150,9 +150,10 @@ TEST(DecodePicture, BelievesAPictureWhereADescriptionInUtf16EndsWithOneZero) {
 }
 
 TEST(DecodePicture, TakesDataOfAnUnknownKindBehindTheWholeTerminator) {
-  const auto picture =
-      DecodePicture(AsBytes("\x01image/x\0\x03\xFF\xFE"
-                            "a\0\0\0what\0ever"s));
+  const std::string content =
+      "\x01image/x\0\x03\xFF\xFE"
+      "a\0\0\0what\0ever"s;
+  const auto picture = DecodePicture(AsBytes(content));
   EXPECT_EQ(picture->description, "a");
   EXPECT_EQ(AsText(picture->data), "what\0ever"s);
 }
