@@ -58,13 +58,12 @@ bool IsPlausible(const TagHeader& header) {
   return header.version >= 2 && header.version <= 4 && (header.flags & kUnusedFlags) == 0 && header.body_size > 0;
 }
 
-// Where a tag stands behind other bytes, none of which are audio; 0 when there is none.
-std::int64_t FindLaterHead(InputFile& file) {
-  constexpr std::int64_t kMostInFront = 64 * 1024;
+// Where a tag stands behind other bytes, at most so many, none of which are audio; 0 when there is none.
+std::int64_t FindLaterHead(InputFile& file, std::int64_t most_in_front) {
   constexpr std::int64_t kTwoFrames = 4096;
   if (IsFirstFrame(ReadBytes(file, 0, kTwoFrames))) return 0;
   const std::int64_t start = EndOfFirstApeTag(file);
-  const Bytes bytes = ReadBytes(file, start, kMostInFront + static_cast<std::int64_t>(TagHeader::kSize));
+  const Bytes bytes = ReadBytes(file, start, most_in_front + static_cast<std::int64_t>(TagHeader::kSize));
   for (std::size_t at = 0; at + TagHeader::kSize <= bytes.size(); ++at) {
     const BytesView rest = BytesView(bytes).subspan(at);
     if (rest[0] == 0xFF && IsFirstFrame(rest)) return 0;
@@ -193,7 +192,7 @@ FileEnds FindEnds(InputFile& file) {
   FileEnds ends;
   ends.size = file.Size();
   ends.head = ReadHeader(file, 0);
-  if (!ends.head) ends.head_start = FindLaterHead(file);
+  if (!ends.head) ends.head_start = FindLaterHead(file, 64 * 1024);
   if (ends.head_start > 0) ends.head = ReadHeader(file, ends.head_start);
   if (ends.head) ends.head_end = ends.head_start + ends.head->Extent();
   ends.heads_end = ends.head_end;
@@ -204,6 +203,10 @@ FileEnds FindEnds(InputFile& file) {
   }
   ends.id3v1_size = SizeOfId3v1(file, ends.HeadFits() ? ends.size - ends.head_end : ends.size - ends.head_start);
   return ends;
+}
+
+bool HasHeadOutOfReach(InputFile& file, const FileEnds& ends) {
+  return !ends.head && FindLaterHead(file, 16 * 1024 * 1024) > 0;
 }
 
 std::optional<RawTag> ReadHead(InputFile& file, const FileEnds& ends) {

@@ -112,6 +112,7 @@ void TagObject::WriteID3v2(const std::string& path) {
   const FileEnds ends = FindEnds(*file);
   const auto present = ReadHead(*file, ends);
   if (ends.head && !present) throw Failure("its tag is of an unknown kind", path);
+  if (HasHeadOutOfReach(*file, ends)) throw Failure("its tag stands too far behind the start of the file", path);
   Id3v2Tag wanted = Composed();
   if (present && Upgraded(*present) == wanted.Raw()) return;
   RefuseOverrun(ends);

@@ -5,29 +5,15 @@
 #include "media/file_ends.h"
 #include "media/tag_object.h"
 #include "support/ordinary_user.h"
+#include "support/song_tags_test_base.h"
 #include "support/tag_bytes.h"
-#include "support/temporary_drives.h"
 
 namespace qublet {
 namespace {
 
 using namespace std::string_literals;
 
-constexpr char kSong[] = "c:\\song.mp3";
-
-class OddTagsTest : public testing::Test {
- protected:
-  void Write(const std::string& content) { drives_.Write("song.mp3", content); }
-  std::string Content() const { return drives_.Read("song.mp3"); }
-  TagObject Loaded() const {
-    TagObject tag(*files_);
-    tag.ReadTags(kSong, false);
-    return tag;
-  }
-
-  TemporaryDrives drives_;
-  std::unique_ptr<FileSystem> files_ = OpenFileSystem();
-};
+class OddTagsTest : public SongTagsTest {};
 
 const std::string kTag = TagBytes(3, TextFrameBytes(3, "TIT2", "Title") + TextFrameBytes(3, "TPE1", "Artist"));
 
@@ -72,6 +58,22 @@ TEST_F(OddTagsTest, IsLookedForInTheFirst64KiBInFrontOfTheAudioOnly) {
   EXPECT_FALSE(Loaded().HasID3v2());
   Write("garbage" + AudioBytes() + kTag + AudioBytes());
   EXPECT_FALSE(Loaded().HasID3v2());
+}
+
+TEST_F(OddTagsTest, GetsNoSecondTagInFrontOfOneThatStandsTooFarBehindOtherBytes) {
+  const std::string song = std::string(64 * 1024 + 1, '\0') + kTag + AudioBytes();
+  Write(song);
+  TagObject tag = Loaded();
+  tag.SetFrame("TIT2", "New");
+  try {
+    tag.WriteID3v2(kSong);
+    ADD_FAILURE() << "written";
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.Reason(), "its tag stands too far behind the start of the file");
+  }
+  EXPECT_EQ(Content(), song);
+  Write(std::string(64 * 1024 + 1, '\0') + AudioBytes());
+  EXPECT_NO_THROW(tag.WriteID3v2(kSong));
 }
 
 TEST_F(OddTagsTest, IsNotWrittenWhereATagBehindOtherBytesClaimsMoreThanTheFile) {

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <chrono>
 #include <functional>
+#include <future>
 #include <random>
 #include <thread>
 
@@ -22,7 +23,6 @@ namespace qublet {
 namespace {
 
 namespace fs = std::filesystem;
-
 const std::string kApplication = "QUBLET2021";
 const std::vector<std::string> kNamesAfterASave = {"QUBLET2021.conf", "QUBLET2021.conf.lock"};
 
@@ -230,19 +230,16 @@ TEST_F(SettingsStoreTest, TwoProcessesAtOnceLoseNothing) {
       const std::unique_ptr<SettingsStore> store = OpenSettingsStore();
       for (int i = 0; i < kWrites; ++i) {
         store->SaveSetting(kApplication, name, std::to_string(i), name);
-        // The lock isn't handed on in turn: whoever took it again at once could keep the other out for its whole wait.
+        // The lock isn't handed on in turn: whoever took it again at once could keep the other out for its whole
+        // wait.
         std::this_thread::sleep_for(std::chrono::milliseconds(3));
       }
       return 0;
     });
   };
-  int second = -1;
-  std::thread beside([&] { second = hammer("second"); });
-  const int first = hammer("first");
-  beside.join();
-
-  EXPECT_EQ(first, 0);
-  EXPECT_EQ(second, 0);
+  auto second = std::async(std::launch::async, hammer, "second");
+  EXPECT_EQ(hammer("first"), 0);
+  EXPECT_EQ(second.get(), 0);
   for (int i = 0; i < kWrites; ++i) {
     EXPECT_EQ(Get("first", std::to_string(i)), "first");
     EXPECT_EQ(Get("second", std::to_string(i)), "second");
@@ -393,8 +390,7 @@ TEST_F(SettingsStoreTest, FallsBackToTheHomeFolder) {
 }
 
 TEST_F(SettingsStoreTest, AUserWithoutHomeFolderHasAnEmptyStore) {
-  unsetenv("XDG_CONFIG_HOME");
-  unsetenv("HOME");
+  for (const char* name : {"XDG_CONFIG_HOME", "HOME"}) unsetenv(name);
   const std::unique_ptr<SettingsStore> store = OpenSettingsStore();
   EXPECT_EQ(store->GetSetting(kApplication, "SSE", "V"), "");
   EXPECT_THROW(store->SaveSetting(kApplication, "SSE", "V", "1"), Failure);
