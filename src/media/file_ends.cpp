@@ -217,6 +217,11 @@ std::optional<RawTag> ReadHead(InputFile& file, const FileEnds& ends) {
   return ParseTag(*ends.head, ReadBytes(file, start, std::min<std::int64_t>(ends.head->body_size, room)));
 }
 
+bool IsHeadReadOtherwise(InputFile& file, const FileEnds& ends) {
+  if (!ends.head || !ends.HeadFits()) return false;
+  return IsReadOtherwise(ReadBytes(file, ends.head_start, ends.head_end - ends.head_start));
+}
+
 std::optional<Id3v1Tag> ReadId3v1(InputFile& file, const FileEnds& ends) {
   if (ends.id3v1_size == 0) return std::nullopt;
   return Id3v1Tag::Parse(ReadBytes(file, ends.size - ends.id3v1_size, ends.id3v1_size));

@@ -26,13 +26,15 @@ struct FileEnds {
   bool HeadFits() const { return head_end <= size; }
 };
 
-// Throws Failure on an input error, like the three below.
+// Throws Failure on an input error, like the four below.
 FileEnds FindEnds(InputFile& file);
 // Whether an ID3v2 tag stands farther behind such bytes than it is looked for, so that a new one in front would hide
 // it.
 bool HasHeadOutOfReach(InputFile& file, const FileEnds& ends);
 // The tag in front, as far as the file holds it. Nothing when there is none or it can't be understood.
 std::optional<RawTag> ReadHead(InputFile& file, const FileEnds& ends);
+// Whether other programs see other frames in it than we do; false for a tag that the file doesn't hold whole.
+bool IsHeadReadOtherwise(InputFile& file, const FileEnds& ends);
 std::optional<Id3v1Tag> ReadId3v1(InputFile& file, const FileEnds& ends);
 
 // A file that begins and ends anew, with everything between as it was.

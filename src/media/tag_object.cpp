@@ -116,6 +116,7 @@ void TagObject::WriteID3v2(const std::string& path) {
   Id3v2Tag wanted = Composed();
   if (present && Upgraded(*present) == wanted.Raw()) return;
   RefuseOverrun(ends);
+  if (IsHeadReadOtherwise(*file, ends)) throw Failure("other programs see other frames in its tag", path);
   wanted.EnsureNotEmpty();
   const std::int64_t extent = ends.head_end - ends.head_start;
   ReplaceEnds(files_, path, *file,

@@ -32,5 +32,4 @@ class SongTagsTest : public testing::Test {
   std::unique_ptr<FileSystem> files_ = OpenFileSystem();
 };
 
-
 }  // namespace qublet

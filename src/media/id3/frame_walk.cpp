@@ -10,6 +10,9 @@ bool IsPadding(BytesView bytes) {
   return std::ranges::all_of(bytes, [](std::uint8_t byte) { return byte == 0; });
 }
 
+// Below, both forms of a size are the same bytes.
+constexpr std::size_t kFirstDifferingSize = 0x80;
+
 // Size of the frame that these bytes begin with; nothing when they don't hold all of it.
 std::optional<std::size_t> FittingSize(BytesView frame, int version, bool sync_safe) {
   const FrameShape shape = ShapeOf(version, sync_safe);
@@ -25,17 +28,20 @@ FrameWalk WalkBySizes(BytesView body, int version, bool sync_safe) {
   const std::size_t id_length = ShapeOf(version, sync_safe).id_length;
   FrameWalk walk;
   std::optional<FrameWalk> before_odd_id;
+  std::size_t last_size = 0;
   while (walk.starts.size() < kMostFrames && body.size() - walk.end >= header) {
     const BytesView frame = body.subspan(walk.end);
     const BytesView id = frame.first(id_length);
     if (IsPadding(id)) break;
+    const bool proper = IsFrameId(id);
+    if (proper && last_size >= kFirstDifferingSize) ++walk.proven;
     const auto size = FittingSize(frame, version, sync_safe);
     if (!size) break;
-    const bool proper = IsFrameId(id);
     if (!proper && !before_odd_id) before_odd_id = walk;
     walk.named += proper ? 1 : 0;
     walk.starts.push_back(walk.end);
     walk.end += header + *size;
+    last_size = *size;
   }
   walk.clean = IsPadding(body.subspan(walk.end));
   return before_odd_id && !walk.clean ? *before_odd_id : walk;
@@ -91,7 +97,8 @@ bool NextIdSaysPlain(BytesView body, std::size_t start) {
   const std::size_t header = FrameHeaderSize(4);
   const BytesView field = body.subspan(start + 4, 4);
   const std::size_t size = ReadNumber(field, 7);
-  return size >= 0x80 && !HasIdAt(body, start + header + size) && HasIdAt(body, start + header + ReadNumber(field));
+  return size >= kFirstDifferingSize && !HasIdAt(body, start + header + size) &&
+         HasIdAt(body, start + header + ReadNumber(field));
 }
 
 }  // namespace
@@ -109,7 +116,9 @@ FrameWalk WalkFrames(BytesView body, int version) {
   FrameWalk other = WalkBySizes(body, version, !sync_safe);
   const bool exact = other.clean && EndsWithItsLastFrame(other, body);
   const bool better = other.named > own.named ? version == 4 || other.clean : other.named == own.named && exact;
-  if (!better) return own;
+  // A content that looks like many small frames says less than one long frame that another follows.
+  if (!better || (!other.clean && own.proven > other.proven)) return own;
+  other.other_form = true;
   if (!other.clean) GoOn(other, body, version, sync_safe);
   return other;
 }

@@ -29,9 +29,11 @@ constexpr FrameShape ShapeOf(int version, bool sync_safe) {
 
 struct FrameWalk {
   std::vector<std::size_t> starts;
-  std::size_t end = 0;    // of the last frame
-  std::size_t named = 0;  // how many have a proper id
-  bool clean = false;     // nothing but padding follows
+  std::size_t end = 0;      // of the last frame
+  std::size_t named = 0;    // how many have a proper id
+  std::size_t proven = 0;   // how many are too long for both forms of sizes to agree, and lead to a proper id
+  bool clean = false;       // nothing but padding follows
+  bool other_form = false;  // by the sizes that the version doesn't want
 };
 
 // A frame is worth more memory than its bytes, so their number has a limit; what follows is kept as the tail.
@@ -39,7 +41,8 @@ constexpr std::size_t kMostFrames = 50000;
 
 // The frames by the sizes that the version wants, sync-safe ones in ID3v2.4 and plain ones before. Programs mistake
 // one for the other, so the other form is taken where the wanted one doesn't get through and the other does: in 2.4
-// with more proper frames, or with as many and an end that is exactly that of the last frame; in 2.2 never.
+// with more proper frames, or with as many and an end that is exactly that of the last frame; in 2.2 never. An end
+// that isn't clean is believed only if no more long frames speak for the wanted form.
 //
 // Something with an odd id counts as a frame when its size fits and the walk then comes to a clean end.
 FrameWalk WalkFrames(BytesView body, int version);

@@ -135,6 +135,10 @@ bool IsAmbiguous(BytesView tag) {
   return header && header->version == 4 && LooksPlainToOthers(tag.subspan(TagHeader::kSize));
 }
 
+bool IsReadOtherwise(BytesView tag) {
+  return IsAmbiguous(tag) && !WalkFrames(tag.subspan(TagHeader::kSize), 4).other_form;
+}
+
 bool PadTag(Bytes& tag, std::size_t extent) {
   if (extent <= tag.size()) return true;
   if (extent > kMaxSyncSafe + TagHeader::kSize) return false;

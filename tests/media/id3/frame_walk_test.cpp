@@ -55,6 +55,15 @@ TEST(WalkFrames, KeepsTheSizesOfTheVersionWhereACommentWouldSwallowItsNeighbours
   EXPECT_EQ(tag.frames[0].content.size(), 140u);
 }
 
+TEST(WalkFrames, KeepsTheSizesOfTheVersionWhereTheOthersLeadIntoAContentThatLooksLikeFrames) {
+  const std::string album = FrameBytes(4, "TALB", Data(387));  // 771 when the size is taken for a plain one
+  std::string content = Data(771 - 387 - 10);
+  for (int i = 0; i < 50; ++i) content += kTitle4;
+  const RawTag tag = Parsed(4, album + FrameBytes(4, "XYZW", content) + kCut4);
+  ASSERT_EQ(tag.frames.size(), 2u);
+  EXPECT_EQ(tag.frames[0].content.size(), 387u);
+}
+
 TEST(WalkFrames, TakesPlainSizesInVersion4WhereTheyGiveMoreFramesOrTheExactEnd) {
   const std::string picture = FrameBytes(3, "APIC", Data(1342));
   EXPECT_EQ(Parsed(4, kTitle3 + picture + kTitle3 + kJunk).frames[1].content.size(), 1342u);
