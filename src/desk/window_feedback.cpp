@@ -1,16 +1,21 @@
 #include "desk/window_feedback.h"
 
+#include <chrono>
+
 #include "platform/qt/shown_text.h"
 
 namespace qublet {
 namespace {
 
 constexpr qint64 kPumpEvery = 20;  // milliseconds: often enough for a smooth window, seldom enough to cost nothing
+constexpr std::chrono::seconds kRemarkStays{10};
 
 }  // namespace
 
 void WindowFeedback::ShowIn(QWidget& list, QLabel& activity, QWidget& window) {
-  places_.reset(new Places{list, activity, Status(&window)});
+  places_.reset(new Places{list, activity, Status(&window), QTimer()});
+  places_->remark.setSingleShot(true);
+  QObject::connect(&places_->remark, &QTimer::timeout, &activity, &QLabel::clear);
   last_pump_.start();
 }
 
@@ -33,8 +38,17 @@ void WindowFeedback::EndWait() {
 }
 
 void WindowFeedback::ShowActivity(const std::string& text) {
-  if (places_) places_->activity.setText(ShownText(text));
+  if (places_) {
+    places_->remark.stop();
+    places_->activity.setText(ShownText(text));
+  }
   LetRepaint();
+}
+
+void WindowFeedback::ShowRemark(const QString& text) {
+  if (!places_) return;
+  places_->activity.setText(text);
+  places_->remark.start(kRemarkStays);
 }
 
 void WindowFeedback::BeginProgress(const std::string& caption, int maximum) {

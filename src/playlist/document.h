@@ -18,6 +18,12 @@ struct Document {
 
   std::string CurrentPlaylist;  // normalised path of the open file, "" for a list without one
   bool PlaylistChanged = false;
+  bool Recovered = false;  // the rows came from a recovery list, which a save or a new list puts an end to
+
+  // The list is in a file of the user's now, or another one begins.
+  void MarkStored() { PlaylistChanged = Recovered = false; }
+  // What would be lost with this process.
+  bool StoredNowhere() const { return (PlaylistChanged || Recovered) && ListView1.Count() > 0; }
 
   std::string WorkFolder;  // folder or file last picked by "&Add Item"
   Collection RecentFiles;  // oldest first

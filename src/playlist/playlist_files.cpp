@@ -34,7 +34,7 @@ bool PlaylistFiles::OpenPlaylistFile(bool Import) {
   } else {
     if (!PromptSaveFirst()) return false;
     document_.ListView1.Clear();
-    document_.PlaylistChanged = false;
+    document_.MarkStored();
   }
   const bool added{items_.AddStuff(*chosen, Import)};
   if (added && !Import) {
@@ -47,14 +47,14 @@ bool PlaylistFiles::OpenPlaylistFile(bool Import) {
 }
 
 void PlaylistFiles::MFileOpen_Click() {
-  if (OpenPlaylistFile(false)) document_.PlaylistChanged = false;
+  if (OpenPlaylistFile(false)) document_.MarkStored();
 }
 
 void PlaylistFiles::MFileNew_Click() {
   if (!PromptSaveFirst()) return;
   document_.ListView1.Clear();
   view_.Refresh();
-  document_.PlaylistChanged = false;
+  document_.MarkStored();
   document_.CurrentPlaylist.clear();
   view_.ShowCaption();
 }
@@ -74,12 +74,12 @@ void PlaylistFiles::MFileRecent_Click(int Index) {
     document_.CurrentPlaylist = path;
     view_.ShowCaption();
   }
-  document_.PlaylistChanged = false;
+  document_.MarkStored();
   view_.Refresh();
 }
 
 bool PlaylistFiles::PromptSaveFirst() {
-  if (!document_.PlaylistChanged || document_.ListView1.Count() == 0) return true;
+  if (!WouldAsk()) return true;
   switch (services_.dialogs.ShowMessage("Do you want to save the current playlist first?", MessageIcon::kQuestion,
                                         MessageButtons::kYesNoCancel)) {
     case MessageAnswer::kYes:
@@ -159,7 +159,7 @@ Outcome PlaylistFiles::WriteTo(const std::string& path, LineForm form) {
     document_.CurrentPlaylist = path;
     view_.ShowCaption();
     AddRecent();
-    document_.PlaylistChanged = false;
+    document_.MarkStored();
   } else {
     services_.dialogs.ShowMessage("Unable to write to the specified file.", MessageIcon::kStop, MessageButtons::kOk);
   }

@@ -1,0 +1,41 @@
+#include "app/session_end.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+
+#include "platform/failure.h"
+
+namespace qublet {
+
+SessionEnd::SessionEnd(Main& main) : main_(main) {
+  // The answer has to stand when the signal comes back.
+  connect(qApp, &QGuiApplication::commitDataRequest, this, &SessionEnd::CommitData, Qt::DirectConnection);
+  // A posted call reaches the window in the middle of a command too.
+  ResumeNext([&] {
+    signals_ = std::make_unique<EndRequests>(
+        [&main] { QMetaObject::invokeMethod(&main, &Main::EndUnasked, Qt::QueuedConnection); });
+  });
+}
+
+// The user may go on for a while after this, or the session may go on after all: the process ends only when it is told
+// to.
+void SessionEnd::CommitData(QSessionManager& manager) {
+  qApp->removeEventFilter(this);
+  bool asked = false;
+  const bool prepared = main_.PrepareEnd([&] { return asked = manager.allowsInteraction(); });
+  if (asked) manager.release();
+  if (prepared) {
+    qApp->installEventFilter(this);
+  } else {
+    manager.cancel();
+  }
+}
+
+// The end that was agreed to. The toolkit would close the windows, which ask again.
+bool SessionEnd::eventFilter(QObject* watched, QEvent* event) {
+  if (watched != qApp || event->type() != QEvent::Quit) return false;
+  main_.EndUnasked();
+  return true;
+}
+
+}  // namespace qublet
