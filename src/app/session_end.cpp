@@ -17,16 +17,14 @@ SessionEnd::SessionEnd(Main& main) : main_(main) {
   });
 }
 
-// The user may go on for a while after this, or the session may go on after all: the process ends only when it is told
-// to.
+// The user may go on for a while after this, or the session may go on after all: the process ends only when it is
+// told to.
 void SessionEnd::CommitData(QSessionManager& manager) {
   qApp->removeEventFilter(this);
-  bool asked = false;
-  const bool prepared = main_.PrepareEnd([&] { return asked = manager.allowsInteraction(); });
-  if (asked) manager.release();
-  if (prepared) {
+  if (main_.PrepareEnd([&] { return manager.allowsInteraction(); })) {
     qApp->installEventFilter(this);
   } else {
+    // Not after a release, which would tell that the user agreed. The toolkit releases by itself.
     manager.cancel();
   }
 }

@@ -13,9 +13,12 @@ constexpr std::chrono::seconds kRemarkStays{10};
 }  // namespace
 
 void WindowFeedback::ShowIn(QWidget& list, QLabel& activity, QWidget& window) {
-  places_.reset(new Places{list, activity, Status(&window), QTimer()});
-  places_->remark.setSingleShot(true);
-  QObject::connect(&places_->remark, &QTimer::timeout, &activity, &QLabel::clear);
+  auto* remark = new QTimer(&activity);
+  remark->setObjectName(QStringLiteral("RemarkTimer"));
+  remark->setSingleShot(true);
+  remark->setInterval(kRemarkStays);
+  QObject::connect(remark, &QTimer::timeout, &activity, &QLabel::clear);
+  places_.reset(new Places{list, activity, Status(&window), *remark});
   last_pump_.start();
 }
 
@@ -48,7 +51,7 @@ void WindowFeedback::ShowActivity(const std::string& text) {
 void WindowFeedback::ShowRemark(const QString& text) {
   if (!places_) return;
   places_->activity.setText(text);
-  places_->remark.start(kRemarkStays);
+  places_->remark.start();
 }
 
 void WindowFeedback::BeginProgress(const std::string& caption, int maximum) {

@@ -41,7 +41,7 @@ class WindowFeedback : public Feedback {
     QWidget& list;
     QLabel& activity;
     Status status;
-    QTimer remark;  // runs while one is shown
+    QTimer& remark;  // runs while one is shown
   };
 
   std::unique_ptr<Places> places_;

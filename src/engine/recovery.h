@@ -14,8 +14,8 @@
 
 namespace qublet {
 
-// Keeps a list that is stored nowhere else in a file of this user's, for the case that the program doesn't come to its
-// own end. Nobody is told when that can't be done; what was kept before stays.
+// Keeps a list that is stored nowhere else in a file of this user's, for the case that the program doesn't come to
+// its own end. Nobody is told when that can't be done; what was kept before stays.
 class Recovery {
  public:
   using Time = std::chrono::steady_clock::time_point;
@@ -34,9 +34,12 @@ class Recovery {
   // To be called every second or so, between commands: begins on another thread what is due. What it has to do itself
   // is at most linear in the rows, and only when a list is to be written.
   void Tick(Time now);
+  // Waits for what that began.
+  void Finish();
   // Has the file as it should be before it comes back, whatever is due.
   void Settle();
-  // The list as it is now is stored elsewhere, or isn't wanted any more: the file goes at once, until the next change.
+  // The list as it is now is stored elsewhere, or isn't wanted any more: the file goes at once, until the next
+  // change.
   void Drop();
 
   // What processes that have gone left, the newest first; some may have an owner.
@@ -52,7 +55,6 @@ class Recovery {
   };
 
   void Begin(std::optional<std::uint64_t> writes);
-  void Finish();
   bool Write(const Collection& paths);
   bool Delete();
 

@@ -5,8 +5,8 @@
 
 namespace qublet {
 
-// What asks a process from outside to end: for as long as one lives, the process isn't ended by it. On Linux these are
-// the signals TERM, HUP and INT, but for one that this process was started to ignore; Windows has the messages of
+// What asks a process from outside to end: for as long as one lives, the process isn't ended by it. On Linux these
+// are the signals TERM, HUP and INT, but for one that this process was started to ignore; Windows has the messages of
 // windows instead. One at a time.
 class EndRequests {
  public:

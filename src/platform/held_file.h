@@ -14,8 +14,8 @@ class HeldFile {
   virtual ~HeldFile() = default;
 };
 
-// Makes the file when it is missing. Nothing when another one holds it. Throws Failure when it can't be made, or where
-// files can't be held.
+// Makes the file when it is missing. Nothing when another one holds it. Throws Failure when it can't be made, or
+// where files can't be held.
 std::unique_ptr<HeldFile> HoldFile(const FileSystem& files, const std::string& path);
 
 }  // namespace qublet
