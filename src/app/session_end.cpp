@@ -3,7 +3,10 @@
 #include <QEvent>
 #include <QGuiApplication>
 
+#include <optional>
+
 #include "platform/failure.h"
+#include "platform/shutdown_reason.h"
 
 namespace qublet {
 
@@ -21,7 +24,13 @@ SessionEnd::SessionEnd(Main& main) : main_(main) {
 // told to.
 void SessionEnd::CommitData(QSessionManager& manager) {
   qApp->removeEventFilter(this);
-  if (main_.PrepareEnd([&] { return manager.allowsInteraction(); })) {
+  std::optional<ShutdownReason> reason;
+  const auto may_ask = [&] {
+    if (!manager.allowsInteraction()) return false;
+    reason.emplace(main_.winId(), "The playlist has changes that aren't saved.");
+    return true;
+  };
+  if (main_.PrepareEnd(may_ask)) {
     qApp->installEventFilter(this);
   } else {
     // Not after a release, which would tell that the user agreed. The toolkit releases by itself.
