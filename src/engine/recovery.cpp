@@ -47,9 +47,19 @@ void Recovery::Begin(std::optional<std::uint64_t> writes) {
 }
 
 void Recovery::Finish() {
-  if (!job_.done.valid()) return;
-  failed_ = !job_.done.get();
-  if (!failed_) kept_ = job_.writes;
+  if (job_.done.valid()) {
+    failed_ = !job_.done.get();
+    if (!failed_) kept_ = job_.writes;
+  }
+  if (document_.Recovered == Document::Recovery::kLeft) LetGo();
+}
+
+// Nobody owns the list from now on; another file begins with the next one.
+void Recovery::LetGo() {
+  file_.reset();
+  written_ = false;
+  kept_.reset();
+  document_.Recovered = Document::Recovery::kNone;
 }
 
 bool Recovery::Write(const Collection& paths) {
@@ -90,7 +100,7 @@ bool Recovery::Restore(const std::string& path, Items& items) {
   if (!file || !items.AddStuff(path, false)) return false;
   file_ = std::move(file);
   written_ = true;
-  document_.Recovered = true;
+  document_.Recovered = Document::Recovery::kHere;
   kept_ = document_.ListView1.Changes();
   return true;
 }

@@ -57,6 +57,7 @@ class Recovery {
   void Begin(std::optional<std::uint64_t> writes);
   bool Write(const Collection& paths);
   bool Delete();
+  void LetGo();
 
   Document& document_;
   const FileSystem& files_;

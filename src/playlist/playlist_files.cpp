@@ -33,8 +33,7 @@ bool PlaylistFiles::OpenPlaylistFile(bool Import) {
     document_.PlaylistChanged = true;
   } else {
     if (!PromptSaveFirst()) return false;
-    document_.ListView1.Clear();
-    document_.MarkStored();
+    document_.GiveWay();
   }
   const bool added{items_.AddStuff(*chosen, Import)};
   if (added && !Import) {
@@ -47,7 +46,7 @@ bool PlaylistFiles::OpenPlaylistFile(bool Import) {
 }
 
 void PlaylistFiles::MFileOpen_Click() {
-  if (OpenPlaylistFile(false)) document_.MarkStored();
+  if (OpenPlaylistFile(false)) document_.PlaylistChanged = false;
 }
 
 void PlaylistFiles::MFileNew_Click() {
@@ -69,12 +68,12 @@ void PlaylistFiles::MFileRecent_Click(int Index) {
                                   MessageIcon::kStop, MessageButtons::kOk);
     return;
   }
-  document_.ListView1.Clear();
+  document_.GiveWay();
   if (items_.AddStuff(path, true)) {
     document_.CurrentPlaylist = path;
     view_.ShowCaption();
   }
-  document_.MarkStored();
+  document_.PlaylistChanged = false;
   view_.Refresh();
 }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "engine/engine.h"
 #include "support/list_test_base.h"
 
@@ -178,10 +180,55 @@ TEST_F(ClosingTest, ARecoveredListStaysAfterAnExitThatStoredNoList) {
   RestoreLastList(true);
 }
 
-TEST_F(ClosingTest, ARecoveredListGoesWhenAnotherListBegins) {
+TEST_F(ClosingTest, ARecoveredListGoesWhenItIsSavedOrEmptied) {
+  PlaylistFiles* files = nullptr;
+  const std::function<void()> ways[] = {
+      [&] { files->MFileNew_Click(); },
+      [&] { EXPECT_TRUE(files->SaveTo("c:\\saved.m3u", PlaylistFiles::LineForm::kFull)); },
+  };
+  for (const auto& finish : ways) {
+    drives_.Write("own/recovery-1.m3u", "c:\\a.mp3\r\n");
+    RestoreLastList(true);
+    files = &engine_->playlist_files;
+    finish();
+    engine_->recovery.Settle();
+    EXPECT_EQ(Kept(), "");
+  }
+  EXPECT_TRUE(fakes_.dialogs.messages.empty());
+}
+
+TEST_F(ClosingTest, ARecoveredListThatNobodyWasAskedAboutStaysWhenAnotherIsOpened) {
+  drives_.Write("list.m3u", "c:\\b.mp3\r\n");
+  PlaylistFiles* files = nullptr;
+  const std::function<void()> ways[] = {
+      [&] { files->MFileOpen_Click(); },
+      [&] { files->MFileRecent_Click(1); },
+  };
+  fakes_.dialogs.open_names.emplace_back("c:\\list.m3u");
+  for (const auto& open : ways) {
+    drives_.Write("own/recovery-1.m3u", "c:\\a.mp3\r\n");
+    RestoreLastList(true);
+    engine_->document.RecentFiles = {"c:\\list.m3u"};
+    files = &engine_->playlist_files;
+    open();
+    EXPECT_EQ(NamesOf(engine_->document.ListView1), "b.mp3");
+    engine_->items.AddStuff("c:\\a.mp3", false);
+    engine_->closing.KeepList();
+    EXPECT_EQ(drives_.Read("own/recovery-2.m3u"), "c:\\b.mp3\r\nc:\\a.mp3\r\n");
+    engine_->closing.StoreUnasked();
+    EXPECT_FALSE(std::filesystem::exists(drives_.C() / "own/recovery-2.m3u"));
+    EXPECT_EQ(Kept(), "c:\\a.mp3\r\n");
+  }
+}
+
+TEST_F(ClosingTest, ARecoveredListGoesWithANoToTheQuestionAboutItsChanges) {
+  drives_.Write("list.m3u", "c:\\b.mp3\r\n");
   engine_->recovery.Settle();
   RestoreLastList(true);
-  engine_->playlist_files.MFileNew_Click();
+  engine_->items.AddStuff("c:\\b.mp3", false);
+  fakes_.dialogs.open_names.emplace_back("c:\\list.m3u");
+  fakes_.dialogs.answers = {MessageAnswer::kNo};
+  engine_->playlist_files.MFileOpen_Click();
   engine_->recovery.Settle();
   EXPECT_EQ(Kept(), "");
 }

@@ -156,14 +156,15 @@ TEST_F(RecoveryTest, SettlesAtOnce) {
 TEST_F(RecoveryTest, ADroppedListComesBackWithTheNextChangeOnly) {
   Add("c:\\a.mp3");
   Wait(4);
+  Add("c:\\b.mp3");
   recovery_->Drop();
   EXPECT_FALSE(IsKept());
   recovery_->Settle();
   Wait(60);
   EXPECT_FALSE(IsKept());
-  Add("c:\\b.mp3");
+  Add("c:\\c.mp3");
   Wait(4);
-  EXPECT_EQ(Kept(), "c:\\a.mp3\r\nc:\\b.mp3\r\n");
+  EXPECT_EQ(Kept(), "c:\\a.mp3\r\nc:\\b.mp3\r\nc:\\c.mp3\r\n");
 }
 
 TEST_F(RecoveryTest, LeavesTheOldListOnAFullDiskAndTriesAgain) {
@@ -244,7 +245,7 @@ TEST_F(RecoveryTest, OneProcessAloneTakesAList) {
   EXPECT_TRUE(recovery_->Restore("c:\\own\\recovery-1.m3u", items_));
   EXPECT_FALSE(other.Restore("c:\\own\\recovery-1.m3u", other_items));
   EXPECT_EQ(other_document.ListView1.Count(), 0);
-  EXPECT_FALSE(other_document.Recovered);
+  EXPECT_EQ(other_document.Recovered, Document::Recovery::kNone);
   recovery_->Drop();
   recovery_.reset();
   EXPECT_FALSE(other.Restore("c:\\own\\recovery-1.m3u", other_items)) << "it has gone";
