@@ -9,7 +9,7 @@ root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd -P)
   build_packages=(g++ cmake ninja-build ccache pkg-config libutf8proc-dev zlib1g-dev libdbus-1-dev
     qt6-base-dev fontconfig fonts-dejavu-core)
   wayland_packages=(qt6-wayland)
-  linked_by_tests=(libgtest-dev libtag1-dev)
+  linked_by_tests=(libgtest-dev libtag1-dev libsm-dev)
   tools_of_tests=(python3 python3-mutagen lame twolame ffmpeg vorbis-tools desktop-file-utils appstream
     xvfb xauth openbox xdotool wmctrl dbus-daemon python3-dbus python3-gi mpv mpv-mpris
     at-spi2-core gir1.2-atspi-2.0)

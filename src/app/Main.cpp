@@ -6,6 +6,7 @@
 #include <QShortcut>
 #include <QTimer>
 #include <QToolTip>
+#include <chrono>
 
 #include "app/ToolbarForm.h"
 #include "app/appearance.h"
@@ -16,7 +17,6 @@
 #include "platform/qt/redraw.h"
 #include "platform/qt/shown_text.h"
 #include "playlist/list_status.h"
-#include "playlist/own_playlists.h"
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/formats.h"
 #include "settings/application.h"
@@ -27,6 +27,7 @@ namespace {
 constexpr int kPluginRoom = 9;
 constexpr int kTipDelay = 200;      // milliseconds
 constexpr int kRoomBelowMenus = 2;  // pixels
+constexpr std::chrono::seconds kRecoveryEvery{1};
 
 }  // namespace
 
@@ -124,6 +125,8 @@ void Main::Connect() {
   connect(ListView1->header(), &QHeaderView::sectionClicked, this, [this](int section) {
     commands_.Run([this, section] { engine_.list_commands.ListView1_ColumnClick(section + 1); });
   });
+  connect(&RecoveryTimer, &QTimer::timeout, this,
+          [this] { engine_.recovery.Tick(std::chrono::steady_clock::now()); });
 }
 
 void Main::Load(const std::string& command_line, QWidget* splash) {
@@ -142,6 +145,8 @@ void Main::Load(const std::string& command_line, QWidget* splash) {
   // The update timer starts here.
   engine_.document.PlaylistChanged = false;
   Refresh();
+  RecoveryTimer.start(kRecoveryEvery);
+  loaded_ = true;
 }
 
 // The player's menu is there only with a player.
@@ -154,7 +159,8 @@ void Main::DetectPlayer() {
 
 void Main::OpenCommandLine(const std::string& command_line) {
   if (command_line.empty()) {
-    if (engine_.settings.RESPLAYLIST) engine_.items.AddStuff(LastPlaylist(engine_.program_folder), false);
+    if (engine_.settings.RESPLAYLIST && engine_.session.RestoreLastList())
+      feedback_.ShowRemark(tr("Recovered the list of the last session"));
     return;
   }
   switch (GetPlatformId()) {
@@ -176,9 +182,21 @@ void Main::closeEvent(QCloseEvent* event) {
 }
 
 void Main::Form_Unload() {
-  if (!engine_.playlist_files.PromptSaveFirst()) return;
-  engine_.session.SetFormState(true);
+  if (engine_.closing.Ask()) emit ended();
+}
+
+void Main::EndUnasked() {
+  if (loaded_) engine_.closing.StoreUnasked();
   emit ended();
+}
+
+bool Main::PrepareEnd(const std::function<bool()>& may_ask) {
+  if (!loaded_) return true;
+  engine_.closing.KeepList();
+  // In the middle of a command no dialog gets an answer.
+  if (!feedback_.Busy() && engine_.playlist_files.WouldAsk() && may_ask()) return engine_.closing.Ask();
+  engine_.closing.StoreUnasked();
+  return true;
 }
 
 // The buttons are always enabled; one whose tool isn't there says so.

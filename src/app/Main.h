@@ -2,7 +2,9 @@
 
 #include <QAction>
 #include <QMainWindow>
+#include <QTimer>
 #include <array>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -31,6 +33,13 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   // Brings the program up to its first picture: stored state, then what the command line names or else the list of
   // the last session. `splash` is hidden on the way. All commands are bound by then.
   void Load(const std::string& command_line, QWidget* splash);
+
+  // The system ends the program and waits for no answer: all is stored that closing stores, nobody is asked, and the
+  // process ends, also in the middle of a command.
+  void EndUnasked();
+  // The system asks whether the program can come to its end. `may_ask` tells whether the user can be asked, and is
+  // asked itself only when that is needed. True when all is stored; False when the user refused.
+  bool PrepareEnd(const std::function<bool()>& may_ask);
 
  signals:
   // Everything is stored: the process ends now, other windows aren't asked.
@@ -79,6 +88,8 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   std::array<QAction*, kRecentMenuRoom> MFileRecent{};
   std::optional<Menus> menus_;
   std::unique_ptr<ListEvents> list_events_;
+  QTimer RecoveryTimer;
+  bool loaded_ = false;
 };
 
 }  // namespace qublet

@@ -4,9 +4,11 @@
 #include <QPixmap>
 #include <clocale>
 #include <cstdio>
+#include <cstdlib>
 
 #include "app/SplashFrm.h"
 #include "app/program.h"
+#include "app/session_end.h"
 #include "engine/command_line.h"
 #include "engine/system.h"
 #include "platform/program.h"
@@ -33,7 +35,13 @@ struct House {
       : dialogs(nullptr, *system.files, QString::fromStdString(AppTitle()), AudioPatterns()),
         program(system.With(dialogs, feedback), feedback, places) {
     dialogs.SetOwner(&program.main);
-    QObject::connect(&program.main, &Main::ended, qApp, [] { QCoreApplication::exit(0); });
+    QObject::connect(&program.main, &Main::ended, qApp, [this] { End(); });
+  }
+
+  // All is stored. A command that still runs may take long to come back, so it isn't waited for.
+  void End() const {
+    if (feedback.Busy()) std::_Exit(EXIT_SUCCESS);
+    QCoreApplication::exit(EXIT_SUCCESS);
   }
 
   QtDialogs dialogs;
@@ -57,13 +65,15 @@ int TakeScreenshot(const System& system, const QString& picture, const std::stri
 
 int Start(const System& system, QApplication& application, const std::string& command_line) {
   std::unique_ptr<House> house;
+  std::unique_ptr<SessionEnd> session_end;
   SplashFrm splash([&](QWidget& window) {
     house->program.main.Load(command_line, &window);
     house->program.main.show();
   });
   // The splash window stands for a while by design; the main window is made meanwhile.
   splash.Begin();
-  house = std::make_unique<House>(system, system.FindPlaces());
+  house = std::make_unique<House>(system, system.FindPlacesOfWindow());
+  session_end = std::make_unique<SessionEnd>(house->program.main);
   return application.exec();
 }
 

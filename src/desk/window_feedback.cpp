@@ -1,16 +1,24 @@
 #include "desk/window_feedback.h"
 
+#include <chrono>
+
 #include "platform/qt/shown_text.h"
 
 namespace qublet {
 namespace {
 
 constexpr qint64 kPumpEvery = 20;  // milliseconds: often enough for a smooth window, seldom enough to cost nothing
+constexpr std::chrono::seconds kRemarkStays{10};
 
 }  // namespace
 
 void WindowFeedback::ShowIn(QWidget& list, QLabel& activity, QWidget& window) {
-  places_.reset(new Places{list, activity, Status(&window)});
+  auto* remark = new QTimer(&activity);
+  remark->setObjectName(QStringLiteral("RemarkTimer"));
+  remark->setSingleShot(true);
+  remark->setInterval(kRemarkStays);
+  QObject::connect(remark, &QTimer::timeout, &activity, &QLabel::clear);
+  places_.reset(new Places{list, activity, Status(&window), *remark});
   last_pump_.start();
 }
 
@@ -33,8 +41,17 @@ void WindowFeedback::EndWait() {
 }
 
 void WindowFeedback::ShowActivity(const std::string& text) {
-  if (places_) places_->activity.setText(ShownText(text));
+  if (places_) {
+    places_->remark.stop();
+    places_->activity.setText(ShownText(text));
+  }
   LetRepaint();
+}
+
+void WindowFeedback::ShowRemark(const QString& text) {
+  if (!places_) return;
+  places_->activity.setText(text);
+  places_->remark.start();
 }
 
 void WindowFeedback::BeginProgress(const std::string& caption, int maximum) {

@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QLabel>
+#include <QTimer>
 #include <QWidget>
 #include <memory>
 
@@ -23,6 +24,9 @@ class WindowFeedback : public Feedback {
   // Repaints now and then in the middle of work that shows no progress; what the user presses is thrown away.
   void LetRepaint();
 
+  // Shows in the activity panel what happened by the way. It goes after a while, or when the next activity is shown.
+  void ShowRemark(const QString& text);
+
   void BeginWait() override;
   void EndWait() override;
   bool Busy() const override { return waiting_ > 0; }
@@ -37,6 +41,7 @@ class WindowFeedback : public Feedback {
     QWidget& list;
     QLabel& activity;
     Status status;
+    QTimer& remark;  // runs while one is shown
   };
 
   std::unique_ptr<Places> places_;

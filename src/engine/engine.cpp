@@ -13,7 +13,9 @@ Engine::Engine(const Services& system, const Session::Places& places, std::strin
       list_commands(document, items, settings, services, view),
       player(document, services, program_folder),
       preview(document, items, services, program_folder),
-      session(document, settings, items, services, view, places) {
+      recovery(document, services.files, places.recovery),
+      session(document, settings, items, recovery, services, view, places),
+      closing(document, playlist_files, recovery, session, services.feedback) {
   LoadDefaultSettings(settings, {});
 }
 

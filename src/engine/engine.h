@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "engine/closing.h"
+#include "engine/recovery.h"
 #include "engine/session.h"
 #include "platform/services.h"
 #include "player/player_link.h"
@@ -54,7 +56,9 @@ class Engine {
   ListCommands list_commands;
   PlayerLink player;
   Preview preview;
+  Recovery recovery;
   Session session;
+  Closing closing;
 };
 
 }  // namespace qublet

@@ -1,5 +1,6 @@
 #include "engine/session.h"
 
+#include "platform/file_time.h"
 #include "playlist/m3u_lines.h"
 #include "playlist/own_playlists.h"
 #include "playlist/paths/file_details.h"
@@ -32,7 +33,7 @@ void Session::StoreState() {
   Keep(kWinampBookmarkFile, document_.WinampBookmarkFile);
   for (const std::string& file : document_.TempFiles) DeleteFileSafe(services_.files, file);
   if (!settings_.V && !first_start_) return;
-  StoreList();
+  if (StoreList()) recovery_.Drop();
   StoreTwin();
   Keep(kWorkFolder, document_.WorkFolder);
   window_->CopyState(settings_);
@@ -50,10 +51,23 @@ void Session::RestoreState() {
   window_->Relayout();
 }
 
-void Session::StoreList() {
+bool Session::RestoreLastList() {
+  const std::string last = LastPlaylist(places_.program_folder);
+  const auto stored = LastWrite(services_.files, last);
+  for (const FoundList& list : recovery_.Find()) {
+    if (stored && list.written < *stored) break;
+    if (recovery_.Restore(list.path, items_)) return true;
+  }
+  items_.AddStuff(last, false);
+  return false;
+}
+
+// True when the file holds the list.
+bool Session::StoreList() {
   const Collection paths = PathsOf(document_.ListView1, WhichRows::kAll);
   // An empty list leaves the old file: the next start brings back the list before it.
-  if (!paths.empty()) WriteLinesToFile(services_.files, LastPlaylist(places_.program_folder), paths);
+  if (paths.empty()) return false;
+  return static_cast<bool>(WriteLinesToFile(services_.files, LastPlaylist(places_.program_folder), paths));
 }
 
 void Session::StoreTwin() {

@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "engine/recovery.h"
 #include "platform/services.h"
 #include "playlist/items.h"
 #include "settings/app_settings.h"
@@ -28,13 +29,15 @@ class Session {
     std::string AppKey;
     std::string program_folder;  // drive form, no trailing "\"; "" when there is none
     std::string program = {};    // drive form of QUBLET20 itself; "" for one of that name in the program folder
+    std::string recovery = {};   // folder of the recovery lists, drive form, no trailing "\"; "" for none
   };
 
-  Session(Document& document, AppSettings& settings, Items& items, const Services& services, MainView& view,
-          Places places)
+  Session(Document& document, AppSettings& settings, Items& items, Recovery& recovery, const Services& services,
+          MainView& view, Places places)
       : document_(document),
         settings_(settings),
         items_(items),
+        recovery_(recovery),
         services_(services),
         view_(view),
         places_(std::move(places)) {}
@@ -50,6 +53,10 @@ class Session {
   // Stores what is to be kept (`SetReg` True) or brings it back. A step that fails is skipped and the next one runs.
   void SetFormState(bool SetReg);
 
+  // Adds the list of the last session: "last.m3u", or the newest recovery list that nobody owns when that is not
+  // older. True when it was such a one.
+  bool RestoreLastList();
+
   // A value that is kept apart from the record, "" when there is none; and keeps it at once, or gives up quietly.
   std::string Kept(const SettingAddress& address) const {
     return GetSetting(services_.store, places_.AppKey, address);
@@ -64,12 +71,13 @@ class Session {
   void LoadRecord();
   void RestoreWorkFolder();
   void RestoreRecentFiles();
-  void StoreList();
+  bool StoreList();
   void StoreTwin();  // of the last list, for whatever the system opens at logon
 
   Document& document_;
   AppSettings& settings_;
   Items& items_;
+  Recovery& recovery_;
   Services services_;
   MainView& view_;
   Places places_;

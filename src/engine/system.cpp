@@ -40,9 +40,15 @@ Services System::With(Dialogs& dialogs, Feedback& feedback) const {
 }
 
 Session::Places System::FindPlaces() const {
-  Session::Places places{AppKey(), "", ""};
+  Session::Places places{AppKey(), ""};
   ResumeNext([&] { places.program_folder = ProgramFolder(*files); });
   ResumeNext([&] { places.program = WindowProgram(*files); });
+  return places;
+}
+
+Session::Places System::FindPlacesOfWindow() const {
+  Session::Places places = FindPlaces();
+  ResumeNext([&] { places.recovery = OwnFolderOfUser(*files); });
   return places;
 }
 

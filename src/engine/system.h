@@ -20,6 +20,8 @@ class System {
   Services With(Dialogs& dialogs, Feedback& feedback) const;
   // Under which name this version's settings stand, and the folder for the program's own files.
   Session::Places FindPlaces() const;
+  // The same with the folder of the recovery lists, which is made when missing.
+  Session::Places FindPlacesOfWindow() const;
 
   const std::unique_ptr<FileSystem> files;
 

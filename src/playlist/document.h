@@ -18,6 +18,25 @@ struct Document {
 
   std::string CurrentPlaylist;  // normalised path of the open file, "" for a list without one
   bool PlaylistChanged = false;
+  // Whether the rows came from a recovery list and are stored nowhere since. One that gave way to another list
+  // without a question isn't done with: `kLeft` says so until its file has been let go.
+  enum class Recovery { kNone, kHere, kLeft };
+  Recovery Recovered = Recovery::kNone;
+
+  // What would be lost with this process.
+  bool StoredNowhere() const { return (PlaylistChanged || Recovered == Recovery::kHere) && ListView1.Count() > 0; }
+  // The list is in a file of the user's now, or isn't wanted any more.
+  void MarkStored() {
+    PlaylistChanged = false;
+    Recovered = Recovery::kNone;
+  }
+  // The list goes, and another one takes its place. What was to be asked has been.
+  void GiveWay() {
+    const bool unasked = Recovered == Recovery::kHere && !PlaylistChanged && ListView1.Count() > 0;
+    MarkStored();
+    if (unasked) Recovered = Recovery::kLeft;
+    ListView1.Clear();
+  }
 
   std::string WorkFolder;  // folder or file last picked by "&Add Item"
   Collection RecentFiles;  // oldest first

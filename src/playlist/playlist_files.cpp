@@ -33,8 +33,7 @@ bool PlaylistFiles::OpenPlaylistFile(bool Import) {
     document_.PlaylistChanged = true;
   } else {
     if (!PromptSaveFirst()) return false;
-    document_.ListView1.Clear();
-    document_.PlaylistChanged = false;
+    document_.GiveWay();
   }
   const bool added{items_.AddStuff(*chosen, Import)};
   if (added && !Import) {
@@ -54,7 +53,7 @@ void PlaylistFiles::MFileNew_Click() {
   if (!PromptSaveFirst()) return;
   document_.ListView1.Clear();
   view_.Refresh();
-  document_.PlaylistChanged = false;
+  document_.MarkStored();
   document_.CurrentPlaylist.clear();
   view_.ShowCaption();
 }
@@ -69,7 +68,7 @@ void PlaylistFiles::MFileRecent_Click(int Index) {
                                   MessageIcon::kStop, MessageButtons::kOk);
     return;
   }
-  document_.ListView1.Clear();
+  document_.GiveWay();
   if (items_.AddStuff(path, true)) {
     document_.CurrentPlaylist = path;
     view_.ShowCaption();
@@ -79,7 +78,7 @@ void PlaylistFiles::MFileRecent_Click(int Index) {
 }
 
 bool PlaylistFiles::PromptSaveFirst() {
-  if (!document_.PlaylistChanged || document_.ListView1.Count() == 0) return true;
+  if (!WouldAsk()) return true;
   switch (services_.dialogs.ShowMessage("Do you want to save the current playlist first?", MessageIcon::kQuestion,
                                         MessageButtons::kYesNoCancel)) {
     case MessageAnswer::kYes:
@@ -159,7 +158,7 @@ Outcome PlaylistFiles::WriteTo(const std::string& path, LineForm form) {
     document_.CurrentPlaylist = path;
     view_.ShowCaption();
     AddRecent();
-    document_.PlaylistChanged = false;
+    document_.MarkStored();
   } else {
     services_.dialogs.ShowMessage("Unable to write to the specified file.", MessageIcon::kStop, MessageButtons::kOk);
   }

@@ -27,6 +27,8 @@ class PlaylistFiles {
   Outcome SaveTo(std::string target, LineForm form);
   // Offers to save a changed list that has rows. True tells the caller to proceed.
   bool PromptSaveFirst();
+  // Whether that would ask at present.
+  bool WouldAsk() const { return document_.PlaylistChanged && document_.ListView1.Count() > 0; }
   // True when the file is there and the user refused to replace it, or when no drive leads there.
   bool CheckExists(const std::string& filename);
 

@@ -74,6 +74,7 @@ void RowStore::Adopt(int index, std::vector<std::unique_ptr<Row>> rows) {
   rows_.insert(rows_.begin() + (index - 1), std::make_move_iterator(rows.begin()),
                std::make_move_iterator(rows.end()));
   NoteChanged(index, MaxRows);
+  ++changes_;
   if (focused_ >= index) MoveFocus(focused_ + count);
 }
 
@@ -82,6 +83,7 @@ void RowStore::Remove(int index) {
   const Bulk bulk(*this);
   rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(place));
   NoteChanged(index, MaxRows);
+  ++changes_;
   // The focus of the row itself falls to the next one.
   if (focused_ >= index) MoveFocus(std::min(focused_ > index ? focused_ - 1 : index, Count()));
 }
@@ -105,6 +107,7 @@ int RowStore::RemoveIf(const std::function<bool(const Row&)>& doomed) {
   const Bulk bulk(*this);
   rows_.resize(kept);
   NoteChanged(first, MaxRows);
+  ++changes_;
   if (focused_ > 0) MoveFocus(std::min(focus, Count()));
   return gone;
 }
@@ -112,6 +115,7 @@ int RowStore::RemoveIf(const std::function<bool(const Row&)>& doomed) {
 void RowStore::Clear() {
   const Bulk bulk(*this);
   rows_.clear();
+  ++changes_;
   if (focused_ > 0) MoveFocus(0);
 }
 
@@ -140,6 +144,7 @@ void RowStore::Reorder(const std::vector<int>& order) {
   if (first == 0) return;
   const Bulk bulk(*this);
   NoteChanged(first, last);
+  ++changes_;
   if (focus != focused_) MoveFocus(focus);
 }
 
@@ -148,6 +153,7 @@ void RowStore::SetCell(int index, int column, std::string text) {
   const Bulk bulk(*this);
   rows_[Place(index)]->cells[static_cast<std::size_t>(column)] = std::move(text);
   NoteChanged(index, index);
+  ++changes_;
 }
 
 void RowStore::SetIcon(int index, RowIcon icon) {
@@ -193,6 +199,7 @@ void RowStore::SwapRows(int a, int b) {
   std::swap(first->selected, second->selected);
   second->selected = true;
   NoteChanged(std::min(a, b), std::max(a, b));
+  ++changes_;
   EnsureVisible(b);
 }
 

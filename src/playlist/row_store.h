@@ -83,6 +83,8 @@ class RowStore {
   // Each row's selected state becomes what `wanted` answers for its index; one notice for all.
   void SelectWhere(const std::function<bool(int index, const Row& row)>& wanted);
   int SelectedCount() const;
+  // Another number after each change of cells, of the rows' order, or of which rows there are.
+  std::uint64_t Changes() const { return changes_; }
 
   // Exchanges all that two rows hold but their selected states. Row b ends selected, focused and shown.
   void SwapRows(int a, int b);
@@ -122,6 +124,7 @@ class RowStore {
 
   std::vector<std::unique_ptr<Row>> rows_;
   RowListener* listener_ = nullptr;
+  std::uint64_t changes_ = 0;
   int told_count_ = 0;
   int focused_ = 0;
   int bulk_ = 0;

@@ -182,6 +182,26 @@ TEST_F(SlowBatch, MovesNoRowsUnderARightButtonThatIsHeld) {
   EXPECT_EQ(window.Rows().At(2).cells[kFileName], "b.mp3");
 }
 
+TEST_F(SlowBatch, IsNoHindranceForAnEndFromOutsideAndTheListIsKept) {
+  window.Add("c:\\m");
+  window.program->engine.recovery.Settle();
+  const std::string list = window.drives.Read("own/recovery-1.m3u");
+  ASSERT_EQ(window.Rows().Count(), 150);
+  int rows_then = -1;
+  int ends = 0;
+  QObject::connect(window.main, &Main::ended, window.main, [&] {
+    ++ends;
+    rows_then = window.Rows().Count();
+  });
+  AtEachPaint watch(window, [&] {
+    if (watch.steps == 1) QMetaObject::invokeMethod(window.main, &Main::EndUnasked, Qt::QueuedConnection);
+  });
+  window.Run("MViewRefresh");
+  EXPECT_EQ(ends, 1) << "it waited for the batch";
+  EXPECT_EQ(rows_then, 0);
+  EXPECT_EQ(window.drives.Read("own/recovery-1.m3u"), list);
+}
+
 TEST(LongWork, ShowsEachFolderOfAWalkInTheLastPanelAndClearsIt) {
   MainWindow window;
   window.Start();

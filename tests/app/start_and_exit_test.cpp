@@ -152,6 +152,111 @@ TEST_F(StartAndExit, DeletesTemporaryFilesAtExit) {
   EXPECT_FALSE(std::filesystem::exists(window.drives.C() / "preview.htm"));
 }
 
+TEST_F(StartAndExit, BringsBackTheListOfACrashAndSaysSo) {
+  window.Start();
+  window.main->close();
+  window.drives.Write("own/recovery-1.m3u", "c:\\b c.mp3\r\n");
+  window.Restart("\"c:\\a.mp3\"");
+  EXPECT_EQ(window.Names(), "a.mp3") << "the command line wins over it too";
+  EXPECT_EQ(window.Panel(4), "");
+  window.Restart();
+  EXPECT_EQ(window.Names(), "b c.mp3");
+  EXPECT_EQ(window.Panel(4), "Recovered the list of the last session");
+  EXPECT_EQ(window.Caption(), "[Velmora] M3U Playlist Editor v2.1b");
+  EXPECT_FALSE(window.document->PlaylistChanged);
+  EXPECT_EQ(window.drives.Read("own/recovery-1.m3u"), "c:\\b c.mp3\r\n");
+  window.main->close();
+  EXPECT_TRUE(window.dialogs.messages.empty());
+  EXPECT_EQ(window.drives.Read("program/last.m3u"), "c:\\b c.mp3\r\n");
+  EXPECT_EQ(window.drives.Read("own/recovery-1.m3u"), "");
+  window.Restart();
+  EXPECT_EQ(window.Panel(4), "") << "an ordinary start says nothing";
+}
+
+TEST_F(StartAndExit, LeavesTheListOfACrashWhereNoListIsToComeBack) {
+  window.Start();
+  window.main->close();
+  window.store.SaveSetting("QUBLET2021", "SSE", "RESPLAYLIST", "0");
+  window.drives.Write("own/recovery-1.m3u", "c:\\a.mp3\r\n");
+  window.Restart();
+  EXPECT_EQ(window.Names(), "");
+  window.main->close();
+  EXPECT_EQ(window.drives.Read("own/recovery-1.m3u"), "c:\\a.mp3\r\n");
+}
+
+TEST_F(StartAndExit, KeepsAChangedListWithinSecondsAndLetsItGoWithTheSave) {
+  const auto kept = [&] { return window.drives.Read("own/recovery-1.m3u"); };
+  window.Start();
+  window.Add("c:\\a.mp3");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return kept() == "c:\\a.mp3\r\n"; }, 10'000));
+  window.dialogs.save_names.emplace_back("c:\\list.m3u");
+  window.Run("MFileSave");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return kept().empty(); }, 5'000));
+}
+
+class SystemsEnd : public StartAndExit {
+ protected:
+  SystemsEnd() {
+    window.Start();
+    window.Add("c:\\a.mp3");
+    QObject::connect(window.main, &Main::ended, window.main, [this] { ++ends; });
+  }
+
+  std::string LastList() { return window.drives.Read("program/last.m3u"); }
+  std::string Kept() { return window.drives.Read("own/recovery-1.m3u"); }
+
+  int ends = 0;
+};
+
+TEST_F(SystemsEnd, StoresAllUnaskedAndEnds) {
+  window.main->EndUnasked();
+  EXPECT_EQ(LastList(), "c:\\a.mp3\r\n");
+  EXPECT_EQ(ends, 1);
+  EXPECT_TRUE(window.dialogs.messages.empty());
+}
+
+TEST_F(SystemsEnd, StoresNothingBeforeTheProgramIsThere) {
+  const int saves = window.store.saves;
+  MainWindow beginning;
+  beginning.main->EndUnasked();
+  EXPECT_TRUE(beginning.main->PrepareEnd([] { return true; }));
+  EXPECT_EQ(window.store.saves, saves);
+  EXPECT_EQ(beginning.store.saves, 0);
+}
+
+TEST_F(SystemsEnd, AsksWhereThatIsAllowedAndARefusalHoldsItUp) {
+  window.dialogs.answers = {MessageAnswer::kCancel, MessageAnswer::kNo};
+  EXPECT_FALSE(window.main->PrepareEnd([] { return true; }));
+  EXPECT_EQ(LastList(), "");
+  EXPECT_EQ(Kept(), "c:\\a.mp3\r\n");
+  EXPECT_TRUE(window.main->PrepareEnd([] { return true; }));
+  EXPECT_EQ(LastList(), "c:\\a.mp3\r\n");
+  EXPECT_EQ(Kept(), "");
+  EXPECT_EQ(window.dialogs.messages.size(), 2U);
+  EXPECT_EQ(ends, 0) << "the process ends when it is told to";
+}
+
+TEST_F(SystemsEnd, StoresAllWhereNobodyMayBeAsked) {
+  EXPECT_TRUE(window.main->PrepareEnd([] { return false; }));
+  EXPECT_EQ(LastList(), "c:\\a.mp3\r\n");
+  EXPECT_TRUE(window.dialogs.messages.empty());
+}
+
+TEST_F(SystemsEnd, WantsNoDialogForAListWithoutAChange) {
+  window.document->MarkStored();
+  bool wanted = false;
+  EXPECT_TRUE(window.main->PrepareEnd([&] { return wanted = true; }));
+  EXPECT_FALSE(wanted);
+  EXPECT_EQ(LastList(), "c:\\a.mp3\r\n");
+}
+
+TEST_F(SystemsEnd, AsksNobodyInTheMiddleOfACommand) {
+  const WaitCursor wait(window.feedback);
+  EXPECT_TRUE(window.main->PrepareEnd([] { return true; }));
+  EXPECT_TRUE(window.dialogs.messages.empty());
+  EXPECT_EQ(LastList(), "c:\\a.mp3\r\n");
+}
+
 TEST_F(StartAndExit, AStoreThatCannotBeWrittenIsNobodysBusiness) {
   window.store.refuses_to_save = true;
   window.Start();

@@ -211,6 +211,34 @@ TEST_F(RowStoreTest, StartsAfreshAfterABulk) {
   EXPECT_EQ(Heard(), "changed 4 4");
 }
 
+TEST_F(RowStoreTest, CountsEachChangeOfCellsAndOrderAndNoneOfLooksAlone) {
+  std::uint64_t before = rows_.Changes();
+  const auto counted = [&] { return std::exchange(before, rows_.Changes()) != rows_.Changes(); };
+  rows_.Insert(2, NamedRows({"e", "f"}));
+  EXPECT_TRUE(counted());
+  rows_.Remove(1);
+  EXPECT_TRUE(counted());
+  rows_.RemoveIf([](const Row& row) { return row.cells[kFileName] == "f"; });
+  EXPECT_TRUE(counted());
+  rows_.Reorder({2, 1, 3, 4});
+  EXPECT_TRUE(counted());
+  rows_.SetCell(1, kFileName, "g");
+  EXPECT_TRUE(counted());
+  rows_.SwapRows(1, 2);
+  EXPECT_TRUE(counted());
+
+  rows_.RemoveIf([](const Row&) { return false; });
+  rows_.Reorder({1, 2, 3, 4});
+  rows_.SetSelected(1, true);
+  rows_.SelectWhere([](int index, const Row&) { return index == 3; });
+  rows_.SetIcon(1, RowIcon::kBlue);
+  rows_.SetGhosted(1, true);
+  rows_.EnsureVisible(3);
+  EXPECT_FALSE(counted());
+  rows_.Clear();
+  EXPECT_TRUE(counted());
+}
+
 TEST_F(RowStoreTest, MovesTheFocusAndTellsItOnce) {
   EXPECT_EQ(rows_.FocusedRow(), 0);
   rows_.SetFocusedRow(3);

@@ -79,8 +79,9 @@ class MainWindow {
  private:
   void Make() {
     drives.WriteAt(drives.C() / "program" / "here", "");
+    std::filesystem::create_directory(drives.C() / "own");
     program = std::make_unique<Program>(fakes.Over(*files, feedback), feedback,
-                                        Session::Places{"QUBLET2021", "c:\\program", ""});
+                                        Session::Places{"QUBLET2021", "c:\\program", "", "c:\\own"});
     document = &program->engine.document;
     settings = &program->engine.settings;
     main = &program->main;
