@@ -12,6 +12,7 @@
 #include "app/list_events.h"
 #include "desk/commands.h"
 #include "desk/menus.h"
+#include "desk/normal_place.h"
 #include "desk/window_feedback.h"
 #include "engine/engine.h"
 #include "playlist/recent_files.h"
@@ -37,6 +38,7 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   void ended();
 
  protected:
+  bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
@@ -61,6 +63,7 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
 
   // MainView
   void ListView1_Click() override;
+  void ShowList(bool shown) override;
   void ShowCaption() override;
   void RefreshRecentMenu() override;
   // Session::Window
@@ -77,8 +80,10 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   Toolbar* Toolbar1 = nullptr;
   std::array<StatusPanel*, 4> Panels{};
   std::array<QAction*, kRecentMenuRoom> MFileRecent{};
+  NormalPlace normal_place_{*this};
   std::optional<Menus> menus_;
   std::unique_ptr<ListEvents> list_events_;
+  bool list_had_focus_ = false;  // when it was hidden
 };
 
 }  // namespace qublet

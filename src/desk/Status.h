@@ -6,7 +6,8 @@
 
 namespace qublet {
 
-// The progress window of long work. It stands over the main window and takes no input.
+// The progress window of long work, which says by which key that is stopped. It stands over the main window and takes
+// no input itself.
 class Status : public QDialog, private Ui::Status {
   Q_OBJECT
 

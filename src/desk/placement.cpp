@@ -1,6 +1,7 @@
 #include "desk/placement.h"
 
 #include <QScreen>
+#include <algorithm>
 
 namespace qublet {
 namespace {
@@ -31,6 +32,15 @@ QPoint PlaceBeside(const QRect& main, QSize frm, const QRect& screen, QPoint pre
 void PositionForm(const QWidget& main, QWidget& frm) {
   const QSize frame = main.frameGeometry().size() - main.size();
   frm.move(PlaceBeside(main.frameGeometry(), frm.size() + frame, main.screen()->geometry(), frm.pos()));
+}
+
+void GrowOnScreen(QWidget& window, int more) {
+  const QRect screen = window.screen()->availableGeometry();
+  const QSize frame = window.frameGeometry().size() - window.size();
+  const int height = std::min(window.height() + more, screen.height() - frame.height());
+  window.resize(window.width(), std::max(height, window.height()));
+  const int lowest = screen.top() + screen.height() - frame.height() - window.height();
+  if (window.y() > lowest) window.move(window.x(), std::max(lowest, screen.top()));
 }
 
 }  // namespace qublet

@@ -15,4 +15,7 @@ QPoint PlaceBeside(const QRect& main, QSize frm, const QRect& screen, QPoint pre
 // Moves a window that isn't shown yet to that place.
 void PositionForm(const QWidget& main, QWidget& frm);
 
+// Makes a window higher by so many pixels, as far as its screen has room, and moves it up where it would leave it.
+void GrowOnScreen(QWidget& window, int more);
+
 }  // namespace qublet

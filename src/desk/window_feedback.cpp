@@ -1,5 +1,7 @@
 #include "desk/window_feedback.h"
 
+#include <utility>
+
 #include "platform/qt/shown_text.h"
 
 namespace qublet {
@@ -9,8 +11,8 @@ constexpr qint64 kPumpEvery = 20;  // milliseconds: often enough for a smooth wi
 
 }  // namespace
 
-void WindowFeedback::ShowIn(QWidget& list, QLabel& activity, QWidget& window) {
-  places_.reset(new Places{list, activity, Status(&window)});
+void WindowFeedback::ShowIn(QWidget& window, std::function<void(const QString& text)> Activity) {
+  places_.reset(new Places{window, std::move(Activity), Status(&window)});
   last_pump_.start();
 }
 
@@ -25,16 +27,19 @@ void WindowFeedback::LetRepaint() {
 }
 
 void WindowFeedback::BeginWait() {
-  if (++waiting_ == 1 && places_) places_->list.setCursor(Qt::WaitCursor);
+  if (++waiting_ > 1) return;
+  lock_.ForgetEscape();
+  if (places_) places_->window.setCursor(Qt::WaitCursor);
 }
 
 void WindowFeedback::EndWait() {
-  if (--waiting_ == 0 && places_) places_->list.unsetCursor();
+  if (--waiting_ == 0 && places_) places_->window.unsetCursor();
 }
 
 void WindowFeedback::ShowActivity(const std::string& text) {
-  if (places_) places_->activity.setText(ShownText(text));
-  LetRepaint();
+  if (places_) places_->activity(ShownText(text));
+  // Between two folders of a walk the panel is empty for no time.
+  if (!text.empty()) LetRepaint();
 }
 
 void WindowFeedback::BeginProgress(const std::string& caption, int maximum) {

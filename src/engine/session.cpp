@@ -24,6 +24,7 @@ void Session::RestoreOrBeginAnew() {
 }
 
 void Session::SetFormState(bool SetReg) {
+  const WaitCursor wait(services_.feedback);
   SetReg ? StoreState() : RestoreState();
 }
 

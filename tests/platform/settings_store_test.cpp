@@ -230,7 +230,8 @@ TEST_F(SettingsStoreTest, TwoProcessesAtOnceLoseNothing) {
       const std::unique_ptr<SettingsStore> store = OpenSettingsStore();
       for (int i = 0; i < kWrites; ++i) {
         store->SaveSetting(kApplication, name, std::to_string(i), name);
-        // The lock isn't handed on in turn: whoever took it again at once could keep the other out for its whole wait.
+        // The lock isn't handed on in turn: whoever took it again at once could keep the other out for its whole
+        // wait.
         std::this_thread::sleep_for(std::chrono::milliseconds(3));
       }
       return 0;

@@ -1,5 +1,9 @@
 #include "playlist/ui/PlaylistStats.h"
 
+#include <QScrollArea>
+#include <algorithm>
+
+#include "desk/placement.h"
 #include "platform/qt/shown_text.h"
 
 namespace qublet {
@@ -7,6 +11,10 @@ namespace qublet {
 PlaylistStats::PlaylistStats(std::function<Statistics()> Gather, std::string thousands_separator, QWidget* parent)
     : QDialog(parent), gather_(std::move(Gather)), thousands_separator_(std::move(thousands_separator)) {
   setupUi(this);
+  for (QScrollArea* page : {GeneralPage, ItemsPage}) {
+    page->viewport()->setAutoFillBackground(false);
+    page->widget()->setAutoFillBackground(false);
+  }
   ShowPlaceHolders();
   setCursor(Qt::WaitCursor);
   Timer1.setInterval(100);
@@ -39,13 +47,14 @@ void PlaylistStats::ShowFigure(const StatisticsLine& line, const std::string& te
   label->setAccessibleName(QString::fromUtf8(line.caption) + u' ' + ShownText(text));
 }
 
-// A long path takes several lines.
+// A long path takes several lines. What a small screen has no room for is scrolled to.
 void PlaylistStats::MakeRoom() {
   layout()->activate();
-  const int pages = GeneralPage->layout()->totalHeightForWidth(GeneralPage->width());
-  const int more =
-      std::max(pages, ItemsPage->layout()->totalHeightForWidth(GeneralPage->width())) - GeneralPage->height();
-  if (more > 0) resize(width(), height() + more);
+  const int width = GeneralPage->viewport()->width();
+  const int wanted = std::max(GeneralContents->layout()->totalHeightForWidth(width),
+                              ItemsContents->layout()->totalHeightForWidth(width));
+  const int more = wanted - GeneralPage->viewport()->height();
+  if (more > 0) GrowOnScreen(*this, more);
 }
 
 }  // namespace qublet
