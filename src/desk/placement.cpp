@@ -34,13 +34,15 @@ void PositionForm(const QWidget& main, QWidget& frm) {
   frm.move(PlaceBeside(main.frameGeometry(), frm.size() + frame, main.screen()->geometry(), frm.pos()));
 }
 
-void GrowOnScreen(QWidget& window, int more) {
+void GrowOnScreen(QWidget& window, QSize more) {
   const QRect screen = window.screen()->availableGeometry();
   const QSize frame = window.frameGeometry().size() - window.size();
-  const int height = std::min(window.height() + more, screen.height() - frame.height());
-  window.resize(window.width(), std::max(height, window.height()));
-  const int lowest = screen.top() + screen.height() - frame.height() - window.height();
-  if (window.y() > lowest) window.move(window.x(), std::max(lowest, screen.top()));
+  window.resize((window.size() + more).boundedTo(screen.size() - frame).expandedTo(window.minimumSize()));
+  const QPoint last = screen.topLeft() + QPoint(screen.width(), screen.height()) -
+                      QPoint(window.width() + frame.width(), window.height() + frame.height());
+  const QPoint place(std::max(screen.left(), std::min(window.x(), last.x())),
+                     std::max(screen.top(), std::min(window.y(), last.y())));
+  if (place != window.pos()) window.move(place);
 }
 
 }  // namespace qublet

@@ -44,7 +44,7 @@ void WindowFeedback::ShowActivity(const std::string& text) {
 
 void WindowFeedback::BeginProgress(const std::string& caption, int maximum) {
   if (!places_) return;
-  places_->status.Begin(ShownCaption(caption), maximum);
+  places_->status.Begin(caption, maximum);
   lock_.Pump();
 }
 

@@ -1,6 +1,7 @@
 #include "playlist/ui/PlaylistStats.h"
 
 #include <QScrollArea>
+#include <QStyle>
 #include <algorithm>
 
 #include "desk/placement.h"
@@ -50,11 +51,14 @@ void PlaylistStats::ShowFigure(const StatisticsLine& line, const std::string& te
 // A long path takes several lines. What a small screen has no room for is scrolled to.
 void PlaylistStats::MakeRoom() {
   layout()->activate();
-  const int width = GeneralPage->viewport()->width();
-  const int wanted = std::max(GeneralContents->layout()->totalHeightForWidth(width),
-                              ItemsContents->layout()->totalHeightForWidth(width));
-  const int more = wanted - GeneralPage->viewport()->height();
-  if (more > 0) GrowOnScreen(*this, more);
+  const QSize page = GeneralPage->viewport()->size();
+  const int bar =
+      style()->pixelMetric(QStyle::PM_ScrollBarExtent) + style()->pixelMetric(QStyle::PM_ScrollView_ScrollBarSpacing);
+  const int width = std::max({page.width(), GeneralContents->minimumSizeHint().width() + bar,
+                              ItemsContents->minimumSizeHint().width() + bar});
+  const int height = std::max({page.height(), GeneralContents->layout()->totalHeightForWidth(width),
+                               ItemsContents->layout()->totalHeightForWidth(width)});
+  GrowOnScreen(*this, QSize(width, height) - page);
 }
 
 }  // namespace qublet
