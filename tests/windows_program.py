@@ -174,6 +174,58 @@ class WholeProgram(unittest.TestCase):
         self.assertEqual(sorted(file.name for file in self.programs.glob("*.exe")), ["QUBLET20.exe", "qublet.exe"])
         self.assertEqual(list(self.programs.glob("*.dll")), [])
 
+    def test_7_brings_its_papers(self):
+        papers = {file.relative_to(self.programs).as_posix(): file.read_bytes() for file in self.programs.rglob("*.txt")}
+        for name in ("README.txt", "COPYRIGHT.txt", "CHANGELOG.txt", "licences/LGPL-3.txt", "licences/GPL-3.txt",
+                     "licences/Qt.txt", "licences/utf8proc.txt", "licences/zlib.txt", "licences/GCC.txt",
+                     "licences/MinGW-w64.txt"):
+            self.assertGreater(len(papers.get(name, b"")), 500, name)
+        for name, text in papers.items():
+            self.assertEqual(text.count(b"\n"), text.count(b"\r\n"), name)
+            self.assertNotIn(b"/usr/share/common-licenses", text, name)
+            self.assertNotRegex(text, rb"@[A-Z0-9_]+@", name)
+        for name in ("README.txt", "CHANGELOG.txt"):
+            self.assertNotRegex(papers[name], rb"(?i)debian|apt-get|\./run", name)
+        self.assertIn(b"GNU LESSER GENERAL PUBLIC LICENSE", papers["licences/LGPL-3.txt"])
+        self.assertRegex(papers["COPYRIGHT.txt"], rb"apt-get source qt6-base=[0-9]")
+
+    def place(self, program):
+        lines = run("xdotool", "getwindowgeometry", "--shell", str(int(program.window, 16))).stdout.splitlines()
+        values = dict(line.split("=") for line in lines if "=" in line)
+        return [int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")]
+
+    def store_place(self, **values):
+        for key, value in values.items():
+            run("wine", "reg", "add", KEY + r"\PS", "/v", key, "/d", str(value), "/f")
+
+    def test_8_falls_back_from_a_size_that_the_screen_does_not_exceed(self):
+        width, height = map(int, run("xdotool", "getdisplaygeometry").stdout.split())
+        self.store_place(L=3000, T=2250, W=width * 15, H=height * 15)
+        program = Program(self.programs)
+        time.sleep(3)
+        found = self.place(program)
+        program.close()
+        # With the frame.
+        self.assertAlmostEqual(found[2], 528, delta=20)
+        self.assertAlmostEqual(found[3], 400, delta=60)
+
+    def test_9_puts_a_second_instance_where_the_first_stands(self):
+        self.store_place(L=3000, T=2250, W=7920, H=6000)
+        program = Program(self.programs)
+        time.sleep(3)
+        found = self.place(program)
+        self.assertAlmostEqual(found[0], 200, delta=10)
+        self.assertAlmostEqual(found[1], 150, delta=40)
+        program.close()
+        first = Program(self.programs)
+        second = subprocess.Popen(["wine", str(self.programs / "QUBLET20.exe")], stderr=subprocess.DEVNULL)
+        program = Program.__new__(Program)
+        program.process, program.window = second, wait_for("the second window", first.other_window)
+        time.sleep(3)
+        self.assertEqual(self.place(program), found)
+        program.close()
+        first.close()
+
 
 if __name__ == "__main__":
     outcome = unittest.main(argv=sys.argv[:1] + sys.argv[5:], exit=False, verbosity=2).result

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QScreen>
 #include <QShortcut>
+#include <QStatusTipEvent>
 #include <QTimer>
 #include <QToolTip>
 #include <chrono>
@@ -19,7 +20,9 @@
 #include "playlist/list_status.h"
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/formats.h"
+#include "playlist/stoppable_change.h"
 #include "settings/application.h"
+#include "settings/kept_values.h"
 
 namespace qublet {
 namespace {
@@ -40,7 +43,7 @@ Main::Main(Engine& engine, Commands& commands, WindowFeedback& feedback)
   BuildRecentMenu();
   BuildPluginMenu();
   BuildToolbar();
-  feedback_.ShowIn(*ListView1, Panels[3]->Text(), *this);
+  feedback_.ShowIn(*this, [this](const QString& text) { Panels[3]->ShowText(text); });
   list_events_ = std::make_unique<ListEvents>(
       engine_, feedback_, ListEvents::Places{*ListView1, menus_->Submenu("MEdit"), [this] { Relayout(); }});
   BindOwnCommands();
@@ -62,13 +65,12 @@ void Main::BuildList() {
 }
 
 void Main::BuildStatusBar() {
+  const std::array<QString, 3> kUsualTexts{u"Track: 9999/9999"_qs, u"99:59[9:59:59]"_qs, u"16,384 Bytes"_qs};
   const std::array<QString, 4> names{tr("Items"), tr("Length"), tr("Size"), tr("Activity")};
   for (std::size_t i = 0; i < Panels.size(); ++i) {
     Panels[i] = new StatusPanel(static_cast<int>(i) + 1, names[i], StatusBar1);
     const bool last = i + 1 == Panels.size();
-    Panels[i]->setMinimumWidth(last ? 0 : 110);
-    // A long path in the last panel is cut, it never widens the window.
-    if (last) Panels[i]->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    last ? Panels[i]->TakeTheRest() : Panels[i]->KeepRoomFor(kUsualTexts[i]);
     StatusBar1->addWidget(Panels[i], last ? 1 : 0);
   }
 }
@@ -135,6 +137,7 @@ void Main::Load(const std::string& command_line, QWidget* splash) {
   engine_.items.MEditSelNone_Click();
   ShowCaption();
   engine_.session.RestoreOrBeginAnew();
+  if (engine_.session.Kept(kMaximised) == "1") setWindowState(windowState() | Qt::WindowMaximized);
   menus_->SetMenuBitmaps();
   DetectPlayer();
   if (splash != nullptr) splash->hide();
@@ -158,6 +161,7 @@ void Main::DetectPlayer() {
 }
 
 void Main::OpenCommandLine(const std::string& command_line) {
+  const StoppableChange change(engine_.document, feedback_);
   if (command_line.empty()) {
     if (engine_.settings.RESPLAYLIST && engine_.session.RestoreLastList())
       feedback_.ShowRemark(tr("Recovered the list of the last session"));
@@ -234,7 +238,21 @@ void Main::ListView1_DblClick() {
   commands_.Run(engine_.settings.DBLCLKACTN ? CommandName("MEditPlaySel") : CommandName("MEditPlayLoc"));
 }
 
+// What an entry does stands in the last panel: the totals stay to be read.
+bool Main::event(QEvent* event) {
+  if (event->type() != QEvent::StatusTip) return QMainWindow::event(event);
+  Panels.back()->ShowTip(static_cast<const QStatusTipEvent*>(event)->tip());
+  return true;
+}
+
+void Main::ShowList(bool shown) {
+  if (!shown) list_had_focus_ = focusWidget() == ListView1;
+  ListView1->setVisible(shown);
+  if (shown && list_had_focus_) ListView1->setFocus();
+}
+
 void Main::ListView1_Click() {
+  const WaitCursor wait(feedback_);
   const LockRedraw lock(*this);
   const ListStatus status = WorkOutStatus(engine_.document.ListView1, engine_.services.files, engine_.settings,
                                           engine_.thousands_separator);
@@ -271,7 +289,7 @@ void Main::ApplyQUBLETSettings() {
   ShowBars();
   addToolBar(engine_.settings.Align == 1 ? Qt::TopToolBarArea : Qt::BottomToolBarArea, Toolbar1);
   ApplyListLook(engine_.settings, *ListView1);
-  ApplyPlace(engine_.settings, *this);
+  ApplyPlace(engine_.settings, normal_place_);
 }
 
 void Main::ShowBars() {
@@ -289,7 +307,8 @@ void Main::Relayout() {
 }
 
 void Main::CopyState(AppSettings& settings) {
-  CopyWindowState(StateOf(*this, *ListView1, *Toolbar1, *StatusBar1, settings), settings);
+  engine_.session.Keep(kMaximised, isMaximized() ? "1" : "0");
+  CopyWindowState(StateOf(*this, normal_place_, *ListView1, *Toolbar1, *StatusBar1, settings), settings);
 }
 
 ColumnWidths Main::DefColumnWidths() const {

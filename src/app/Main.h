@@ -14,6 +14,7 @@
 #include "app/list_events.h"
 #include "desk/commands.h"
 #include "desk/menus.h"
+#include "desk/normal_place.h"
 #include "desk/window_feedback.h"
 #include "engine/engine.h"
 #include "playlist/recent_files.h"
@@ -46,6 +47,7 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   void ended();
 
  protected:
+  bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
@@ -70,6 +72,7 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
 
   // MainView
   void ListView1_Click() override;
+  void ShowList(bool shown) override;
   void ShowCaption() override;
   void RefreshRecentMenu() override;
   // Session::Window
@@ -86,9 +89,11 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   Toolbar* Toolbar1 = nullptr;
   std::array<StatusPanel*, 4> Panels{};
   std::array<QAction*, kRecentMenuRoom> MFileRecent{};
+  NormalPlace normal_place_{*this};
   std::optional<Menus> menus_;
   std::unique_ptr<ListEvents> list_events_;
   QTimer RecoveryTimer;
+  bool list_had_focus_ = false;  // when it was hidden
   bool loaded_ = false;
 };
 

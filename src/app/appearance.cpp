@@ -4,6 +4,8 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QScreen>
+#include <algorithm>
+#include <limits>
 
 #include "platform/qt/colours.h"
 
@@ -52,26 +54,29 @@ void ApplyListLook(const AppSettings& settings, RowList& list) {
   }
 }
 
-void ApplyPlace(const AppSettings& settings, QMainWindow& window) {
-  window.resize(settings.W / kTwipsPerPixel, settings.H / kTwipsPerPixel);
-  window.move(settings.L / kTwipsPerPixel, settings.T / kTwipsPerPixel);
+void ApplyPlace(const AppSettings& settings, NormalPlace& place) {
+  place.Set({settings.L / kTwipsPerPixel, settings.T / kTwipsPerPixel, settings.W / kTwipsPerPixel,
+             settings.H / kTwipsPerPixel});
 }
 
 namespace {
 
-std::int32_t InTwips(int pixels, std::int16_t present) {
-  return present / kTwipsPerPixel == pixels ? present : pixels * kTwipsPerPixel;
+// The record's own value where that is what led to these pixels.
+std::int32_t InTwips(int pixels, std::int16_t present, int least = std::numeric_limits<int>::min()) {
+  return std::max(present / kTwipsPerPixel, least) == pixels ? present : pixels * kTwipsPerPixel;
 }
 
 }  // namespace
 
-WindowState StateOf(const QMainWindow& window, const RowList& list, const QToolBar& toolbar,
+WindowState StateOf(const QMainWindow& window, const NormalPlace& place, const RowList& list, const QToolBar& toolbar,
                     const QStatusBar& status_bar, const AppSettings& settings) {
   WindowState state;
-  state.top = InTwips(window.y(), settings.T);
-  state.left = InTwips(window.x(), settings.L);
-  state.width = InTwips(window.width(), settings.W);
-  state.height = InTwips(window.height(), settings.H);
+  const QRect stands = place.Get();
+  const QSize least = window.minimumSize();
+  state.top = InTwips(stands.top(), settings.T);
+  state.left = InTwips(stands.left(), settings.L);
+  state.width = InTwips(stands.width(), settings.W, least.width());
+  state.height = InTwips(stands.height(), settings.H, least.height());
   for (std::size_t i = 0; i < state.column_widths.size(); ++i) {
     state.column_widths[i] = list.columnWidth(static_cast<int>(i));
   }

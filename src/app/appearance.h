@@ -4,6 +4,7 @@
 #include <QStatusBar>
 #include <QToolBar>
 
+#include "desk/normal_place.h"
 #include "playlist/ui/row_list.h"
 #include "settings/window_state.h"
 
@@ -16,12 +17,13 @@ inline constexpr int kTwipsPerPixel = 15;
 
 // Colours, font, column widths of the list.
 void ApplyListLook(const AppSettings& settings, RowList& list);
-// How the window stands now, for the record.
-// A value of the record that stands for the same pixel stays as it is.
-WindowState StateOf(const QMainWindow& window, const RowList& list, const QToolBar& toolbar,
+// How the window stands, or will once it is no longer maximised, for the record. A value of the record that stands
+// for the same pixel stays as it is, and so does a size below what the window needs that it has not been given
+// another for.
+WindowState StateOf(const QMainWindow& window, const NormalPlace& place, const RowList& list, const QToolBar& toolbar,
                     const QStatusBar& status_bar, const AppSettings& settings);
 // Place and size of the window.
-void ApplyPlace(const AppSettings& settings, QMainWindow& window);
+void ApplyPlace(const AppSettings& settings, NormalPlace& place);
 // The whole screen in the record's units.
 ScreenSize ScreenInTwips();
 

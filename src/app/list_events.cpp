@@ -6,6 +6,7 @@
 #include "platform/qt/file_urls.h"
 #include "platform/qt/pictures.h"
 #include "playlist/row_order.h"
+#include "playlist/stoppable_change.h"
 
 namespace qublet {
 
@@ -85,11 +86,11 @@ void ListEvents::ListView1_FilesDropped(const std::vector<std::string>& native_p
   if (DragSourceActive || feedback_.Busy()) return;
   {
     const RefreshOnce refresh(engine_.view);
-    const WaitCursor wait(feedback_);
     const RowStore::Bulk bulk(engine_.document.ListView1);
+    const StoppableChange change(engine_.document, feedback_);
     // Going backwards with one insertion point keeps the order of the names.
     const int at = places_.ListView1.GetRowAtPoint(point.y()) + 1;
-    for (auto path = native_paths.crbegin(); path != native_paths.crend(); ++path) {
+    for (auto path = native_paths.crbegin(); path != native_paths.crend() && !feedback_.Stopped(); ++path) {
       ResumeNext([&] {
         int InsertPoint = at;
         engine_.items.AddStuff(engine_.services.files.FromNative(*path), true, InsertPoint);

@@ -1,6 +1,7 @@
 #include "desk/placement.h"
 
 #include <QScreen>
+#include <algorithm>
 
 namespace qublet {
 namespace {
@@ -31,6 +32,17 @@ QPoint PlaceBeside(const QRect& main, QSize frm, const QRect& screen, QPoint pre
 void PositionForm(const QWidget& main, QWidget& frm) {
   const QSize frame = main.frameGeometry().size() - main.size();
   frm.move(PlaceBeside(main.frameGeometry(), frm.size() + frame, main.screen()->geometry(), frm.pos()));
+}
+
+void GrowOnScreen(QWidget& window, QSize more) {
+  const QRect screen = window.screen()->availableGeometry();
+  const QSize frame = window.frameGeometry().size() - window.size();
+  window.resize((window.size() + more).boundedTo(screen.size() - frame).expandedTo(window.minimumSize()));
+  const QPoint last = screen.topLeft() + QPoint(screen.width(), screen.height()) -
+                      QPoint(window.width() + frame.width(), window.height() + frame.height());
+  const QPoint place(std::max(screen.left(), std::min(window.x(), last.x())),
+                     std::max(screen.top(), std::min(window.y(), last.y())));
+  if (place != window.pos()) window.move(place);
 }
 
 }  // namespace qublet

@@ -15,4 +15,7 @@ QPoint PlaceBeside(const QRect& main, QSize frm, const QRect& screen, QPoint pre
 // Moves a window that isn't shown yet to that place.
 void PositionForm(const QWidget& main, QWidget& frm);
 
+// Makes a window larger by so much, as far as its screen has room, and moves it to where the screen has it whole.
+void GrowOnScreen(QWidget& window, QSize more);
+
 }  // namespace qublet

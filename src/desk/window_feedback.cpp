@@ -1,6 +1,7 @@
 #include "desk/window_feedback.h"
 
 #include <chrono>
+#include <utility>
 
 #include "platform/qt/shown_text.h"
 
@@ -12,13 +13,15 @@ constexpr std::chrono::seconds kRemarkStays{10};
 
 }  // namespace
 
-void WindowFeedback::ShowIn(QWidget& list, QLabel& activity, QWidget& window) {
-  auto* remark = new QTimer(&activity);
+void WindowFeedback::ShowIn(QWidget& window, std::function<void(const QString& text)> Activity) {
+  auto* remark = new QTimer(&window);
   remark->setObjectName(QStringLiteral("RemarkTimer"));
   remark->setSingleShot(true);
   remark->setInterval(kRemarkStays);
-  QObject::connect(remark, &QTimer::timeout, &activity, &QLabel::clear);
-  places_.reset(new Places{list, activity, Status(&window), *remark});
+  QObject::connect(remark, &QTimer::timeout, remark, [this] {
+    if (places_) places_->activity({});
+  });
+  places_.reset(new Places{window, std::move(Activity), Status(&window), *remark});
   last_pump_.start();
 }
 
@@ -33,30 +36,33 @@ void WindowFeedback::LetRepaint() {
 }
 
 void WindowFeedback::BeginWait() {
-  if (++waiting_ == 1 && places_) places_->list.setCursor(Qt::WaitCursor);
+  if (++waiting_ > 1) return;
+  lock_.ForgetEscape();
+  if (places_) places_->window.setCursor(Qt::WaitCursor);
 }
 
 void WindowFeedback::EndWait() {
-  if (--waiting_ == 0 && places_) places_->list.unsetCursor();
+  if (--waiting_ == 0 && places_) places_->window.unsetCursor();
 }
 
 void WindowFeedback::ShowActivity(const std::string& text) {
   if (places_) {
     places_->remark.stop();
-    places_->activity.setText(ShownText(text));
+    places_->activity(ShownText(text));
   }
-  LetRepaint();
+  // Between two folders of a walk the panel is empty for no time.
+  if (!text.empty()) LetRepaint();
 }
 
 void WindowFeedback::ShowRemark(const QString& text) {
   if (!places_) return;
-  places_->activity.setText(text);
+  places_->activity(text);
   places_->remark.start();
 }
 
 void WindowFeedback::BeginProgress(const std::string& caption, int maximum) {
   if (!places_) return;
-  places_->status.Begin(ShownCaption(caption), maximum);
+  places_->status.Begin(caption, maximum);
   lock_.Pump();
 }
 

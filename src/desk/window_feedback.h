@@ -1,9 +1,10 @@
 #pragma once
 
 #include <QElapsedTimer>
-#include <QLabel>
+#include <QString>
 #include <QTimer>
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 #include "desk/Status.h"
@@ -12,12 +13,11 @@
 
 namespace qublet {
 
-// Shows long work in the main window: the list's wait cursor, the status bar's activity panel and the `Status`
-// window.
+// Shows long work in the main window: its wait cursor, the status bar's activity panel and the `Status` window.
 class WindowFeedback : public Feedback {
  public:
-  // From now on the work shows there; before, nothing is shown.
-  void ShowIn(QWidget& list, QLabel& activity, QWidget& window);
+  // From now on the work shows there; before, nothing is shown. `Activity` puts a text into the panel.
+  void ShowIn(QWidget& window, std::function<void(const QString& text)> Activity);
   // The window goes away.
   void ShowNowhere();
 
@@ -30,6 +30,7 @@ class WindowFeedback : public Feedback {
   void BeginWait() override;
   void EndWait() override;
   bool Busy() const override { return waiting_ > 0; }
+  bool Stopped() const override { return lock_.EscapePressed(); }
   void ShowActivity(const std::string& text) override;
   void BeginProgress(const std::string& caption, int maximum) override;
   void ShowProgress(int value) override;
@@ -38,8 +39,8 @@ class WindowFeedback : public Feedback {
  private:
   // The parts of the window.
   struct Places {
-    QWidget& list;
-    QLabel& activity;
+    QWidget& window;
+    std::function<void(const QString& text)> activity;
     Status status;
     QTimer& remark;  // runs while one is shown
   };

@@ -22,6 +22,7 @@ class ViewRelay : public MainView {
  public:
   void Show(MainView& window) { window_ = &window; }
 
+  void ShowList(bool shown) override { window_->ShowList(shown); }
   void ShowCaption() override { window_->ShowCaption(); }
   void RefreshRecentMenu() override { window_->RefreshRecentMenu(); }
 

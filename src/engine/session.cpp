@@ -25,6 +25,7 @@ void Session::RestoreOrBeginAnew() {
 }
 
 void Session::SetFormState(bool SetReg) {
+  const WaitCursor wait(services_.feedback);
   SetReg ? StoreState() : RestoreState();
 }
 

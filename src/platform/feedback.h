@@ -9,11 +9,14 @@ class Feedback {
  public:
   virtual ~Feedback() = default;
 
-  // Wait cursor of the list: shown from the first Begin to the last End.
+  // Wait cursor of the window: shown from the first Begin to the last End.
   virtual void BeginWait() {}
   virtual void EndWait() {}
   // True from the first Begin to the last End; no command is taken then.
   virtual bool Busy() const { return false; }
+  // True once the user has asked for the work to stop, until the next first Begin. Work that can be stopped asks now
+  // and then, and leaves things as they were.
+  virtual bool Stopped() const { return false; }
 
   // Text of status bar panel 4, repainted at once.
   virtual void ShowActivity(const std::string& /*text*/) {}

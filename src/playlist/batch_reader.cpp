@@ -34,18 +34,20 @@ void BatchReader::StartThreads() {
   const unsigned count = std::max(2u, std::thread::hardware_concurrency());
   // A system that allows no (more) threads leaves the work to those there are.
   ResumeNext([&] {
-    for (unsigned i = 0; i < count; ++i) threads_.emplace_back([this] { Work(); });
+    for (unsigned i = 0; i < count; ++i) threads_.emplace_back([this] { Work([] {}); });
   });
 }
 
-void BatchReader::Work() {
+void BatchReader::Work(const std::function<void()>& file_read) {
   while (Part* part = TakePart()) {
     int order = part->first_order;
     for (const std::string& path : part->paths) {
+      if (given_up_) break;
       part->rows.push_back(std::make_unique<Row>());
       // A row that couldn't be filled to its end stays as it is; the batch goes on.
       ReadRow(files_, path, order++, thousands_separator_, *part->rows.back());
       ++done_;
+      file_read();
     }
   }
   const std::lock_guard lock(mutex_);
@@ -56,25 +58,31 @@ void BatchReader::Work() {
 BatchReader::Part* BatchReader::TakePart() {
   std::unique_lock lock(mutex_);
   changed_.wait(lock, [&] { return complete_ || taken_ < parts_.size(); });
-  return taken_ < parts_.size() ? &parts_[taken_++] : nullptr;
+  return taken_ < parts_.size() && !given_up_ ? &parts_[taken_++] : nullptr;
+}
+
+void BatchReader::ReadHere(Feedback& feedback) {
+  Work([&] {
+    feedback.ShowProgress(static_cast<int>(done_));
+    if (feedback.Stopped()) given_up_ = true;
+  });
+}
+
+void BatchReader::WaitForThreads(Feedback& feedback) {
+  std::unique_lock lock(mutex_);
+  while (!given_up_ && !changed_.wait_for(lock, kShowEvery, [&] { return ended_ >= threads_.size(); })) {
+    lock.unlock();
+    feedback.ShowProgress(static_cast<int>(done_));
+    if (feedback.Stopped()) given_up_ = true;
+    lock.lock();
+  }
 }
 
 std::vector<std::unique_ptr<Row>> BatchReader::Finish(Feedback& feedback) {
-  std::unique_lock lock(mutex_);
-  complete_ = true;
-  changed_.notify_all();
-  if (threads_.empty()) {
-    lock.unlock();
-    Work();
-    lock.lock();
-  }
-  while (!changed_.wait_for(lock, kShowEvery, [&] { return ended_ >= threads_.size(); })) {
-    lock.unlock();
-    feedback.ShowProgress(static_cast<int>(done_));
-    lock.lock();
-  }
-  lock.unlock();
+  Complete();
+  threads_.empty() ? ReadHere(feedback) : WaitForThreads(feedback);
   feedback.ShowProgress(static_cast<int>(done_));
+  if (given_up_ || feedback.Stopped()) return {};
 
   std::vector<std::unique_ptr<Row>> rows;
   rows.reserve(done_);
@@ -82,11 +90,15 @@ std::vector<std::unique_ptr<Row>> BatchReader::Finish(Feedback& feedback) {
   return rows;
 }
 
-BatchReader::~BatchReader() {
+void BatchReader::Complete() {
   const std::lock_guard lock(mutex_);
   complete_ = true;
-  taken_ = parts_.size();
   changed_.notify_all();
+}
+
+BatchReader::~BatchReader() {
+  given_up_ = true;
+  Complete();
 }
 
 }  // namespace qublet

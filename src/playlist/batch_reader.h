@@ -4,6 +4,7 @@
 #include <condition_variable>
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <span>
@@ -34,7 +35,7 @@ class BatchReader {
   void Add(std::span<const std::string> paths);
   // Waits for the whole batch and gives its rows in the order of the paths; to be called once, at the end. Meanwhile
   // this thread shows the count of finished rows, at least every few hundredths of a second, so that the window stays
-  // painted.
+  // painted. No rows come of a batch that the user stops.
   std::vector<std::unique_ptr<Row>> Finish(Feedback& feedback);
 
  private:
@@ -46,14 +47,18 @@ class BatchReader {
   };
 
   void StartThreads();
-  void Work();
+  void Work(const std::function<void()>& file_read);
+  void ReadHere(Feedback& feedback);
+  void WaitForThreads(Feedback& feedback);
   Part* TakePart();  // waits for one; nothing when there will be no more
+  void Complete();   // no more parts will come
 
   const FileSystem& files_;
   const std::string thousands_separator_;
   int next_order_;
   std::size_t added_ = 0;
   std::atomic<std::size_t> done_{0};
+  std::atomic<bool> given_up_{false};
 
   std::mutex mutex_;  // of what stands below
   std::condition_variable changed_;

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "playlist/paths/collections.h"
 #include "playlist/row_store.h"
@@ -30,12 +32,12 @@ struct Document {
     PlaylistChanged = false;
     Recovered = Recovery::kNone;
   }
-  // The list goes, and another one takes its place. What was to be asked has been.
-  void GiveWay() {
+  // The list goes, and another one takes its place. What was to be asked has been. Gives the rows that went.
+  std::vector<std::unique_ptr<Row>> GiveWay() {
     const bool unasked = Recovered == Recovery::kHere && !PlaylistChanged && ListView1.Count() > 0;
     MarkStored();
     if (unasked) Recovered = Recovery::kLeft;
-    ListView1.Clear();
+    return ListView1.TakeAll();
   }
 
   std::string WorkFolder;  // folder or file last picked by "&Add Item"

@@ -11,6 +11,7 @@
 #include "playlist/paths/text.h"
 #include "playlist/row_filling.h"
 #include "playlist/row_paths.h"
+#include "playlist/stoppable_change.h"
 
 namespace qublet {
 
@@ -51,7 +52,7 @@ Outcome Items::AddStuff(std::string filename, bool ReSelect, int& InsertPoint) {
     AddByKind(details, InsertPoint);
 
     const int after = list.Count();
-    if (after == before) throw Failure("nothing to list");
+    if (after == before) throw Failure(Stopped() ? "stopped" : "nothing to list");
     if (ReSelect) {
       MEditSelNone_Click();
       SelectRowRange(InsertPoint - 1, after - before + InsertPoint - 1);
@@ -94,6 +95,7 @@ void Items::AddFromFileArray(BatchReader& reader, std::size_t from) {
 void Items::LoadBatch(BatchReader& reader, int InsertPoint) {
   const WaitCursor wait(feedback_);
   RowStore& list = document_.ListView1;
+  if (Stopped()) return;
   feedback_.BeginProgress("Get File Info...", static_cast<int>(document_.FileArray.size()));
   ResumeNext([&] {
     std::vector<std::unique_ptr<Row>> rows = reader.Finish(feedback_);
@@ -123,11 +125,16 @@ void Items::MEditSelNone_Click() {
 
 void Items::MViewRefresh_Click() {
   if (document_.ListView1.Count() == 0) return;
-  DestroyFileArray(document_);
-  SaveFileArrayFromList(true);
-  document_.ListView1.Clear();
-  LoadFileArrayToList(1);
-  MEditSelNone_Click();
+  const WaitCursor wait(feedback_);
+  {
+    const HiddenList hidden(view_);
+    StoppableChange change(document_, feedback_);
+    DestroyFileArray(document_);
+    SaveFileArrayFromList(true);
+    change.ClearList();
+    LoadFileArrayToList(1);
+  }
+  if (!Stopped()) MEditSelNone_Click();
 }
 
 }  // namespace qublet

@@ -28,8 +28,8 @@ class Items {
   Outcome AddFile(const std::string& filename, int Index, int OrigIndex);
 
   // Expands what the user named (an audio file, a folder with all below it, a playlist) into rows before row
-  // `InsertPoint`, which becomes the end of the list if it is below 1. Done when at least one row was added. After a
-  // playlist its folder is the current one.
+  // `InsertPoint`, which becomes the end of the list if it is below 1. Done when at least one row was added, not when
+  // the user stops it: the list is as it was then. After a playlist its folder is the current one.
   Outcome AddStuff(std::string filename, bool ReSelect, int& InsertPoint);
   Outcome AddStuff(const std::string& filename, bool ReSelect) {
     int at_the_end = 0;
@@ -39,8 +39,11 @@ class Items {
   // Appends the full paths of all rows (`Mode` True) or of the selected ones to `FileArray`.
   void SaveFileArrayFromList(bool Mode);
   // Makes a row of each path in `FileArray`, in their order, before row `InsertPoint` (1 or more), behind the
-  // `Status` progress window. What doesn't fit the list is left out.
+  // `Status` progress window. What doesn't fit the list is left out; no row comes when the user stops it.
   void LoadFileArrayToList(int InsertPoint);
+
+  // Whether the user has stopped what the last call did.
+  bool Stopped() const { return feedback_.Stopped(); }
 
   // "Select &None".
   void MEditSelNone_Click();

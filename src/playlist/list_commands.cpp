@@ -3,6 +3,7 @@
 #include <string>
 
 #include "playlist/selection.h"
+#include "playlist/stoppable_change.h"
 
 namespace qublet {
 
@@ -70,7 +71,10 @@ void ListCommands::MEditSelFol_Click() {
 }
 
 void ListCommands::MEditSelImpFol_Click() {
-  Run([&] { ImportFolders(document_.ListView1, items_); });
+  Run([&] {
+    const StoppableChange change(document_, services_.feedback);
+    ImportFolders(document_.ListView1, items_);
+  });
 }
 
 void ListCommands::MEditSelLoc_Click() {

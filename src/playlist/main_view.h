@@ -15,6 +15,8 @@ class MainView {
   // True while the refresh waits for the end of a command that adds much.
   bool Dropping() const { return held_ > 0; }
 
+  // Hides the list or shows it again, in its place.
+  virtual void ShowList(bool /*shown*/) {}
   // The caption after a change of `CurrentPlaylist`.
   virtual void ShowCaption() {}
   // The menu of recent files after a change of `RecentFiles`.
@@ -39,6 +41,18 @@ class RefreshOnce {
   }
   RefreshOnce(const RefreshOnce&) = delete;
   RefreshOnce& operator=(const RefreshOnce&) = delete;
+
+ private:
+  MainView& view_;
+};
+
+// The list can't be seen for as long as one lives.
+class HiddenList {
+ public:
+  explicit HiddenList(MainView& view) : view_(view) { view_.ShowList(false); }
+  ~HiddenList() { view_.ShowList(true); }
+  HiddenList(const HiddenList&) = delete;
+  HiddenList& operator=(const HiddenList&) = delete;
 
  private:
   MainView& view_;

@@ -8,6 +8,7 @@
 #include "playlist/paths/text.h"
 #include "playlist/recent_files.h"
 #include "playlist/row_paths.h"
+#include "playlist/stoppable_change.h"
 
 namespace qublet {
 namespace {
@@ -29,13 +30,12 @@ bool PlaylistFiles::OpenPlaylistFile(bool Import) {
   const std::optional<std::string> chosen = services_.dialogs.ShowOpen(request);
   if (!chosen) return false;
 
-  if (Import) {
-    document_.PlaylistChanged = true;
-  } else {
-    if (!PromptSaveFirst()) return false;
-    document_.GiveWay();
+  if (!Import && !PromptSaveFirst()) return false;
+  const bool added = Load(*chosen, Import ? Into::kPresentList : Into::kEmptyList, Import);
+  if (items_.Stopped()) {
+    view_.Refresh();
+    return false;
   }
-  const bool added{items_.AddStuff(*chosen, Import)};
   if (added && !Import) {
     document_.CurrentPlaylist = NormalizedPath(*chosen);
     view_.ShowCaption();
@@ -43,6 +43,13 @@ bool PlaylistFiles::OpenPlaylistFile(bool Import) {
   }
   items_.MEditSelNone_Click();
   return added;
+}
+
+bool PlaylistFiles::Load(const std::string& path, Into into, bool ReSelect) {
+  StoppableChange change(document_, services_.feedback);
+  if (into == Into::kEmptyList) change.ClearList();
+  document_.PlaylistChanged = into == Into::kPresentList;
+  return static_cast<bool>(items_.AddStuff(path, ReSelect));
 }
 
 void PlaylistFiles::MFileOpen_Click() {
@@ -68,12 +75,11 @@ void PlaylistFiles::MFileRecent_Click(int Index) {
                                   MessageIcon::kStop, MessageButtons::kOk);
     return;
   }
-  document_.GiveWay();
-  if (items_.AddStuff(path, true)) {
+  if (Load(path, Into::kEmptyList, true)) {
     document_.CurrentPlaylist = path;
     view_.ShowCaption();
   }
-  document_.PlaylistChanged = false;
+  if (!items_.Stopped()) document_.PlaylistChanged = false;
   view_.Refresh();
 }
 

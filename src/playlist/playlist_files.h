@@ -18,7 +18,8 @@ class PlaylistFiles {
                 MainView& view)
       : document_(document), items_(items), settings_(settings), services_(services), view_(view) {}
 
-  // Asks for a file and opens it, or adds its rows to the list (`Import`). True when rows came.
+  // Asks for a file and opens it, or adds its rows to the list (`Import`). True when rows came. When the user stops
+  // it, all is as it was.
   bool OpenPlaylistFile(bool Import);
   // Saves under the open file's name, or asks for one (`AsNew`, or no open file). `Relative` cuts the folder of the
   // playlist from each line, and is cleared when the items have no common folder. True when the file was written.
@@ -42,6 +43,9 @@ class PlaylistFiles {
   void MFileRecent_Click(int Index);
 
  private:
+  enum class Into { kEmptyList, kPresentList };
+
+  bool Load(const std::string& path, Into into, bool ReSelect);
   bool AskForTarget(bool& Relative, std::string& target);
   std::string ProposeRelativeName(const std::string& common, bool& Relative);
   std::string ProposeName(const std::string& common);

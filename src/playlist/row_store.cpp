@@ -112,11 +112,11 @@ int RowStore::RemoveIf(const std::function<bool(const Row&)>& doomed) {
   return gone;
 }
 
-void RowStore::Clear() {
+std::vector<std::unique_ptr<Row>> RowStore::TakeAll() {
   const Bulk bulk(*this);
-  rows_.clear();
   ++changes_;
   if (focused_ > 0) MoveFocus(0);
+  return std::exchange(rows_, {});
 }
 
 void RowStore::Reorder(const std::vector<int>& order) {

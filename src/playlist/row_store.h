@@ -71,7 +71,9 @@ class RowStore {
   void Remove(int index);
   // Removes every row that `doomed` names; gives how many went. Linear in the rows.
   int RemoveIf(const std::function<bool(const Row&)>& doomed);
-  void Clear();
+  void Clear() { TakeAll(); }
+  // Clear that hands over the rows, in their order.
+  std::vector<std::unique_ptr<Row>> TakeAll();
   // Row k becomes what row `order[k - 1]` was. Rows take their selected states along, the focus stays with its row;
   // one notice for all. Throws Failure unless `order` names each row once; nothing is moved then.
   void Reorder(const std::vector<int>& order);

@@ -67,7 +67,10 @@ void SelectCheckMarked(RowStore& rows) {
 }
 
 void ImportFolders(const RowStore& rows, Items& items) {
-  for (const std::string& folder : FoldersOfSelection(rows)) items.AddStuff(folder, true);
+  for (const std::string& folder : FoldersOfSelection(rows)) {
+    items.AddStuff(folder, true);
+    if (items.Stopped()) return;
+  }
 }
 
 std::string CommonFolder(const RowStore& rows, const FileSystem& files) {
@@ -95,7 +98,7 @@ bool ReplaceCurrentRow(Document& document, Items& items, Dialogs& dialogs) {
   int InsertPoint = index + 1;
   if (items.AddStuff(*name, true, InsertPoint)) {
     rows.Remove(index);
-  } else {
+  } else if (!items.Stopped()) {
     dialogs.ShowMessage("Unable to add a reference to this file..", MessageIcon::kStop, MessageButtons::kOk);
   }
   return true;

@@ -21,6 +21,7 @@ inline constexpr SettingAddress kWinampBookmarkFile = {"RF", "W"};
 inline constexpr SettingAddress kWorkFolder = {"RF", "Wkdir"};
 inline constexpr SettingAddress kTagSignature = {"ID3", "SIG"};
 inline constexpr SettingAddress kToolbarLayout = {"PS", "Toolbar1"};
+inline constexpr SettingAddress kMaximised = {"PS", "Maximised"};
 inline constexpr SettingAddress kShowTips = {"Options", "Show Tips at Startup"};
 
 std::string GetSetting(const SettingsStore& store, const std::string& application, const SettingAddress& address);

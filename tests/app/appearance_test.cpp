@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QMenuBar>
 #include <QScreen>
 #include <QStatusBar>
+#include <QStatusTipEvent>
+#include <QTest>
 #include <QToolButton>
+#include <QToolTip>
 
 #include "app/appearance.h"
 #include "desk/placement.h"
@@ -148,6 +152,123 @@ TEST_F(Appearance, GivesTheListAllThatTheBarsLeave) {
   EXPECT_EQ(place_of_list().top(), window.main->menuBar()->height() + 2);
   window.Run("MViewStatusBar");
   EXPECT_EQ(place_of_list().bottom() + 1, window.main->height());
+}
+
+TEST_F(Appearance, KeepsTheWidthsOfThePanels) {
+  StartWith({});
+  const auto panel = [&](int number) {
+    return window.main->findChild<QLabel*>(QStringLiteral("Panel%1").arg(number));
+  };
+  const auto widths = [&] {
+    QCoreApplication::processEvents();
+    std::vector<int> of_each;
+    for (int i = 1; i <= 4; ++i) of_each.push_back(panel(i)->parentWidget()->width());
+    return of_each;
+  };
+  const std::vector<int> at_first = widths();
+  window.Run("MEditSelAll");
+  EXPECT_EQ(widths(), at_first);
+  window.Run("MEditSelNone");
+  window.Rows().SetSelected(1, true);
+  window.program->engine.view.Refresh();
+  EXPECT_EQ(window.Panel(1), "Track: 1/2");
+  EXPECT_EQ(widths(), at_first);
+  window.Rows().SetCell(1, kHiddenLen, "3599999");
+  window.Rows().SetCell(2, kHiddenLen, "3599999");
+  window.program->engine.view.Refresh();
+  const std::vector<int> with_more = widths();
+  EXPECT_GE(panel(2)->width(), panel(2)->fontMetrics().horizontalAdvance(panel(2)->text())) << "nothing is cut";
+  window.Run("MEditSelNone");
+  EXPECT_EQ(widths(), with_more) << "it never gets narrower";
+}
+
+TEST_F(Appearance, ShowsWhatAnEntryDoesInTheLastPanelAndLeavesTheTotals) {
+  StartWith({});
+  window.feedback.ShowActivity("news");
+  QStatusTipEvent tip(window.Action("MViewRefresh")->statusTip());
+  QCoreApplication::sendEvent(window.main, &tip);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(window.Panel(4), "Read every file from disk again");
+  for (int i = 1; i <= 4; ++i)
+    EXPECT_TRUE(window.main->findChild<QLabel*>(QStringLiteral("Panel%1").arg(i))->isVisible()) << i;
+  QStatusTipEvent none{QString()};
+  QCoreApplication::sendEvent(window.main, &none);
+  EXPECT_EQ(window.Panel(4), "news");
+}
+
+TEST_F(Appearance, ElidesALongFolderInTheLastPanelInTheMiddleWithATip) {
+  StartWith({});
+  auto* panel = window.main->findChild<QLabel*>("Panel4");
+  const QString begin = QStringLiteral("c:\\begin\\"), end = QStringLiteral("\\the very end");
+  const int before = window.main->width();
+  window.feedback.ShowActivity((begin + QString(300, u'x') + end).toStdString());
+  QCoreApplication::processEvents();
+  EXPECT_EQ(window.main->width(), before);
+  const QImage long_text = panel->grab().toImage();
+  window.feedback.ShowActivity((begin + QString(400, u'x') + end).toStdString());
+  EXPECT_EQ(panel->grab().toImage(), long_text) << "what differs is in the middle";
+  window.feedback.ShowActivity((begin + QString(300, u'x') + end + u'!').toStdString());
+  EXPECT_NE(panel->grab().toImage(), long_text) << "its end can be seen";
+  QHelpEvent help(QEvent::ToolTip, QPoint(3, 3), panel->mapToGlobal(QPoint(3, 3)));
+  QCoreApplication::sendEvent(panel, &help);
+  EXPECT_TRUE(QToolTip::text().replace(QChar::Nbsp, u' ').contains(QStringLiteral("the very end!")));
+  QToolTip::hideText();
+}
+
+TEST_F(Appearance, StoresTheNormalPlaceOfAMaximisedWindowAndComesBackMaximised) {
+  StartWith({{"PS", "W", "9000"}, {"PS", "H", "6001"}, {"PS", "L", "1200"}, {"PS", "T", "2000"}});
+  window.main->showMaximized();
+  QTest::qWait(500);
+  const QSize large = window.main->size();
+  EXPECT_NE(large, QSize(600, 400));
+  for (int session = 1; session <= 3; ++session) {
+    window.main->close();
+    EXPECT_EQ(Stored("PS", "W") + " " + Stored("PS", "H") + " " + Stored("PS", "L") + " " + Stored("PS", "T"),
+              "9000 6001 1200 2000")
+        << session;
+    EXPECT_EQ(Stored("PS", "Maximised"), "1");
+    window.Restart();
+    EXPECT_TRUE(window.main->isMaximized()) << session;
+    EXPECT_EQ(window.main->size(), large);
+    QTest::qWait(500);
+  }
+  window.main->showNormal();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(QRect(window.main->pos(), window.main->size()), QRect(80, 133, 600, 400));
+  window.main->close();
+  EXPECT_EQ(Stored("PS", "Maximised"), "0");
+}
+
+TEST_F(Appearance, LeavesASizeBelowWhatTheWindowNeedsInTheRecord) {
+  StartWith({{"PS", "W", "1500"}, {"PS", "H", "300"}});
+  EXPECT_GT(window.main->height(), 20);
+  for (int session = 1; session <= 2; ++session) {
+    window.main->close();
+    EXPECT_EQ(Stored("PS", "W") + " " + Stored("PS", "H"), "1500 300");
+    window.Restart();
+  }
+  window.main->resize(700, 450);
+  window.main->close();
+  EXPECT_EQ(Stored("PS", "W") + " " + Stored("PS", "H"), "10500 6750");
+}
+
+TEST_F(Appearance, FallsBackForASizeThatTheScreenDoesNotExceed) {
+  const QSize screen = window.main->screen()->size() * kTwipsPerPixel;
+  const auto text = [](int twips) { return std::to_string(twips); };
+  StartWith({{"PS", "W", text(screen.width())}, {"PS", "H", text(screen.height())}});
+  EXPECT_EQ(window.main->size(), QSize(7920, 6000) / kTwipsPerPixel);
+  window.main->close();
+  StartWith({{"PS", "W", text(screen.width() - 15)}, {"PS", "H", text(screen.height() - 15)}});
+  EXPECT_EQ(window.main->size(), screen / kTwipsPerPixel - QSize(1, 1));
+}
+
+TEST_F(Appearance, PutsASecondInstanceWhereTheFirstStands) {
+  StartWith({{"PS", "L", "3000"}, {"PS", "T", "2250"}});
+  MainWindow second;
+  second.store = window.store;
+  second.Restart();
+  EXPECT_EQ(window.main->pos(), QPoint(200, 150));
+  EXPECT_EQ(second.main->pos(), QPoint(200, 150));
 }
 
 TEST_F(Appearance, PutsNewWindowsBesideTheMainWindow) {

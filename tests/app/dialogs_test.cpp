@@ -216,15 +216,18 @@ TEST_F(FolderBrowserTest, OffersHomeMusicAndTheDrives) {
 }
 
 TEST_F(FolderBrowserTest, ShowsWhereItBeginsOnceTheFoldersAreRead) {
+  constexpr int kPatience = 20'000;  // milliseconds
   for (int i = 0; i < 300; ++i)
     std::filesystem::create_directories(drives.C() / ("m/folder " + std::to_string(1000 + i)));
   bool in_view = false, has_picture = false;
   WhenOpen<BrowseForm>([&](BrowseForm& form) {
     auto* tree = form.findChild<QTreeView*>("FolderTree");
-    in_view = QTest::qWaitFor([&] {
-      const QModelIndex index = tree->currentIndex();
-      return index.row() == 250 && tree->viewport()->rect().contains(tree->visualRect(index).center());
-    });
+    in_view = QTest::qWaitFor(
+        [&] {
+          const QModelIndex index = tree->currentIndex();
+          return index.row() == 250 && tree->viewport()->rect().contains(tree->visualRect(index).center());
+        },
+        kPatience);
     QTest::qWait(200);
     in_view = in_view && tree->viewport()->rect().contains(tree->visualRect(tree->currentIndex()).center());
     has_picture = !tree->currentIndex().data(Qt::DecorationRole).value<QIcon>().isNull();

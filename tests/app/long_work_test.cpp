@@ -10,7 +10,9 @@
 #include <QProgressBar>
 #include <QSocketNotifier>
 #include <QTimer>
+#include <algorithm>
 #include <set>
+#include <thread>
 
 #include "support/main_window.h"
 #include "support/slow_file_system.h"
@@ -202,12 +204,145 @@ TEST_F(SlowBatch, IsNoHindranceForAnEndFromOutsideAndTheListIsKept) {
   EXPECT_EQ(window.drives.Read("own/recovery-1.m3u"), list);
 }
 
+// Each reading of a folder takes longer than the window waits before it paints again.
+class SlowFolders : public SlowFileSystem {
+ public:
+  SlowFolders() : SlowFileSystem(std::chrono::milliseconds(0)) {}
+  std::vector<FolderEntry> ReadFolder(const std::string& folder) const override {
+    std::this_thread::sleep_for(std::chrono::milliseconds(30));
+    return SlowFileSystem::ReadFolder(folder);
+  }
+};
+
+// Notes what the last panel says whenever it is painted.
+class PaintedActivity : public QObject {
+ public:
+  explicit PaintedActivity(MainWindow& window) : panel_(*window.main->findChild<QLabel*>("Panel4")) {
+    panel_.installEventFilter(this);
+  }
+  std::vector<std::string> texts;
+
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) texts.push_back(panel_.text().toStdString());
+    return false;
+  }
+
+ private:
+  QLabel& panel_;
+};
+
 TEST(LongWork, ShowsEachFolderOfAWalkInTheLastPanelAndClearsIt) {
-  MainWindow window;
+  MainWindow window([] { return std::make_unique<SlowFolders>(); });
   window.Start();
-  window.drives.Write("m/one/a.mp3", kNoise);
+  for (int i = 0; i < 20; ++i) window.drives.Write("m/" + std::to_string(100 + i) + "/deep/a.mp3", kNoise);
+  PaintedActivity painted(window);
   window.Add("c:\\m");
   EXPECT_EQ(window.Panel(4), "");
+  const auto blank = std::ranges::count(painted.texts, "");
+  const auto folders =
+      std::ranges::count_if(painted.texts, [](const auto& text) { return text.starts_with("c:\\m"); });
+  EXPECT_GE(folders, 30);
+  EXPECT_LE(blank, 3) << "only before and after";
+}
+
+TEST(LongWork, HasTheWaitCursorOverTheWholeWindow) {
+  MainWindow window([] { return std::make_unique<SlowFileSystem>(std::chrono::milliseconds(5)); });
+  window.Start();
+  for (int i = 0; i < 50; ++i) window.drives.Write("m/" + std::to_string(100 + i) + ".mp3", kNoise);
+  std::set<Qt::CursorShape> shapes;
+  AtEachPaint watch(window, [&] {
+    for (const QWidget* widget : {static_cast<QWidget*>(window.main), window.List().viewport()})
+      shapes.insert(widget->cursor().shape());
+  });
+  window.Add("c:\\m");
+  EXPECT_EQ(shapes, std::set<Qt::CursorShape>{Qt::WaitCursor});
+  EXPECT_EQ(window.main->cursor().shape(), Qt::ArrowCursor);
+}
+
+// The cursor at each change of it.
+class CursorChanges : public QObject {
+ public:
+  explicit CursorChanges(QWidget& window) : window_(window) { window.installEventFilter(this); }
+  std::vector<Qt::CursorShape> shapes;
+
+  bool eventFilter(QObject*, QEvent* event) override {
+    const Qt::CursorShape shape = window_.cursor().shape();
+    if (event->type() == QEvent::CursorChange && (shapes.empty() || shapes.back() != shape)) shapes.push_back(shape);
+    return false;
+  }
+
+ private:
+  QWidget& window_;
+};
+
+TEST(LongWork, HasTheWaitCursorAlsoWhileTheWindowWorksOutItsStateAndWhileStateIsStored) {
+  MainWindow window;
+  window.Start();
+  const std::vector<Qt::CursorShape> kOnce{Qt::WaitCursor, Qt::ArrowCursor};
+  {
+    CursorChanges changes(*window.main);
+    window.program->engine.view.Refresh();
+    EXPECT_EQ(changes.shapes, kOnce);
+  }
+  for (const bool store : {true, false}) {
+    CursorChanges changes(*window.main);
+    window.program->engine.session.SetFormState(store);
+    EXPECT_EQ(changes.shapes, kOnce);
+  }
+}
+
+TEST_F(SlowBatch, StopsByEscapeAndByNoOtherKey) {
+  window.drives.Write("two/a.mp3", kNoise);
+  window.drives.Write("two/b.mp3", kNoise);
+  window.Add("c:\\two");
+  const auto press = [&](int key) {
+    QCoreApplication::postEvent(&window.List(), new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier));
+  };
+  QString said;
+  AtEachPaint watch(window, [&] {
+    said = window.main->findChild<QDialog*>("Status")->findChild<QLabel*>("StopText")->text();
+    press(watch.steps < 6 ? Qt::Key_Space : Qt::Key_Escape);
+  });
+  window.Add("c:\\m");
+  EXPECT_GE(watch.steps, 6);
+  EXPECT_EQ(said, QStringLiteral("Esc stops; the list stays as it was"));
+  EXPECT_EQ(window.Names(), "a.mp3 b.mp3");
+  EXPECT_EQ(window.Selected(), "xx");
+  EXPECT_FALSE(window.main->findChild<QDialog*>("Status")->isVisible());
+  EXPECT_FALSE(window.feedback.Busy());
+}
+
+TEST_F(SlowBatch, HidesTheListWhileItIsReadAnewAndGivesItTheKeyboardBack) {
+  window.Add("c:\\m");
+  window.main->activateWindow();
+  window.List().setFocus();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return window.List().hasFocus(); }));
+  int seen = 0;
+  AtEachPaint watch(window, [&] { seen += window.List().isVisible() ? 1 : 0; });
+  window.Run("MViewRefresh");
+  EXPECT_GE(watch.steps, 5);
+  EXPECT_EQ(seen, 0);
+  EXPECT_TRUE(window.List().isVisible());
+  EXPECT_EQ(window.main->focusWidget(), &window.List());
+  EXPECT_EQ(window.Rows().Count(), 150);
+}
+
+// As Escape in the middle of a drop of two folders.
+TEST_F(SlowBatch, TakesBackTheFirstFolderOfADropThatIsStoppedInTheSecond) {
+  window.drives.Write("two/a.mp3", kNoise);
+  window.Add("c:\\two");
+  const auto native = [&](const char* name) { return (window.drives.C() / name).string(); };
+  std::size_t most = 0;
+  AtEachPaint watch(window, [&] {
+    most = std::max(most, static_cast<std::size_t>(window.Rows().Count()));
+    if (window.Rows().Count() > 1)
+      QCoreApplication::postEvent(&window.List(), new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+  });
+  for (int i = 0; i < 80; ++i) window.drives.Write("n/" + std::to_string(1000 + i) + ".mp3", kNoise);
+  emit window.List().filesDropped({native("m"), native("n")}, QPoint(5, 5));
+  EXPECT_EQ(most, 81U) << "the last name comes first";
+  EXPECT_EQ(window.Names(), "a.mp3");
+  EXPECT_EQ(window.Panel(1), "Track: 1/1");
 }
 
 TEST(LongWork, LoadsTenThousandFilesInOrder) {

@@ -114,10 +114,8 @@ TEST_F(PlainText, HasNoTipWhereTheCellShowsAll) {
 TEST_F(PlainText, StandsInThePanelOfActivity) {
   auto& panel = *window.main->findChild<QLabel*>("Panel4");
   EXPECT_EQ(panel.textFormat(), Qt::PlainText);
-  WindowFeedback feedback;
-  feedback.ShowIn(window.List(), panel, *window.main);
   for (std::size_t i = 0; i < kHostile.size(); ++i) {
-    feedback.ShowActivity(kHostile[i]);
+    window.feedback.ShowActivity(kHostile[i]);
     EXPECT_EQ(panel.text().toStdString(), kShown[i]);
   }
 }
@@ -150,9 +148,8 @@ TEST_F(PlainText, StandsInTheMenuOfRecentFiles) {
 
 TEST_F(PlainText, StandsInTheProgressWindow) {
   Status status(window.main);
-  auto& panel = *window.main->findChild<QLabel*>("Panel4");
   WindowFeedback feedback;
-  feedback.ShowIn(window.List(), panel, *window.main);
+  feedback.ShowIn(*window.main, [](const QString&) {});
   for (std::size_t i = 0; i < kHostile.size(); ++i) {
     feedback.BeginProgress(kHostile[i], 3);
     const auto progress = window.main->findChildren<Status*>();

@@ -53,12 +53,62 @@ def save_under_a_name_with_a_dot(music):
     program.close()
 
 
+def place_stored():
+    return [setting("get", "PS", key) for key in ("L", "T", "W", "H")]
+
+
+def is_maximised(program):
+    return "_NET_WM_STATE_MAXIMIZED_VERT" in run("xprop", "-id", program.window, "_NET_WM_STATE")
+
+
+def come_back_maximised():
+    program = Program()
+    left = program.place(301, 207, 800, 450)
+    program.close()
+    stored = place_stored()
+    program = Program()
+    program.settled()
+    run("wmctrl", "-ir", program.window, "-b", "add,maximized_vert,maximized_horz")
+    wait_for("a large window", lambda: program.geometry()["WIDTH"] > 1500)
+    program.settled()
+    program.close()
+    for _ in range(2):
+        expect("place of a maximised window", place_stored(), stored)
+        expect("that it was maximised", setting("get", "PS", "Maximised"), "1")
+        program = Program()
+        program.settled()
+        expect("maximised again", is_maximised(program), True)
+        program.close()
+    program = Program()
+    program.settled()
+    run("wmctrl", "-ir", program.window, "-b", "remove,maximized_vert,maximized_horz")
+    wait_for("a small window", lambda: program.geometry()["WIDTH"] < 1500)
+    expect("its normal place", program.settled(), left)
+    program.close()
+    expect("place after that", place_stored(), stored)
+    expect("that it was not maximised", setting("get", "PS", "Maximised"), "0")
+
+
+def fall_back_from_a_size_that_the_screen_does_not_exceed():
+    for key, value in (("W", 1600 * 15), ("H", 1200 * 15), ("L", 3000), ("T", 2250)):
+        setting("set", "PS", key, str(value))
+    program = Program()
+    found = program.settled()
+    expect("size on a screen as large as the stored one", (found["WIDTH"], found["HEIGHT"]), (528, 400))
+    second = Program()
+    expect("where a second instance stands", second.settled(), found)
+    second.close()
+    program.close()
+
+
 def main():
     with new_home() as (home, music):
         (music / "a.mp3").write_bytes(b"abc")
         open_what_the_command_line_says(music)
         hand_an_id_to_the_player(home, music)
         save_under_a_name_with_a_dot(music)
+        come_back_maximised()
+        fall_back_from_a_size_that_the_screen_does_not_exceed()
 
         Program(music).close()
         setting("set", "TableB", "TX4", "False")

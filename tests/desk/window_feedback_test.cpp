@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QTest>
 #include <QTimer>
 
@@ -10,13 +11,14 @@ namespace {
 
 class Remark : public testing::Test {
  protected:
-  Remark() { feedback.ShowIn(list, panel, window); }
+  Remark() { 
+    feedback.ShowIn(window, [this](const QString& text) { panel.setText(text); });
+  }
   ~Remark() override { feedback.ShowNowhere(); }
 
-  QTimer& Timer() { return *panel.findChild<QTimer*>("RemarkTimer"); }
+  QTimer& Timer() { return *window.findChild<QTimer*>("RemarkTimer"); }
 
   QWidget window;
-  QWidget list{&window};
   QLabel panel{&window};
   WindowFeedback feedback;
 };

@@ -22,11 +22,16 @@ class RecordingFeedback : public Feedback {
 
   void BeginWait() override { most_waits = std::max(most_waits, ++waits); }
   void EndWait() override { --waits; }
-  void ShowActivity(const std::string& text) override { activities.push_back(text); }
+  bool Stopped() const override { return stopped; }
+  void ShowActivity(const std::string& text) override {
+    activities.push_back(text);
+    stopped = stopped || (!stop_at.empty() && text.ends_with(stop_at));
+  }
   void BeginProgress(const std::string& caption, int maximum) override { progress.push_back({caption, maximum, {}}); }
   void ShowProgress(int value) override {
     foreign_thread = foreign_thread || std::this_thread::get_id() != thread_;
     progress.back().values.push_back(value);
+    stopped = stopped || progress.size() == stop_in_batch;
   }
   void EndProgress() override { progress.back().ended = true; }
 
@@ -34,16 +39,20 @@ class RecordingFeedback : public Feedback {
   int most_waits = 0;
   std::vector<std::string> activities;
   std::vector<Progress> progress;
+  std::string stop_at;            // the user stops when an activity that ends so is shown
+  std::size_t stop_in_batch = 0;  // or when this batch, counted from 1, shows progress
+  bool stopped = false;
   bool foreign_thread = false;  // something came from a thread that isn't the window's
 
  private:
   const std::thread::id thread_ = std::this_thread::get_id();
 };
 
-// Notes what the window is asked to show: "click", "caption", "recent".
+// Notes what the window is asked to show: "click", "caption", "recent", "hide", "show".
 class RecordingView : public MainView {
  public:
   void ListView1_Click() override { shown.emplace_back("click"); }
+  void ShowList(bool shown_now) override { shown.emplace_back(shown_now ? "show" : "hide"); }
   void ShowCaption() override { shown.emplace_back("caption"); }
   void RefreshRecentMenu() override { shown.emplace_back("recent"); }
 

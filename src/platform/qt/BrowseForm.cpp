@@ -116,6 +116,7 @@ void BrowseForm::Connect() {
   // The rows of a folder come in, and are sorted, long after it was asked for.
   connect(model_, &QFileSystemModel::directoryLoaded, this,
           [this] { QTimer::singleShot(0, this, &BrowseForm::ShowWanted); });
+  connect(model_, &QAbstractItemModel::layoutChanged, this, &BrowseForm::ShowWanted);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }

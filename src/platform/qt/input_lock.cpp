@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QKeyEvent>
 
 namespace qublet {
 
@@ -37,10 +38,15 @@ bool IsInput(const QEvent& event) {
   }
 }
 
+bool IsEscape(const QEvent& event) {
+  return event.type() == QEvent::KeyPress && static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
+}
+
 }  // namespace
 
 bool InputLock::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Timer || event->type() == QEvent::SockAct) return true;
+  if (IsEscape(*event)) escape_pressed_ = true;
   // Qt's own window behind a widget keeps account of the buttons that are down: it is let know, the widget isn't.
   if (!IsInput(*event) || watched->isWindowType()) return QObject::eventFilter(watched, event);
   event->ignore();

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QRegularExpression>
+#include <QScreen>
 #include <algorithm>
 
 #include "platform/qt/BrowseForm.h"
@@ -68,12 +69,30 @@ QString Completed(const QString& name, const QFileDialog& dialog) {
   return complete || filters.empty() ? name : name + u'.' + ExtensionOf(dialog.selectedNameFilter());
 }
 
+// As much of the text as the screen has room for, in lines as the box will break them.
+QString FittingMessage(const QMessageBox& box, const std::string& text) {
+  constexpr int kWidest = 500, kBesideText = 100, kAroundText = 150;  // pixels: picture; title and buttons
+  constexpr qsizetype kFewest = 200;                                  // letters
+  const QSize screen = box.screen()->availableSize();
+  const QRect room(0, 0, std::min(screen.width() / 2, kWidest) - kBesideText, screen.height() - kAroundText);
+  qsizetype longest = kLongestMessage;
+  QString shown = ShownMessage(text, longest);
+  const auto fits = [&] {
+    return box.fontMetrics().boundingRect(room, Qt::TextWordWrap, shown).height() <= room.height();
+  };
+  while (longest > kFewest && !fits()) {
+    longest = longest * 4 / 5;
+    shown = ShownMessage(text, longest);
+  }
+  return shown;
+}
+
 }  // namespace
 
 MessageAnswer QtDialogs::ShowMessage(const std::string& text, MessageIcon icon, MessageButtons buttons) {
   QMessageBox box(IconFor(icon), title_, QString(), ButtonsFor(buttons), owner_);
   box.setTextFormat(Qt::PlainText);
-  box.setText(ShownMessage(text));
+  box.setText(FittingMessage(box, text));
   switch (box.exec()) {
     case QMessageBox::Yes:
       return MessageAnswer::kYes;

@@ -15,8 +15,6 @@ constexpr char16_t kIsolate = 0x2068;
 constexpr char16_t kEndIsolate = 0x2069;
 
 constexpr qsizetype kLongestWord = 24;  // without a place to break
-constexpr qsizetype kLongestMessage = 1600;
-constexpr qsizetype kBeginning = 400;  // of it, when its middle goes
 
 bool IsBetween(char16_t letter, char16_t first, char16_t last) {
   return first <= letter && letter <= last;
@@ -63,9 +61,10 @@ QString Isolated(const QString& text) {
   return isolated;
 }
 
-QString FittingAScreen(const QString& text) {
-  if (text.size() <= kLongestMessage) return text;
-  return text.left(kBeginning) + QStringLiteral("...") + text.right(kLongestMessage - kBeginning);
+QString WithoutMiddle(const QString& text, qsizetype longest) {
+  if (text.size() <= longest) return text;
+  const qsizetype beginning = longest / 4;
+  return text.left(beginning) + QStringLiteral("...") + text.right(longest - beginning);
 }
 
 }  // namespace
@@ -89,11 +88,11 @@ QString ShownTip(std::string_view text) {
   return Qt::convertFromPlainText(WithBreaks(ShownText(text)));
 }
 
-QString ShownMessage(std::string_view text) {
+QString ShownMessage(std::string_view text, qsizetype longest) {
   // Lines of a message end in CR.
   QStringList lines;
   for (const QString& line : QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).split(u'\r'))
-    lines << WithBreaks(Isolated(FittingAScreen(ShownText(line))));
+    lines << WithBreaks(Isolated(WithoutMiddle(ShownText(line), longest)));
   return lines.join(u'\n');
 }
 

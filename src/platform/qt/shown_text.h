@@ -16,9 +16,11 @@ QString ShownText(QStringView text);
 
 // For tool tips (`setToolTip`, `QToolTip::showText`), which take what looks like markup for it. Long paths wrap.
 QString ShownTip(std::string_view text);
+inline constexpr qsizetype kLongestMessage = 1600;
 // For message boxes, whose text format is plain. Lines may break behind each "\" and within long names, and what is
-// written from right to left stands isolated. A text too long for a screen loses some of its middle, never its end.
-QString ShownMessage(std::string_view text);
+// written from right to left stands isolated. A line of more than `longest` letters loses some of its middle, never
+// its end.
+QString ShownMessage(std::string_view text, qsizetype longest = kLongestMessage);
 // For entries of menus: no character marks a key or parts off a shortcut.
 QString ShownInMenu(std::string_view text);
 // For captions of windows: "[*]" stays.

@@ -139,7 +139,7 @@ class Walk {
 
   void Run(const std::string& folder, bool recurse, bool quiet) {
     Enter(folder, quiet);
-    while (!levels_.empty()) {
+    while (!levels_.empty() && !feedback_.Stopped()) {
       Level& level = levels_.back();
       if (recurse && level.next < level.subfolders.size()) {
         Enter(level.folder + level.subfolders[level.next++], false);
@@ -148,6 +148,7 @@ class Walk {
         levels_.pop_back();
       }
     }
+    if (!levels_.empty()) feedback_.ShowActivity("");
   }
 
  private:

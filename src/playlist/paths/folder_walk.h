@@ -27,7 +27,8 @@ void ListFolderFiles(const FileSystem& files, const std::string& folder, const s
 // ListFolderFiles of `folder` for each filter in turn, then, with `Recurse`, the same for each subfolder with all
 // below it before the next. Hidden subfolders are left out, and so is a folder that is among its own parents or has
 // been reached in eight other ways. The activity text follows the folders; `Quiet` silences it for the first level
-// only. `folder_done`, if there is one, is called when what a folder gives stands in `results`.
+// only. `folder_done`, if there is one, is called when what a folder gives stands in `results`. A walk that the user
+// stops ends behind the present folder.
 void WalkFolder(const FileSystem& files, Feedback& feedback, const std::string& folder, const Collection& filters,
                 Collection& results, bool Recurse, bool Quiet, const std::function<void()>& folder_done = {});
 

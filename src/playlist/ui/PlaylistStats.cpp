@@ -1,5 +1,10 @@
 #include "playlist/ui/PlaylistStats.h"
 
+#include <QScrollArea>
+#include <QStyle>
+#include <algorithm>
+
+#include "desk/placement.h"
 #include "platform/qt/shown_text.h"
 
 namespace qublet {
@@ -7,6 +12,10 @@ namespace qublet {
 PlaylistStats::PlaylistStats(std::function<Statistics()> Gather, std::string thousands_separator, QWidget* parent)
     : QDialog(parent), gather_(std::move(Gather)), thousands_separator_(std::move(thousands_separator)) {
   setupUi(this);
+  for (QScrollArea* page : {GeneralPage, ItemsPage}) {
+    page->viewport()->setAutoFillBackground(false);
+    page->widget()->setAutoFillBackground(false);
+  }
   ShowPlaceHolders();
   setCursor(Qt::WaitCursor);
   Timer1.setInterval(100);
@@ -39,13 +48,17 @@ void PlaylistStats::ShowFigure(const StatisticsLine& line, const std::string& te
   label->setAccessibleName(QString::fromUtf8(line.caption) + u' ' + ShownText(text));
 }
 
-// A long path takes several lines.
+// A long path takes several lines. What a small screen has no room for is scrolled to.
 void PlaylistStats::MakeRoom() {
   layout()->activate();
-  const int pages = GeneralPage->layout()->totalHeightForWidth(GeneralPage->width());
-  const int more =
-      std::max(pages, ItemsPage->layout()->totalHeightForWidth(GeneralPage->width())) - GeneralPage->height();
-  if (more > 0) resize(width(), height() + more);
+  const QSize page = GeneralPage->viewport()->size();
+  const int bar =
+      style()->pixelMetric(QStyle::PM_ScrollBarExtent) + style()->pixelMetric(QStyle::PM_ScrollView_ScrollBarSpacing);
+  const int width = std::max({page.width(), GeneralContents->minimumSizeHint().width() + bar,
+                              ItemsContents->minimumSizeHint().width() + bar});
+  const int height = std::max({page.height(), GeneralContents->layout()->totalHeightForWidth(width),
+                               ItemsContents->layout()->totalHeightForWidth(width)});
+  GrowOnScreen(*this, QSize(width, height) - page);
 }
 
 }  // namespace qublet
