@@ -11,7 +11,7 @@ namespace {
 
 class Remark : public testing::Test {
  protected:
-  Remark() { 
+  Remark() {
     feedback.ShowIn(window, [this](const QString& text) { panel.setText(text); });
   }
   ~Remark() override { feedback.ShowNowhere(); }
