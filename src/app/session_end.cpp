@@ -2,7 +2,6 @@
 
 #include <QEvent>
 #include <QGuiApplication>
-
 #include <optional>
 
 #include "platform/failure.h"

@@ -161,7 +161,9 @@ TEST_F(StartAndExit, BringsBackTheListOfACrashAndSaysSo) {
   EXPECT_EQ(window.Panel(4), "");
   window.Restart();
   EXPECT_EQ(window.Names(), "b c.mp3");
-  EXPECT_EQ(window.Panel(4), "Recovered the list of the last session");
+  EXPECT_EQ(window.Panel(4), "Recovered the last list");
+  const auto* panel = window.main->findChild<QLabel*>("Panel4");
+  EXPECT_LE(panel->sizeHint().width(), panel->width()) << "it is cut off";
   EXPECT_EQ(window.Caption(), "[Velmora] M3U Playlist Editor v2.1b");
   EXPECT_FALSE(window.document->PlaylistChanged);
   EXPECT_EQ(window.drives.Read("own/recovery-1.m3u"), "c:\\b c.mp3\r\n");
