@@ -19,7 +19,8 @@ const QStringList kAskedFor{"new",     "open",       "save",        "save-relati
                             "move-up", "move-down",  "play",        "preview",       "tag",       "tools",
                             "help",    "search",     "purge",       "rename",        "report",    "autocreate",
                             "cd",      "row-normal", "row-missing", "row-blue",      "row-green", "row-red",
-                            "warning", "program"};
+                            "warning", "program",    "copy",        "paste",         "refresh",   "undo",
+                            "previous", "next"};
 const QStringList kOwnColours{"row-normal", "row-missing", "row-blue", "row-green", "row-red", "warning", "program"};
 
 QImage Drawn(const QString& name, int side, QIcon::Mode mode = QIcon::Normal) {

@@ -74,7 +74,7 @@ QString Completed(const QString& name, const QFileDialog& dialog) {
 // A dialog stands before the window that the user works in.
 QWidget* QtDialogs::Owner() const {
   QWidget* modal = QApplication::activeModalWidget();
-  return modal != nullptr ? modal : owner_;
+  return modal != nullptr ? modal : owner_.data();
 }
 
 MessageAnswer QtDialogs::ShowMessage(const std::string& text, MessageIcon icon, MessageButtons buttons) {
