@@ -1,10 +1,12 @@
 #include "media/editor/ui/Id3Info.h"
 
 #include <QElapsedTimer>
+#include <QFormLayout>
 #include <QKeySequence>
 #include <QShortcut>
 #include <QTabBar>
 #include <QToolButton>
+#include <algorithm>
 
 #include "media/editor/ui/double_clicks.h"
 #include "media/editor/ui/escape_lock.h"
@@ -35,6 +37,7 @@ Id3Info::Id3Info(Engine& engine, QWidget* parent) : QDialog(parent), engine_(eng
   MakeCommands();
   MakeKeys();
   BindDoubleClicks(*this, editor_);
+  AlignCaptions();
   Id3MainTab->setCurrentIndex(0);
   resize(sizeHint());
   connect(CmdClose, &QPushButton::clicked, this, &QDialog::reject);
@@ -63,6 +66,21 @@ void Id3Info::MakeIndicators() {
   int page = 0;
   for (PageIndicator* mark : {FileInfoIndicator, Id31Indicator, Id32Indicator})
     Id3MainTab->tabBar()->setTabButton(page++, QTabBar::LeftSide, mark);
+}
+
+// The fields of all pages begin at the same place.
+void Id3Info::AlignCaptions() {
+  const QList<QFormLayout*> forms = findChildren<QFormLayout*>();
+  int widest = 0;
+  const auto for_each = [&forms](const auto& look) {
+    for (const QFormLayout* form : forms) {
+      for (int row = 0; row < form->rowCount(); ++row) {
+        if (const QLayoutItem* item = form->itemAt(row, QFormLayout::LabelRole)) look(*item->widget());
+      }
+    }
+  };
+  for_each([&](const QWidget& caption) { widest = std::max(widest, caption.sizeHint().width()); });
+  for_each([&](QWidget& caption) { caption.setMinimumWidth(widest); });
 }
 
 void Id3Info::MakeCommands() {

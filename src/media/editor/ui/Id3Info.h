@@ -24,6 +24,7 @@ class Id3Info : public QDialog, private Ui::Id3Info {
 
  private:
   void MakeIndicators();
+  void AlignCaptions();
   void MakeCommands();
   void MakeKeys();
   void AddKey(const char* keys, const std::function<void()>& handler);
