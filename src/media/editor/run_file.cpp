@@ -26,6 +26,14 @@ void AppendPiece(Bytes& out, BytesView piece) {
   Append(out, piece);
 }
 
+// Fewer bytes only at the end of the file.
+Bytes ReadPiece(InputFile& file, std::int64_t offset, std::size_t length) {
+  const std::int64_t room = std::max<std::int64_t>(file.Size() - offset, 0);
+  Bytes bytes(std::min(length, static_cast<std::size_t>(room)));
+  bytes.resize(file.ReadAt(offset, bytes));
+  return bytes;
+}
+
 // Takes what the appending functions wrote.
 class Taker {
  public:
@@ -104,15 +112,17 @@ Bytes RunRecordBytes(const TagWrite& write) {
   return bytes;
 }
 
-RunReader::RunReader(std::unique_ptr<InputFile> file) : file_(std::move(file)) {
-  const Bytes start = Read(0, kLongestHeader);
+RunHead ReadRunHead(InputFile& file) {
+  const Bytes start = ReadPiece(file, 0, kLongestHeader);
   const std::vector<std::string> lines = Split(AsText(start), '\n');
   if (lines.size() < 4 || lines[0] != kTitle) throw Failure("no run of tag changes");
-  time_ = lines[1];
-  origin_ = lines[2];
-  auto offset = static_cast<std::int64_t>(RunHeader(time_, origin_).size());
+  return {lines[1], lines[2]};
+}
+
+RunReader::RunReader(std::unique_ptr<InputFile> file) : file_(std::move(file)), head_(ReadRunHead(*file_)) {
+  auto offset = static_cast<std::int64_t>(RunHeader(head_.time, head_.origin).size());
   while (offset + static_cast<std::int64_t>(kLengthSize) <= file_->Size()) {
-    const std::uint32_t length = ReadNumber(Read(offset, kLengthSize));
+    const std::uint32_t length = ReadNumber(ReadPiece(*file_, offset, kLengthSize));
     offset += static_cast<std::int64_t>(kLengthSize);
     if (offset + length + static_cast<std::int64_t>(kSumSize) > file_->Size()) break;
     places_.push_back({offset, length});
@@ -120,16 +130,9 @@ RunReader::RunReader(std::unique_ptr<InputFile> file) : file_(std::move(file)) {
   }
 }
 
-Bytes RunReader::Read(std::int64_t offset, std::size_t length) const {
-  const std::int64_t room = std::max<std::int64_t>(file_->Size() - offset, 0);
-  Bytes bytes(std::min(length, static_cast<std::size_t>(room)));
-  bytes.resize(file_->ReadAt(offset, bytes));
-  return bytes;
-}
-
 RunRecord RunReader::At(std::size_t index) const {
   const Place& place = places_.at(index);
-  const Bytes bytes = Read(place.offset, place.length + kSumSize);
+  const Bytes bytes = ReadPiece(*file_, place.offset, place.length + kSumSize);
   Taker whole(bytes);
   const BytesView content = whole.Take(place.length);
   if (whole.Long() != SumOf(content)) throw Failure("a record of a run is damaged");

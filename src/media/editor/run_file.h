@@ -38,14 +38,21 @@ std::string RunHeader(const std::string& time, const std::string& origin);
 Bytes RunRecordBytes(const TagWrite& write);
 std::uint64_t SumOf(BytesView bytes, std::uint64_t sum = 0xCBF29CE484222325);
 
+// The lines that a run's file begins with.
+struct RunHead {
+  std::string time;
+  std::string origin;
+};
+// Throws Failure, also for a file that is no run.
+RunHead ReadRunHead(InputFile& file);
+
 // A run's file, read. What a kill has cut off at its end counts as never written.
 class RunReader {
  public:
   // Throws Failure, also for a file that is no run.
   explicit RunReader(std::unique_ptr<InputFile> file);
 
-  const std::string& Time() const { return time_; }
-  const std::string& Origin() const { return origin_; }
+  const RunHead& Head() const { return head_; }
   std::size_t Count() const { return places_.size(); }
   // Throws Failure for a damaged record.
   RunRecord At(std::size_t index) const;
@@ -55,11 +62,8 @@ class RunReader {
     std::int64_t offset;
     std::uint32_t length;
   };
-  Bytes Read(std::int64_t offset, std::size_t length) const;
-
   std::unique_ptr<InputFile> file_;
-  std::string time_;
-  std::string origin_;
+  RunHead head_;
   std::vector<Place> places_;
 };
 

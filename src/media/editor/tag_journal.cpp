@@ -1,7 +1,6 @@
 #include "media/editor/tag_journal.h"
 
 #include <cstdio>
-#include <set>
 
 #include "media/editor/run_file.h"
 
@@ -82,17 +81,26 @@ std::vector<TagRunFacts> TagRuns(const FileSystem& files) {
     for (const RunFile& run : RunFiles(files, RunFolder(files))) {
       ResumeNext([&] {
         const RunReader reader(files.OpenForReading(run.path));
-        facts.insert(facts.begin(),
-                     {run.number, reader.Time(), static_cast<int>(reader.Count()), reader.Origin(), run.undone});
+        facts.insert(facts.begin(), {run.number, reader.Head().time, static_cast<int>(reader.Count()),
+                                     reader.Head().origin, run.undone});
       });
     }
   });
   return facts;
 }
 
+// Looks into no more runs than it must: it is asked at every file that the editor shows.
 std::optional<int> NewestTagRun(const FileSystem& files, const std::string& origin) {
-  for (const TagRunFacts& run : TagRuns(files)) {
-    if (!run.undone && (origin.empty() || run.origin == origin)) return run.number;
+  std::vector<RunFile> runs;
+  ResumeNext([&] { runs = RunFiles(files, RunFolder(files)); });
+  for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
+    if (run->undone) continue;
+    bool wanted = false;
+    ResumeNext([&] {
+      const RunHead head = ReadRunHead(*files.OpenForReading(run->path));
+      wanted = origin.empty() || head.origin == origin;
+    });
+    if (wanted) return run->number;
   }
   return std::nullopt;
 }

@@ -3,6 +3,7 @@
 #include "media/editor/run_file.h"
 #include "media/editor/tag_form.h"
 #include "media/editor/tag_run.h"
+#include "platform/program.h"
 #include "support/editor_test_base.h"
 
 namespace qublet {
@@ -25,7 +26,9 @@ class TagJournalTest : public EditorTestBase {
     TagRun(*files_, record, [&](const std::string& path) { return PlanUpdate(*files_, path, form); }, {}).Over(paths);
     return record.Lost();
   }
-  std::filesystem::path Folder() const { return drives_.Root() / "data" / "velmora" / "tag-runs"; }
+  std::filesystem::path Folder() const {
+    return std::filesystem::path(files_->ToNative(OwnFolderOfUser(*files_))) / "tag-runs";
+  }
   std::size_t Runs() const { return TagRuns(*files_).size(); }
 };
 
@@ -153,7 +156,7 @@ TEST_F(TagJournalTest, LosesARunThatOutgrowsTheRoomAndGoesOn) {
 
 TEST_F(TagJournalTest, GoesOnWithoutARecordWhereNoneCanBeMade) {
   drives_.Write("a.mp3", TaggedSong("One"));
-  TemporaryDrives::WriteAt(drives_.Root() / "data" / "velmora", "a file in the way");
+  TemporaryDrives::WriteAt(Folder(), "a file in the way");
   EXPECT_NE(Update({"a.mp3"}, Form("New")), "");
   EXPECT_EQ(Loaded("a.mp3").Frame("TIT2"), "New");
 }
