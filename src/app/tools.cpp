@@ -1,5 +1,6 @@
 #include "app/tools.h"
 
+#include "media/editor/ui/add_tag_editor.h"
 #include "player/ui/play_commands.h"
 #include "playlist/ui/menu_commands.h"
 
@@ -12,6 +13,7 @@ void AddTools(Commands& commands, const Desk& desk) {
   AddSorts(commands, desk);
   AddPlaylistStats(commands, desk);
   AddPlayCommands(commands, desk);
+  AddTagEditor(commands, desk);
 }
 
 }  // namespace qublet

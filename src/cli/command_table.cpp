@@ -38,6 +38,11 @@ constexpr std::array kCliCommands{
                NameCommand},
     CliCommand{"tag", "tag [--json | --title] [--set FIELD=TEXT]... [--remove v1|v2]... FILE...",
                "print or change the tags of files", TagCommand},
+    CliCommand{"tag", "tag --copy-from SOURCE FILE...", "give each file the whole of SOURCE's tags", TagCommand},
+    CliCommand{"tag", "tag --attributes NAME=SET|CLR[,...] FILE...",
+               "change attributes: normal, readonly, archive, system, hidden", TagCommand},
+    CliCommand{"tag", "tag --history [--json] | --undo RUN",
+               "print the runs that changed tags, or undo one: a number, or \"last\"", TagCommand},
     CliCommand{"settings", "settings [list [--json] | get SECTION KEY | set SECTION KEY VALUE]",
                "print or change the stored settings", SettingsCommand},
 };

@@ -1,11 +1,14 @@
 #include "cli/tag_command.h"
 
-#include <algorithm>
-#include <optional>
 #include <ostream>
 
+#include "cli/tag_history.h"
+#include "cli/tag_options.h"
 #include "cli/tag_report.h"
-#include "media/tag_change.h"
+#include "media/editor/tag_form.h"
+#include "media/editor/tag_journal.h"
+#include "media/editor/tag_run.h"
+#include "media/tag_file.h"
 #include "media/track_titles.h"
 #include "media/vorbis_comments.h"
 #include "platform/program.h"
@@ -15,50 +18,15 @@
 namespace qublet {
 namespace {
 
-struct TagOptions {
-  bool json = false;
-  bool title = false;
-  TagChange change;
-};
-
-// Takes an option and the argument behind it; nothing when it isn't there (any more). Throws Failure when it is the
-// last argument.
-std::optional<std::string> TakeValue(Arguments& arguments, const std::string& option) {
-  const auto end = std::find(arguments.begin(), arguments.end(), "--");
-  const auto place = std::find(arguments.begin(), end, option);
-  if (place == end) return std::nullopt;
-  if (place + 1 == end) throw Failure(option + " wants something behind it");
-  std::string value = place[1];
-  arguments.erase(place, place + 2);
-  return value;
-}
-
-// Throws Failure with a text for the user.
-TagOptions TakeOptions(CommandContext& context) {
-  Arguments& arguments = context.arguments;
-  TagOptions options;
-  while (const auto setting = TakeValue(arguments, "--set")) {
-    const std::size_t equals = setting->find('=');
-    if (equals == std::string::npos) throw Failure("--set wants FIELD=TEXT, not " + *setting);
-    const std::string name = setting->substr(0, equals);
-    const TagField* field = FindTagField(name);
-    if (field == nullptr) throw Failure("no such field: " + name);
-    options.change.settings.emplace_back(field, setting->substr(equals + 1));
-  }
-  while (const auto tag = TakeValue(arguments, "--remove")) {
-    if (*tag != "v1" && *tag != "v2") throw Failure("--remove wants v1 or v2");
-    (*tag == "v1" ? options.change.remove_v1 : options.change.remove_v2) = true;
-  }
-  options.json = TakeOption(arguments, "--json");
-  options.title = TakeOption(arguments, "--title");
-  const std::string unknown = UnknownOption(context);
-  if (!unknown.empty()) throw Failure("unknown option " + unknown);
-  if (arguments.empty()) throw Failure("a file is wanted");
-  return options;
-}
-
 bool IsOgg(const std::string& path) {
   return LowerCase(GetExtension(GetFileName(path))) == ".ogg";
+}
+
+// Drive form of a file that is there. Throws Failure.
+std::string FileAt(const CommandContext& context, const std::string& argument) {
+  std::string path = PathFromArgument(context.files, argument);
+  context.files.FileLength(path);
+  return path;
 }
 
 void Show(CommandContext& context, const std::string& path, const TagOptions& options) {
@@ -70,39 +38,78 @@ void Show(CommandContext& context, const std::string& path, const TagOptions& op
   if (IsOgg(path)) {
     VorbisComments comments;
     ReadVorbisComments(context.files, path, comments);
-    return PrintComments(path, comments, options.json, context.out);
+    return PrintComments(path, comments, options.json ? PagesOf(context, path, {}, comments) : FilePages{},
+                         options.json, context.out);
   }
   TagObject tag(context.files);
   tag.ReadTags(path, false);
   ResumeNext([&] { tag.ReadStreamInfo(path); });
-  PrintTags(path, tag, options.json, context.out);
+  PrintTags(path, tag, options.json ? PagesOf(context, path, tag.Stream(), {}) : FilePages{}, options.json,
+            context.out);
+}
+
+int ShowAll(CommandContext& context, const TagOptions& options) {
+  int code = kDone;
+  for (const std::string& argument : context.arguments) {
+    const Outcome shown = Attempt([&] { Show(context, FileAt(context, argument), options); });
+    if (!shown) code = Complain(context.err, argument + ": " + shown.Reason(), kCouldNot);
+  }
+  return code;
+}
+
+int ChangeAll(CommandContext& context, const TagRun::Plan& plan) {
+  int code = kDone;
+  TagRun::Watch watch;
+  watch.done = [&](const std::string& argument, const Outcome& outcome) {
+    if (!outcome) code = Complain(context.err, argument + ": " + outcome.Reason(), kCouldNot);
+  };
+  TagRunRecord record(context.files, context.engine.services.clock, kCommandRun);
+  TagRun(
+      context.files, record, [&](const std::string& argument) { return plan(FileAt(context, argument)); }, watch)
+      .Over(context.arguments);
+  if (!record.Lost().empty()) Complain(context.err, "tag: this run can't be undone: " + record.Lost(), kDone);
+  return code;
+}
+
+int CopyFrom(CommandContext& context, const std::string& source) {
+  TagForm form;
+  const Outcome read = Attempt([&] {
+    TagObject tag(context.files);
+    Outcome ok;
+    GetID3Tag(context.files, FileAt(context, source), tag, ok);
+    ok.OrThrow();
+    if (!tag.HasID3v1() && !tag.HasID3v2()) throw Failure("has no tag to copy");
+    ShowTag(tag, form);
+  });
+  if (!read) return Complain(context.err, source + ": " + read.Reason(), kCouldNot);
+  return ChangeAll(context, [&](const std::string& path) { return PlanUpdate(context.files, path, form); });
+}
+
+int ChangeAttributes(CommandContext& context, const FileAttributeChanges& changes) {
+  int code = kDone;
+  for (const std::string& argument : context.arguments) {
+    const Outcome changed = Attempt([&] {
+      if (!ApplyFileAttributes(context.files, FileAt(context, argument), changes))
+        throw Failure("the attributes can't be changed");
+    });
+    if (!changed) code = Complain(context.err, argument + ": " + changed.Reason(), kCouldNot);
+  }
+  return code;
 }
 
 }  // namespace
 
 int TagCommand(CommandContext& context) {
   TagOptions options;
-  try {
-    options = TakeOptions(context);
-  } catch (const Failure& failure) {
-    return Complain(context.err, std::string("tag: ") + failure.what(), kWrongUse);
-  }
-  const auto batch = context.files.BeginBatch();
-  int code = kDone;
-  for (const std::string& argument : context.arguments) {
-    try {
-      const std::string path = PathFromArgument(context.files, argument);
-      context.files.FileLength(path);
-      if (options.change.IsNone()) {
-        Show(context, path, options);
-      } else {
-        ChangeTags(context.files, path, options.change);
-      }
-    } catch (const Failure& failure) {
-      code = Complain(context.err, argument + ": " + std::string(failure.Reason()), kCouldNot);
-    }
-  }
-  return code;
+  const Outcome taken = Attempt([&] { options = TakeTagOptions(context); });
+  if (!taken) return Complain(context.err, "tag: " + taken.Reason(), kWrongUse);
+  if (options.history) return PrintTagHistory(context, options.json);
+  if (options.undo) return UndoTags(context, *options.undo);
+  if (options.copy_from) return CopyFrom(context, *options.copy_from);
+  if (options.attributes) return ChangeAttributes(context, *options.attributes);
+  if (options.change.IsNone()) return ShowAll(context, options);
+  return ChangeAll(context,
+                   [&](const std::string& path) { return PlanTagChange(context.files, path, options.change); });
 }
 
 }  // namespace qublet

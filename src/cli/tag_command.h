@@ -12,6 +12,13 @@ namespace qublet {
 // that a field belongs to is made where it is missing.
 //
 // "tag --title FILE...": the title that stands for a file elsewhere in the program, made from its tags.
+//
+// "tag --copy-from SOURCE FILE...": gives each file the whole of SOURCE's tags, as the window does by Paste and
+// Update.
+//
+// "tag --attributes NAME=SET|CLR[,...] FILE...": changes attributes, of normal, readonly, archive, system, hidden.
+//
+// "tag --history [--json]" and "tag --undo RUN|last": the runs that changed tags, and one of them undone.
 int TagCommand(CommandContext& context);
 
 }  // namespace qublet

@@ -4,8 +4,11 @@
 #include <vector>
 
 #include "cli/json_text.h"
+#include "media/editor/file_pages.h"
 #include "media/tag_fields.h"
 #include "playlist/paths/numbers.h"
+#include "playlist/paths/path_text.h"
+#include "playlist/paths/text.h"
 
 namespace qublet {
 namespace {
@@ -34,7 +37,14 @@ void PrintLines(const std::string& path, const std::vector<Part>& parts, std::os
   }
 }
 
-void PrintJson(const std::string& path, const std::vector<Part>& parts, std::ostream& out) {
+void PrintTexts(const std::string& name, const std::vector<std::string>& texts, std::ostream& out) {
+  if (name.empty()) return;
+  out << ", " << JsonText(name) << ": [";
+  for (std::size_t i = 0; i < texts.size(); ++i) out << (i > 0 ? ", " : "") << JsonText(texts[i]);
+  out << "]";
+}
+
+void PrintJson(const std::string& path, const std::vector<Part>& parts, const FilePages& pages, std::ostream& out) {
   out << "{\"File\": " << JsonText(path);
   for (const Part& part : parts) {
     out << ", " << JsonText(part.name) << ": " << (part.is_list ? "[" : "");
@@ -46,11 +56,14 @@ void PrintJson(const std::string& path, const std::vector<Part>& parts, std::ost
     }
     out << (part.is_list ? "]" : "");
   }
+  PrintTexts("FileInfo", pages.file_info, out);
+  PrintTexts(pages.stream_name, pages.stream, out);
   out << "}\n";
 }
 
-void Print(const std::string& path, const std::vector<Part>& parts, bool json, std::ostream& out) {
-  json ? PrintJson(path, parts, out) : PrintLines(path, parts, out);
+void Print(const std::string& path, const std::vector<Part>& parts, const FilePages& pages, bool json,
+           std::ostream& out) {
+  json ? PrintJson(path, parts, pages, out) : PrintLines(path, parts, out);
 }
 
 Part SingleValues(const TagObject& tag, bool v1) {
@@ -85,7 +98,29 @@ Part StreamPart(const StreamFacts& stream) {
 
 }  // namespace
 
-void PrintTags(const std::string& path, const TagObject& tag, bool json, std::ostream& out) {
+// As the window shows them: a kind that it doesn't know has empty labels.
+FilePages PagesOf(const CommandContext& context, const std::string& path, const StreamFacts& stream,
+                  const VorbisComments& comments) {
+  const std::string extension = LowerCase(GetExtension(GetFileName(path)));
+  FilePage page{{"", ""}};
+  MpegLabels mpeg;
+  OggLabels ogg;
+  const bool known = extension == ".mp3" || extension == ".wav" || extension == ".ogg" || extension == ".vqf";
+  if (known) ShowFileInfo(context.files, path, context.engine.thousands_separator, page);
+  if (extension == ".mp3") ShowMpegInfo(context.files, path, stream, mpeg);
+  if (extension == ".ogg") ShowOggInfo(path, comments, ogg);
+  if (extension == ".wav") {
+    WavHeader header;
+    ReadWavHeader(context.files, path, header);
+    ShowWavInfo(context.files, path, header, mpeg);
+  }
+  FilePages pages{{page.FileInfo.begin(), page.FileInfo.end()}, "", {}};
+  if (extension == ".mp3" || extension == ".wav") pages = {pages.file_info, "MPEGInfo", {mpeg.begin(), mpeg.end()}};
+  if (extension == ".ogg") pages = {pages.file_info, "OGGInfo", {ogg.begin(), ogg.end()}};
+  return pages;
+}
+
+void PrintTags(const std::string& path, const TagObject& tag, const FilePages& pages, bool json, std::ostream& out) {
   Part comments{"Comments", {}, true};
   for (const TagComment& comment : tag.Comments()) {
     comments.records.push_back({{"Description", comment.description}, {"Text", comment.text}});
@@ -96,11 +131,12 @@ void PrintTags(const std::string& path, const TagObject& tag, bool json, std::os
                               {"Size", std::to_string(picture.data.size()), false},
                               {"MimeType", picture.mime_type}});
   }
-  Print(path, {SingleValues(tag, true), SingleValues(tag, false), comments, images, StreamPart(tag.Stream())}, json,
-        out);
+  Print(path, {SingleValues(tag, true), SingleValues(tag, false), comments, images, StreamPart(tag.Stream())}, pages,
+        json, out);
 }
 
-void PrintComments(const std::string& path, const VorbisComments& comments, bool json, std::ostream& out) {
+void PrintComments(const std::string& path, const VorbisComments& comments, const FilePages& pages, bool json,
+                   std::ostream& out) {
   Part part{"Vorbis", {}};
   part.records.push_back({{"Title", comments.Title},
                           {"Artist", comments.Artist},
@@ -111,7 +147,7 @@ void PrintComments(const std::string& path, const VorbisComments& comments, bool
                           {"Track", std::to_string(comments.Track), false},
                           {"EncodedUsing", comments.EncodedUsing},
                           {"ErrorText", comments.ErrorText}});
-  Print(path, {part}, json, out);
+  Print(path, {part}, pages, json, out);
 }
 
 }  // namespace qublet

@@ -2,15 +2,27 @@
 
 #include <iosfwd>
 #include <string>
+#include <vector>
 
+#include "cli/arguments.h"
 #include "media/tag_object.h"
 #include "media/vorbis_comments.h"
 
 namespace qublet {
 
-// What is known of a file's tags, as lines for people or as one line of JSON.
+// What the window's information pages show of a file, where they are asked for.
+struct FilePages {
+  std::vector<std::string> file_info;
+  std::string stream_name;  // "MPEGInfo" or "OGGInfo", "" for neither
+  std::vector<std::string> stream;
+};
+FilePages PagesOf(const CommandContext& context, const std::string& path, const StreamFacts& stream,
+                  const VorbisComments& comments);
 
-void PrintTags(const std::string& path, const TagObject& tag, bool json, std::ostream& out);
-void PrintComments(const std::string& path, const VorbisComments& comments, bool json, std::ostream& out);
+// What is known of a file's tags, as lines for people or as one line of JSON, with the pages.
+
+void PrintTags(const std::string& path, const TagObject& tag, const FilePages& pages, bool json, std::ostream& out);
+void PrintComments(const std::string& path, const VorbisComments& comments, const FilePages& pages, bool json,
+                   std::ostream& out);
 
 }  // namespace qublet

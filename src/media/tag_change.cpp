@@ -6,7 +6,7 @@
 
 namespace qublet {
 
-void ChangeTags(const FileSystem& files, const std::string& path, const TagChange& change) {
+TagWrite PlanTagChange(const FileSystem& files, const std::string& path, const TagChange& change) {
   // The bytes of any other kind of file aren't ours to change: a tag in front would break it.
   if (LowerCase(GetExtension(GetFileName(path))) != ".mp3") throw Failure("only .mp3 files have tags to change");
   TagObject tag(files);
@@ -22,9 +22,11 @@ void ChangeTags(const FileSystem& files, const std::string& path, const TagChang
     (field->in_v1 ? changes_v1 : changes_v2) = true;
   }
   RefuseUnwritable(files, path);
-  // The step that can fail for more reasons comes first: then nothing has changed when it does.
-  if (changes_v2) v2 ? tag.WriteID3v2(path) : tag.RemoveID3v2(path);
-  if (changes_v1) v1 ? tag.WriteID3v1(path) : tag.RemoveID3v1(path);
+  TagWrite write =
+      tag.Plan(path, changes_v1 ? WrittenIf(v1) : TagStep::kLeave, changes_v2 ? WrittenIf(v2) : TagStep::kLeave);
+  // When one of the two can't be done, nothing changes.
+  write.id3v2.OrThrow();
+  return write;
 }
 
 }  // namespace qublet

@@ -17,9 +17,14 @@ struct TagChange {
   bool IsNone() const { return settings.empty() && !remove_v1 && !remove_v2; }
 };
 
-// Sets the fields one after the other, each in a tag that is made where it is missing, and removes what isn't set
-// again; everything else in the tags stays. Throws Failure with the reason: another file than an .mp3, a text that a
-// field can't hold (the file isn't touched then), and whatever keeps tags from being read or written.
-void ChangeTags(const FileSystem& files, const std::string& path, const TagChange& change);
+// Works out how to set the fields one after the other, each in a tag that is made where it is missing, and to remove
+// what isn't set again; everything else in the tags stays. Throws Failure with the reason: another file than an .mp3,
+// a text that a field can't hold, and whatever keeps tags from being read or written.
+TagWrite PlanTagChange(const FileSystem& files, const std::string& path, const TagChange& change);
+
+// Does so. Throws Failure; the file isn't touched then.
+inline void ChangeTags(const FileSystem& files, const std::string& path, const TagChange& change) {
+  CommitTags(files, PlanTagChange(files, path, change));
+}
 
 }  // namespace qublet

@@ -30,8 +30,7 @@ void WriteTagToFile(const FileSystem& files, const std::string& path, TagObject&
                     bool id3v2_present, Outcome& ok) {
   ok = Attempt([&] {
     RefuseUnwritable(files, path);
-    id3v1_present ? tag.WriteID3v1(path) : tag.RemoveID3v1(path);
-    id3v2_present ? tag.WriteID3v2(path) : tag.RemoveID3v2(path);
+    tag.Write(path, WrittenIf(id3v1_present), WrittenIf(id3v2_present));
   });
 }
 

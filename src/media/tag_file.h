@@ -16,6 +16,11 @@ void GetID3Tag(const FileSystem& files, const std::string& mp3_file, TagObject& 
 // Throws Failure with the reason when the tags of the file can't be written: it isn't there, a folder, or read-only.
 void RefuseUnwritable(const FileSystem& files, const std::string& path);
 
+// What is done to a tag that is to be present, or not.
+constexpr TagStep WrittenIf(bool present) {
+  return present ? TagStep::kWrite : TagStep::kRemove;
+}
+
 // Writes each tag that is to be present and strips the other from the file. A read-only file isn't touched. When the
 // ID3v2 step fails, a completed ID3v1 step stays in the file. Nothing is thrown.
 void WriteTagToFile(const FileSystem& files, const std::string& path, TagObject& tag, bool id3v1_present,

@@ -86,51 +86,53 @@ Id3v2Tag TagObject::Composed() const {
   return tag;
 }
 
-void TagObject::WriteID3v1(const std::string& path) {
-  const auto file = files_.OpenForReading(path);
-  const FileEnds ends = FindEnds(*file);
-  const auto present = ReadId3v1(*file, ends);
-  if (present && AsText(present->Raw()) == AsText(v1_.Raw())) return;
-  const BytesView raw = v1_.Raw();
+void TagObject::PlanID3v1(InputFile& file, const FileEnds& ends, TagStep step, EndsChange& change) const {
+  const auto present = ReadId3v1(file, ends);
+  const bool written = step == TagStep::kWrite;
+  const bool same = written ? present && AsText(present->Raw()) == AsText(v1_.Raw()) : ends.id3v1_size == 0;
+  if (same) return;
   RefuseOverrun(ends);
-  ReplaceEnds(files_, path, *file, {0, 0, {}, ends.id3v1_size, Bytes(raw.begin(), raw.end())});
-  has_v1_ = true;
+  change.old_tail = ends.id3v1_size;
+  if (written) change.tail.assign(v1_.Raw().begin(), v1_.Raw().end());
 }
 
-void TagObject::RemoveID3v1(const std::string& path) {
-  const auto file = files_.OpenForReading(path);
-  const FileEnds ends = FindEnds(*file);
-  if (ends.id3v1_size > 0) {
+void TagObject::PlanID3v2(InputFile& file, const FileEnds& ends, TagStep step, EndsChange& change) const {
+  const std::int64_t extent = (step == TagStep::kWrite ? ends.head_end : ends.heads_end) - ends.head_start;
+  Bytes head;
+  if (step == TagStep::kWrite) {
+    const auto present = ReadHead(file, ends);
+    if (ends.head && !present) throw Failure("its tag is of an unknown kind");
+    if (HasHeadOutOfReach(file, ends)) throw Failure("its tag stands too far behind the start of the file");
+    Id3v2Tag wanted = Composed();
+    if (present && Upgraded(*present) == wanted.Raw()) return;
     RefuseOverrun(ends);
-    ReplaceEnds(files_, path, *file, {0, 0, {}, ends.id3v1_size, {}});
+    if (IsHeadReadOtherwise(file, ends)) throw Failure("other programs see other frames in its tag");
+    wanted.EnsureNotEmpty();
+    head = FittedTag(wanted.Raw(), static_cast<std::size_t>(extent));
   }
-  has_v1_ = false;
+  RefuseOverrun(ends);
+  if (!ends.head && head.empty()) return;
+  change.before = ends.head_start;
+  change.old_head = extent;
+  change.head = std::move(head);
 }
 
-void TagObject::WriteID3v2(const std::string& path) {
+TagWrite TagObject::Plan(const std::string& path, TagStep v1, TagStep v2) const {
   const auto file = files_.OpenForReading(path);
   const FileEnds ends = FindEnds(*file);
-  const auto present = ReadHead(*file, ends);
-  if (ends.head && !present) throw Failure("its tag is of an unknown kind", path);
-  if (HasHeadOutOfReach(*file, ends)) throw Failure("its tag stands too far behind the start of the file", path);
-  Id3v2Tag wanted = Composed();
-  if (present && Upgraded(*present) == wanted.Raw()) return;
-  RefuseOverrun(ends);
-  if (IsHeadReadOtherwise(*file, ends)) throw Failure("other programs see other frames in its tag", path);
-  wanted.EnsureNotEmpty();
-  const std::int64_t extent = ends.head_end - ends.head_start;
-  ReplaceEnds(files_, path, *file,
-              {ends.head_start, extent, FittedTag(wanted.Raw(), static_cast<std::size_t>(extent)), 0, {}});
-  has_v2_ = true;
+  TagWrite write{path, 0, {}, {}, {}, {}};
+  if (v1 != TagStep::kLeave) PlanID3v1(*file, ends, v1, write.change);
+  if (v2 != TagStep::kLeave) write.id3v2 = Attempt([&] { PlanID3v2(*file, ends, v2, write.change); });
+  KeepOldEnds(*file, write);
+  return write;
 }
 
-void TagObject::RemoveID3v2(const std::string& path) {
-  const auto file = files_.OpenForReading(path);
-  const FileEnds ends = FindEnds(*file);
-  RefuseOverrun(ends);
-  const std::int64_t extent = ends.heads_end - ends.head_start;
-  if (ends.head) ReplaceEnds(files_, path, *file, {ends.head_start, extent, {}, 0, {}});
-  has_v2_ = false;
+void TagObject::Write(const std::string& path, TagStep v1, TagStep v2) {
+  const TagWrite write = Plan(path, v1, v2);
+  CommitTags(files_, write);
+  if (v1 != TagStep::kLeave) has_v1_ = v1 == TagStep::kWrite;
+  write.id3v2.OrThrow();
+  if (v2 != TagStep::kLeave) has_v2_ = v2 == TagStep::kWrite;
 }
 
 std::string TagObject::GenreList() {

@@ -10,6 +10,7 @@
 #include "media/id3/id3v1.h"
 #include "media/id3/id3v2_tag.h"
 #include "media/mpeg_stream.h"
+#include "media/tag_write.h"
 #include "platform/file_system.h"
 
 namespace qublet {
@@ -68,14 +69,18 @@ class TagObject {
   bool HasID3v1() const { return has_v1_; }
   bool HasID3v2() const { return has_v2_; }
 
-  // A file that has the wanted tag already isn't touched. Writing always leaves a tag, if need be one with an empty
-  // title; it fails for an ID3v2 tag that can't be understood or that claims to be longer than the file. A further
-  // ID3v2 tag behind the first stays.
-  void WriteID3v1(const std::string& path);
-  void WriteID3v2(const std::string& path);
-  // A file without the tag is left as it is. RemoveID3v2 takes all tags that stand in a row at the file's start.
-  void RemoveID3v1(const std::string& path);
-  void RemoveID3v2(const std::string& path);
+  // Works out how to write or strip the tags of a file. A file that has the wanted tag already isn't to be touched.
+  // Writing always leaves a tag, if need be one with an empty title; it fails for an ID3v2 tag that can't be
+  // understood or that claims to be longer than the file, which leaves the other step alone in the plan. A further
+  // ID3v2 tag behind the first stays, while stripping takes all that stand in a row at the file's start.
+  TagWrite Plan(const std::string& path, TagStep v1, TagStep v2) const;
+  // Does so, both steps at once. When the ID3v2 step can't be worked out the other is done, and then it fails.
+  void Write(const std::string& path, TagStep v1, TagStep v2);
+
+  void WriteID3v1(const std::string& path) { Write(path, TagStep::kWrite, TagStep::kLeave); }
+  void WriteID3v2(const std::string& path) { Write(path, TagStep::kLeave, TagStep::kWrite); }
+  void RemoveID3v1(const std::string& path) { Write(path, TagStep::kRemove, TagStep::kLeave); }
+  void RemoveID3v2(const std::string& path) { Write(path, TagStep::kLeave, TagStep::kRemove); }
 
   std::string V1Title() const { return v1_.Title(); }
   std::string V1Artist() const { return v1_.Artist(); }
@@ -120,6 +125,8 @@ class TagObject {
   void ForgetV2();
   void LoadV1(InputFile& file, const FileEnds& ends);
   void LoadV2(InputFile& file, const FileEnds& ends);
+  void PlanID3v1(InputFile& file, const FileEnds& ends, TagStep step, EndsChange& change) const;
+  void PlanID3v2(InputFile& file, const FileEnds& ends, TagStep step, EndsChange& change) const;
   // The tag with comments and pictures put in.
   Id3v2Tag Composed() const;
 

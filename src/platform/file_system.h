@@ -98,8 +98,8 @@ class FileSystem {
 
   // The attribute bits of a file or folder, nothing when it can't be reached. Never throws.
   virtual std::optional<unsigned> Attributes(const std::string& path) const = 0;
-  // Sets and clears kReadOnly, kHidden, kSystem and kArchive; other bits, and bits that this file system can't keep,
-  // are left out. Throws Failure when the file can't be reached or changed.
+  // Sets and clears kReadOnly, kHidden, kSystem and kArchive. Throws Failure when the file can't be reached or
+  // changed, or when this file system can't keep a bit.
   virtual void SetAttributes(const std::string& path, unsigned attributes) const = 0;
   // Length of a file in bytes. Throws Failure when it can't be found or is a folder.
   virtual std::int64_t FileLength(const std::string& path) const = 0;
@@ -123,6 +123,8 @@ class FileSystem {
   virtual std::unique_ptr<ReplacementBatch> BeginBatch() const { return std::make_unique<ReplacementBatch>(); }
   // Opens an existing file for a change in place. Throws Failure, also when it is read-only.
   virtual std::unique_ptr<InPlaceFile> OpenInPlace(const std::string& path) const = 0;
+  // Makes a file that nobody but this user can read. Throws Failure, also when there is a file of that name.
+  virtual std::unique_ptr<InPlaceFile> CreatePrivate(const std::string& path) const = 0;
 
   // Renames or moves a file or folder; an existing target is a failure, never replaced. Across file systems a file
   // is copied, checked and deleted. Throws Failure.

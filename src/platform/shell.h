@@ -16,6 +16,9 @@ class Shell {
   // Opens a file or folder (drive form) with the program that it is associated with. Nothing happens when there is
   // none. Never throws.
   virtual void Open(const std::string& path) = 0;
+  // Opens an address of the web ("http://...", "https://...") in the program for those. What is neither is opened by
+  // nothing. Never throws.
+  virtual void OpenAddress(const std::string& address) = 0;
   // Shows a folder (drive form) in the file manager, "" the one that it chooses. Never throws.
   virtual void Explore(const std::string& folder) = 0;
   // Opens the system's search for files, starting at a folder (drive form). Where there is no such program, shows the
@@ -35,6 +38,11 @@ class Shell {
 // Makes an id for each start, by which the window system knows that the user asked for the program's window; "" where
 // it has none.
 using StartupIds = std::function<std::string()>;
+
+// Whether a text is an address of the web. Anything else could start a program.
+inline bool IsWebAddress(const std::string& text) {
+  return text.starts_with("http://") || text.starts_with("https://");
+}
 
 // The one of this machine; `files` must outlive it.
 std::unique_ptr<Shell> OpenShell(const FileSystem& files, StartupIds startup_ids = {});

@@ -3,6 +3,7 @@
 //
 // Usage: drag_peer X Y SIDE [ADDRESS...]                  the window's place, and what it offers
 //        drag_peer --clipboard START RESULT               once the file START is there, writes the clipboard's text
+//        drag_peer --in-front                             an ordinary window that takes the keyboard
 #include <QApplication>
 #include <QClipboard>
 #include <QDrag>
@@ -67,6 +68,13 @@ int main(int argc, char** argv) {
   const QStringList arguments = QApplication::arguments();
   if (arguments.value(1) == QStringLiteral("--clipboard")) {
     return ReadClipboard(arguments.value(2), arguments.value(3));
+  }
+  if (arguments.value(1) == QStringLiteral("--in-front")) {
+    QWidget window;
+    window.resize(200, 200);
+    window.show();
+    window.activateWindow();
+    return QApplication::exec();
   }
   QByteArray addresses;
   for (const QString& address : arguments.mid(4)) addresses += address.toUtf8() + "\r\n";

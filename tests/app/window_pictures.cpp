@@ -10,6 +10,7 @@
 
 #include "app/ToolbarForm.h"
 #include "app/appearance.h"
+#include "editor_pictures.h"
 #include "support/main_window.h"
 #include "support/mpeg_frames.h"
 
@@ -92,6 +93,7 @@ class Pictures {
     Restart([](SettingsStore& store) { store.SaveSetting("QUBLET2021", "ToolB", "Align", "1"); });
     Take("toolbar-at-the-top");
     TakeSchemes();
+    TakeEditorPictures(window_, [this](const std::string& name, QWidget* editor) { Take(name.c_str(), editor); });
   }
 
   bool Failed() const { return failed_; }

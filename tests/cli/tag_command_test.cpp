@@ -34,7 +34,10 @@ TEST_F(TagCommandTest, PrintsOneJsonObjectAFile) {
             std::string::npos);
   EXPECT_TRUE(
       out_.str().ends_with("{\"File\": \"c:\\\\b.mp3\", \"ID3v1\": null, \"ID3v2\": null, \"Comments\": [], "
-                           "\"Images\": [], \"Stream\": null}\n"));
+                           "\"Images\": [], \"Stream\": null, \"FileInfo\": [\"b.mp3\", \"File Size: 8 bytes\"], "
+                           "\"MPEGInfo\": [\"Length: 0 Seconds\", \"Version: MPEG \", \"Encoding:  Kbit \", "
+                           "\"Samplerate: 0 Hz\", \"CRCProtection: No\", \"Copyrighted: No\", \"Original: No\", "
+                           "\"Emphasis: \", \"Mode: \", \"Layer: \"]}\n"));
 }
 
 TEST_F(TagCommandTest, SetsFieldsAndMakesTheTagThatTheyBelongTo) {
@@ -133,6 +136,121 @@ TEST_F(TagCommandTest, SaysWhyAFileDidNotChange) {
             "qublet: q:\\a.mp3: no such file or folder\n");
   EXPECT_EQ(drives_.Read("a.mp3"), kSong);
   EXPECT_EQ(drives_.Read("short.mp3"), too_short);
+}
+
+TEST_F(TagCommandTest, PrintsTheTextsOfTheInformationPages) {
+  drives_.Write("a.ogg", VorbisFile({"TITLE=Tune"}));
+  drives_.Write("a.wav", "abc");
+  drives_.Write("a.wma", "abc");
+  EXPECT_EQ(Run({"--json", "c:\\a.ogg"}), 0);
+  EXPECT_NE(
+      out_.str().find("\"OGGInfo\": [\"Title: Tune\", \"Artist: \", \"Album: \", \"Encoded with: \", \"Track: 0\"]"),
+      std::string::npos);
+  EXPECT_NE(out_.str().find("\"FileInfo\": [\"a.ogg\", \"File Size: "), std::string::npos);
+  EXPECT_EQ(Run({"--json", "c:\\a.wav"}), 0);
+  EXPECT_NE(out_.str().find("\"MPEGInfo\": [\"\", \"\""), std::string::npos);
+  EXPECT_EQ(Run({"--json", "c:\\a.wma"}), 0);
+  EXPECT_TRUE(out_.str().ends_with("\"FileInfo\": [\"\", \"\"]}\n"));
+}
+
+// --- what the tag editor can ---
+
+TEST_F(TagCommandTest, CopiesTheWholeOfAFilesTags) {
+  const std::string picture = FrameBytes(3, "APIC",
+                                         std::string(1, '\0') + "image/png" + std::string(1, '\0') + "\x03p" +
+                                             std::string(1, '\0') + "\x89PNG raw bytes");
+  drives_.Write("a.mp3",
+                TagBytes(3, TextFrameBytes(3, "TIT2", "Title") + CommentBytes(3, "eng", "about", "text") + picture) +
+                    AudioBytes());
+  drives_.Write("b.mp3", AudioBytes(20) + Id3v1Bytes("Old"));
+  drives_.Write("c.mp3", AudioBytes(30));
+  EXPECT_EQ(Run({"--copy-from", "c:\\a.mp3", "c:\\b.mp3", "c:\\c.mp3"}), 0);
+  for (const char* name : {"b.mp3", "c.mp3"}) {
+    EXPECT_EQ(Run({std::string("c:\\") + name}), 0);
+    EXPECT_EQ(out_.str().find("V1"), std::string::npos) << "SOURCE lacks it";
+    EXPECT_NE(out_.str().find("TIT2\tTitle\nComments\tabout\ttext\nImages\tp\t14\timage/png\n"), std::string::npos);
+    EXPECT_NE(drives_.Read(name).find("\x89PNG raw bytes"), std::string::npos);
+  }
+}
+
+TEST_F(TagCommandTest, CopiesNothingFromAFileWithoutTags) {
+  drives_.Write("a.mp3", AudioBytes());
+  drives_.Write("b.mp3", kSong);
+  EXPECT_EQ(Run({"--copy-from", "c:\\a.mp3", "c:\\b.mp3"}), 1);
+  EXPECT_EQ(err_.str(), "qublet: c:\\a.mp3: has no tag to copy\n");
+  EXPECT_EQ(Run({"--copy-from", "c:\\gone.mp3", "c:\\b.mp3"}), 1);
+  EXPECT_EQ(drives_.Read("b.mp3"), kSong);
+  drives_.Write("b.wav", "abc");
+  EXPECT_EQ(Run({"--copy-from", "c:\\b.mp3", "c:\\b.wav", "c:\\a.mp3"}), 1);
+  EXPECT_EQ(drives_.Read("b.wav"), "abc");
+  EXPECT_NE(drives_.Read("a.mp3"), AudioBytes()) << "the others are done";
+}
+
+TEST_F(TagCommandTest, ChangesAttributes) {
+  drives_.Write("a.mp3", kSong);
+  EXPECT_EQ(Run({"--attributes", "readonly=SET", "c:\\a.mp3"}), 0);
+  EXPECT_TRUE(files_->IsReadOnly("c:\\a.mp3"));
+  EXPECT_EQ(Run({"--attributes", "readonly=CLR,archive=SET", "c:\\a.mp3", "c:\\gone.mp3"}), 1);
+  EXPECT_FALSE(files_->IsReadOnly("c:\\a.mp3"));
+  EXPECT_EQ(err_.str(), "qublet: c:\\gone.mp3: no such file or folder\n");
+}
+
+TEST_F(TagCommandTest, RemembersItsRunsAndUndoesThem) {
+  drives_.Write("a.mp3", kSong);
+  drives_.Write("b.mp3", kSong);
+  EXPECT_EQ(Run({"--set", "TIT2=One", "c:\\a.mp3", "c:\\b.mp3"}), 0);
+  EXPECT_EQ(Run({"--remove", "v2", "c:\\a.mp3"}), 0);
+  EXPECT_EQ(Run({"--history"}), 0);
+  const LocalTime now = fakes_.clock.Now();
+  EXPECT_TRUE(out_.str().starts_with("2\t" + std::to_string(now.year) + "-"));
+  EXPECT_NE(out_.str().find("\t1\tqublet\t\n1\t"), std::string::npos);
+  EXPECT_EQ(Run({"--undo", "last"}), 0);
+  EXPECT_EQ(Run({"--undo", "1"}), 0);
+  EXPECT_EQ(drives_.Read("a.mp3"), kSong);
+  EXPECT_EQ(drives_.Read("b.mp3"), kSong);
+  EXPECT_EQ(Run({"--history"}), 0);
+  EXPECT_NE(out_.str().find("\t2\tqublet\tundone\n"), std::string::npos);
+  EXPECT_EQ(Run({"--history", "--json"}), 0);
+  EXPECT_TRUE(out_.str().starts_with("{\"Run\": 2, \"Time\": \""));
+  EXPECT_TRUE(out_.str().ends_with("\"Files\": 2, \"Origin\": \"qublet\", \"Undone\": true}\n"));
+  EXPECT_EQ(Run({"--undo", "last"}), 1);
+}
+
+TEST_F(TagCommandTest, NamesTheFilesThatAnUndoLeavesAlone) {
+  drives_.Write("a.mp3", kSong);
+  EXPECT_EQ(Run({"--set", "TIT2=One", "c:\\a.mp3"}), 0);
+  drives_.Write("a.mp3", AudioBytes());
+  EXPECT_EQ(Run({"--undo", "1"}), 1);
+  EXPECT_EQ(err_.str(), "qublet: c:\\a.mp3: its tags have changed since\n");
+  EXPECT_EQ(drives_.Read("a.mp3"), AudioBytes());
+  for (const char* run : {"7", "0", "-1", "x", "", "1x"}) EXPECT_EQ(Run({"--undo", run}), 1) << run;
+}
+
+TEST_F(TagCommandTest, RefusesOptionsThatDoNotGoTogether) {
+  drives_.Write("a.mp3", kSong);
+  const std::string file = "c:\\a.mp3";
+  for (const Arguments& words : {Arguments{"--copy-from", file, "--json", file},
+                                 {"--copy-from", file, "--title", file},
+                                 {"--copy-from", file, "--set", "TIT2=x", file},
+                                 {"--copy-from", file, "--remove", "v1", file},
+                                 {"--copy-from", file, "--attributes", "archive=SET", file},
+                                 {"--attributes", "archive=SET", "--json", file},
+                                 {"--attributes", "archive=SET", "--remove", "v1", file},
+                                 {"--attributes", "archive", file},
+                                 {"--attributes", "archive=on", file},
+                                 {"--attributes", "size=SET", file},
+                                 {"--attributes", "", file},
+                                 {"--copy-from", file},
+                                 {"--attributes", "archive=SET"},
+                                 {"--undo"},
+                                 {"--undo", "1", file},
+                                 {"--history", file},
+                                 {"--history", "--undo", "1"},
+                                 {"--undo", "1", "--json"},
+                                 {"--history", "--title"}}) {
+    EXPECT_EQ(Run(words), 2) << words[0] << " " << err_.str();
+  }
+  EXPECT_EQ(drives_.Read("a.mp3"), kSong);
 }
 
 TEST_F(TagCommandTest, RefusesWrongUse) {

@@ -33,6 +33,9 @@ class ForwardingFileSystem : public FileSystem {
   std::unique_ptr<InPlaceFile> OpenInPlace(const std::string& path) const override {
     return files_.OpenInPlace(path);
   }
+  std::unique_ptr<InPlaceFile> CreatePrivate(const std::string& path) const override {
+    return files_.CreatePrivate(path);
+  }
   void Rename(const std::string& from, const std::string& to) const override { files_.Rename(from, to); }
   void DeleteFile(const std::string& path) const override { files_.DeleteFile(path); }
   void CopyFile(const std::string& source, const std::string& target) const override {

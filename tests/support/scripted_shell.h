@@ -11,7 +11,7 @@ namespace qublet {
 // Opens nothing; notes what it was asked for.
 class ScriptedShell : public Shell {
  public:
-  std::vector<std::string> opened;
+  std::vector<std::string> opened, addresses;
   std::string folder;  // of the hand-over
   bool refuses = false;
 
@@ -20,6 +20,7 @@ class ScriptedShell : public Shell {
   bool has_volume_control = true;
 
   void Open(const std::string& path) override { opened.push_back(path); }
+  void OpenAddress(const std::string& address) override { addresses.push_back(address); }
   void Explore(const std::string& path) override { explored.push_back(path); }
   void Find(const std::string& path) override { searched.push_back(path); }
   void ShowFileProperties(const std::string& path) override { properties.push_back(path); }

@@ -20,6 +20,9 @@ class TemporaryDrives {
     setenv("QUBLET_DOSDEVICES", MakeDrives().string().c_str(), 1);
     setenv("XDG_CONFIG_HOME", (root_ / "config").string().c_str(), 1);
     setenv("XDG_DATA_HOME", (root_ / "data").string().c_str(), 1);
+#ifdef _WIN32
+    setenv("LOCALAPPDATA", (root_ / "d").string().c_str(), 1);
+#endif
     std::filesystem::current_path(root_ / "c");
     setenv("PWD", (root_ / "c").string().c_str(), 1);
   }

@@ -1,9 +1,13 @@
 #include "platform/linux/attributes.h"
 
+#include <fcntl.h>
 #include <sys/xattr.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <string_view>
 
 #include "platform/file_system.h"
 #include "platform/linux/descriptor.h"
@@ -31,11 +35,40 @@ void Store(const std::string& native, unsigned bits, const struct stat& status) 
   const int result = bits == UsualBits(status)
                          ? removexattr(native.c_str(), kStore)
                          : setxattr(native.c_str(), kStore, text, static_cast<std::size_t>(size), 0);
-  if (result != 0 && errno != ENOTSUP && errno != ENODATA) FailWithErrno("set attributes", native);
+  if (result != 0 && errno != ENODATA) FailWithErrno("set attributes", native);
+}
+
+constexpr mode_t kWrite = S_IWUSR | S_IWGRP | S_IWOTH;
+
+// What new files don't get. Asked of the kernel, since the other way to learn it is to change it.
+mode_t Umask() {
+  constexpr std::string_view kLabel = "Umask:";
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);) {
+    if (line.starts_with(kLabel)) return static_cast<mode_t>(std::strtoul(line.c_str() + kLabel.size(), nullptr, 8));
+  }
+  return S_IWGRP | S_IWOTH;
+}
+
+mode_t Writable(mode_t mode) {
+  mode_t given = 0;
+  if ((mode & S_IRGRP) != 0) given |= S_IWGRP;
+  if ((mode & S_IROTH) != 0) given |= S_IWOTH;
+  return mode | S_IWUSR | (given & ~Umask());
 }
 
 void SetMode(const std::string& native, mode_t mode) {
   if (chmod(native.c_str(), mode & 07777) != 0) FailWithErrno("set attributes", native);
+}
+
+// The owner of a read-only file can store only while it may be written.
+void StoreWherePossible(const std::string& native, unsigned bits, const struct stat& status) {
+  if (faccessat(AT_FDCWD, native.c_str(), W_OK, AT_EACCESS) == 0) return Store(native, bits, status);
+  const mode_t present = status.st_mode & 07777;
+  SetMode(native, present | S_IWUSR);
+  const Outcome stored = Attempt([&] { Store(native, bits, status); });
+  SetMode(native, present);
+  stored.OrThrow();
 }
 
 }  // namespace
@@ -51,18 +84,13 @@ void SetAttributesOf(const std::string& native, unsigned attributes) {
   struct stat status {};
   if (stat(native.c_str(), &status) != 0) FailWithErrno("examine", native);
   const mode_t present = status.st_mode & 07777;
-  const mode_t writable = present | S_IWUSR;
-  const mode_t read_only = present & ~static_cast<mode_t>(S_IWUSR | S_IWGRP | S_IWOTH);
-  const mode_t wanted = (attributes & kReadOnly) == 0 ? writable : (present & S_IWUSR) == 0 ? present : read_only;
+  const bool was_read_only = (present & S_IWUSR) == 0;
+  const bool read_only = (attributes & kReadOnly) != 0;
+  const mode_t wanted = read_only == was_read_only ? present : read_only ? present & ~kWrite : Writable(present);
 
-  if ((attributes & kStored) != StoredBits(native, status)) {
-    // The other bits can only be stored while the file may be written.
-    if (present != writable) SetMode(native, writable);
-    Store(native, attributes & kStored, status);
-    if (wanted != writable) SetMode(native, wanted);
-  } else if (wanted != present) {
-    SetMode(native, wanted);
-  }
+  if (!read_only && wanted != present) SetMode(native, wanted);
+  if ((attributes & kStored) != StoredBits(native, status)) StoreWherePossible(native, attributes & kStored, status);
+  if (read_only && wanted != present) SetMode(native, wanted);
 }
 
 }  // namespace qublet

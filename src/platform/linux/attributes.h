@@ -13,7 +13,9 @@ namespace qublet {
 // `status` is that of the file, links followed.
 unsigned AttributesOf(const std::string& native, const struct stat& status);
 
-// Bits that the file system can't keep are left out. Throws Failure when the user may not change the file.
+// Read-only takes write from all; its end gives it back to the owner and, where they may read, to group and others as
+// the umask allows. The mode changes only where read-only does. Throws Failure when the user may not change the file,
+// or when a bit can't be kept here.
 void SetAttributesOf(const std::string& native, unsigned attributes);
 
 }  // namespace qublet

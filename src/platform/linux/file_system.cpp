@@ -80,6 +80,9 @@ class LinuxFileSystem : public FileSystem {
   std::unique_ptr<InPlaceFile> OpenInPlace(const std::string& path) const override {
     return OpenForChange(ToNative(path));
   }
+  std::unique_ptr<InPlaceFile> CreatePrivate(const std::string& path) const override {
+    return MakePrivate(ToNative(path));
+  }
 
   void Rename(const std::string& from, const std::string& to) const override { Move(ToNative(from), ToNative(to)); }
   void DeleteFile(const std::string& path) const override;

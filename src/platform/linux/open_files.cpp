@@ -52,4 +52,10 @@ std::unique_ptr<InPlaceFile> OpenForChange(const std::string& native) {
   return std::make_unique<DescriptorInPlace>(std::move(file));
 }
 
+std::unique_ptr<InPlaceFile> MakePrivate(const std::string& native) {
+  Descriptor file = OpenAt(AT_FDCWD, native, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0600);
+  FlushToDisk(OpenAt(AT_FDCWD, native.substr(0, native.rfind('/') + 1) + ".", O_RDONLY | O_DIRECTORY));
+  return std::make_unique<DescriptorInPlace>(std::move(file));
+}
+
 }  // namespace qublet

@@ -25,5 +25,7 @@ class DescriptorInput : public InputFile {
 std::unique_ptr<DescriptorInput> OpenInput(const std::string& native);
 // Opens a regular file for a change in place. Throws Failure, also when it is read-only.
 std::unique_ptr<InPlaceFile> OpenForChange(const std::string& native);
+// Makes a file of mode 0600 whose name stands on the disk. Throws Failure, also when there is one.
+std::unique_ptr<InPlaceFile> MakePrivate(const std::string& native);
 
 }  // namespace qublet

@@ -119,6 +119,12 @@ class DesktopShell : public Shell {
     });
   }
 
+  void OpenAddress(const std::string& address) override {
+    ResumeNext([&] {
+      if (IsWebAddress(address)) Start({"xdg-open", address});
+    });
+  }
+
   void Explore(const std::string& folder) override { Open(folder.empty() ? files_.CurrentFolder() : folder); }
 
   void Find(const std::string& folder) override {

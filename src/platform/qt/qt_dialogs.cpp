@@ -1,5 +1,6 @@
 #include "platform/qt/qt_dialogs.h"
 
+#include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -89,8 +90,14 @@ QString FittingMessage(const QMessageBox& box, const std::string& text) {
 
 }  // namespace
 
+// A dialog stands before the window that the user works in.
+QWidget* QtDialogs::Owner() const {
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal != nullptr ? modal : owner_.data();
+}
+
 MessageAnswer QtDialogs::ShowMessage(const std::string& text, MessageIcon icon, MessageButtons buttons) {
-  QMessageBox box(IconFor(icon), title_, QString(), ButtonsFor(buttons), owner_);
+  QMessageBox box(IconFor(icon), title_, QString(), ButtonsFor(buttons), Owner());
   box.setTextFormat(Qt::PlainText);
   box.setText(FittingMessage(box, text));
   switch (box.exec()) {
@@ -109,7 +116,7 @@ MessageAnswer QtDialogs::ShowMessage(const std::string& text, MessageIcon icon, 
 }
 
 std::optional<std::string> QtDialogs::AskForFile(const FileRequest& request, bool saving) {
-  QFileDialog dialog(owner_);
+  QFileDialog dialog(Owner());
   dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setFileMode(saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
@@ -149,7 +156,7 @@ std::optional<std::string> QtDialogs::ShowSave(const FileRequest& request) {
 std::optional<std::string> QtDialogs::BrowseForFolder(const std::string& title, const std::string& start_folder,
                                                       bool files_too) {
   const QStringList patterns = files_too ? file_patterns_ : QStringList();
-  BrowseForm browser(QString::fromStdString(title), patterns, UsualPlaces(files_), owner_);
+  BrowseForm browser(QString::fromStdString(title), patterns, UsualPlaces(files_), Owner());
   QString start;
   ResumeNext([&] { start = QString::fromStdString(files_.ToNative(start_folder)); });
   browser.Preselect(QFileInfo::exists(start) ? start : MusicFolder());

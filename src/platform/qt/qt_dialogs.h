@@ -27,6 +27,7 @@ class QtDialogs : public Dialogs {
                                              bool files_too) override;
 
  private:
+  QWidget* Owner() const;
   std::optional<std::string> AskForFile(const FileRequest& request, bool saving);
 
   QPointer<QWidget> owner_;

@@ -92,6 +92,9 @@ class WindowsFileSystem : public FileSystem {
   std::unique_ptr<InPlaceFile> OpenInPlace(const std::string& path) const override {
     return OpenForChange(PlaceOf(path));
   }
+  std::unique_ptr<InPlaceFile> CreatePrivate(const std::string& path) const override {
+    return MakePrivate(PlaceOf(path));
+  }
 
   void Rename(const std::string& from, const std::string& to) const override { Move(PlaceOf(from), PlaceOf(to)); }
   void DeleteFile(const std::string& path) const override;
@@ -146,8 +149,8 @@ std::optional<unsigned> WindowsFileSystem::Attributes(const std::string& path) c
 }
 
 void WindowsFileSystem::SetAttributes(const std::string& path, unsigned attributes) const {
-  const DWORD others = StatusAt(path).attributes & ~DWORD{kChangeable | FILE_ATTRIBUTE_NORMAL};
-  const DWORD wanted = (attributes & kChangeable) | (others & ~DWORD{FILE_ATTRIBUTE_DIRECTORY});
+  StatusAt(path);
+  const DWORD wanted = attributes & kChangeable;
   if (!SetFileAttributesW(FollowLinks(PlaceOf(path)).c_str(), wanted != 0 ? wanted : FILE_ATTRIBUTE_NORMAL))
     FailWithLastError("set attributes of", path);
 }

@@ -77,6 +77,12 @@ std::unique_ptr<InPlaceFile> OpenForChange(const std::wstring& place) {
   return std::make_unique<HandleInPlace>(OpenFile(place, GENERIC_WRITE));
 }
 
+std::unique_ptr<InPlaceFile> MakePrivate(const std::wstring& place) {
+  Handle file(CreateFileW(place.c_str(), GENERIC_WRITE, kSharedWithAll, nullptr, CREATE_NEW, 0, nullptr));
+  if (!file.IsOpen()) FailWithLastError("make", NarrowText(place));
+  return std::make_unique<HandleInPlace>(std::move(file));
+}
+
 std::int64_t SizeOf(const Handle& file) {
   LARGE_INTEGER size{};
   if (!GetFileSizeEx(file.Get(), &size)) FailWithLastError("measure", kOpenFile);

@@ -26,6 +26,9 @@ class HandleInput : public InputFile {
 std::unique_ptr<HandleInput> OpenInput(const std::wstring& place);
 // Opens a file for a change in place. Throws Failure, also when it is read-only.
 std::unique_ptr<InPlaceFile> OpenForChange(const std::wstring& place);
+// Makes a file; who may read it is what its folder says, and ours lie below the user's own. Throws Failure, also when
+// there is one.
+std::unique_ptr<InPlaceFile> MakePrivate(const std::wstring& place);
 
 // Length of an open file. Throws Failure.
 std::int64_t SizeOf(const Handle& file);

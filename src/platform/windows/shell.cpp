@@ -14,6 +14,10 @@ class WindowsShell : public Shell {
   explicit WindowsShell(const FileSystem& files) : files_(files) {}
 
   void Open(const std::string& path) override { Execute(L"open", path); }
+  void OpenAddress(const std::string& address) override {
+    if (IsWebAddress(address))
+      ShellExecuteW(nullptr, L"open", WideText(address).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+  }
   void Explore(const std::string& folder) override { Execute(L"explore", folder); }
   void Find(const std::string& folder) override { Execute(L"find", folder); }
 

@@ -18,6 +18,8 @@ std::string EnvironmentText(const wchar_t* name) {
 }
 
 std::string LocalDataFolder() {
+  const std::string named = EnvironmentText(L"LOCALAPPDATA");
+  if (!named.empty()) return named;
   wchar_t* folder = nullptr;
   const HRESULT result = SHGetKnownFolderPath(FOLDERID_LocalAppData, KF_FLAG_CREATE, nullptr, &folder);
   const std::string native = SUCCEEDED(result) ? NarrowText(folder) : "";

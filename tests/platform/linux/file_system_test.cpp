@@ -161,15 +161,57 @@ TEST_F(LinuxFileSystemTest, KeepsAttributesWhereFileServersKeepThem) {
   }
 }
 
-TEST_F(LinuxFileSystemTest, TakesWriteRightsFromAllAndGivesThemToTheOwner) {
+// For as long as it lives new files don't get these rights.
+class UmaskOf {
+ public:
+  explicit UmaskOf(mode_t mask) : before_(umask(mask)) {}
+  ~UmaskOf() { umask(before_); }
+  UmaskOf(const UmaskOf&) = delete;
+  UmaskOf& operator=(const UmaskOf&) = delete;
+
+ private:
+  mode_t before_;
+};
+
+TEST_F(LinuxFileSystemTest, TakesWriteRightsFromAllAndGivesThemBackToThoseWhoMayRead) {
+  struct Case {
+    mode_t umask, before, read_only, after;
+  };
+  for (const Case& c : {Case{0022, 0666, 0444, 0644}, Case{0002, 0664, 0444, 0664}, Case{0000, 0666, 0444, 0666},
+                        Case{0002, 0640, 0440, 0660}, Case{0000, 0751, 0551, 0771}, Case{0077, 0644, 0444, 0644}}) {
+    const UmaskOf mask(c.umask);
+    drives_.Write("a.mp3", "a");
+    SetMode("a.mp3", c.before);
+    files_->SetAttributes("c:\\a.mp3", kArchive | kReadOnly);
+    EXPECT_EQ(ModeOf("a.mp3"), c.read_only);
+    files_->SetAttributes("c:\\a.mp3", kArchive);
+    EXPECT_EQ(ModeOf("a.mp3"), c.after);
+    SetMode("a.mp3", 0644);
+  }
+}
+
+TEST_F(LinuxFileSystemTest, LeavesTheModeWhereReadOnlyStaysWhatItIs) {
+  if (!KeepsExtendedAttributes()) GTEST_SKIP() << "not on this file system";
   drives_.Write("a.mp3", "a");
-  SetMode("a.mp3", 0666);
-  files_->SetAttributes("c:\\a.mp3", kArchive | kReadOnly);
-  EXPECT_EQ(ModeOf("a.mp3"), 0444u);
-  files_->SetAttributes("c:\\a.mp3", kArchive);
-  EXPECT_EQ(ModeOf("a.mp3"), 0644u);
-  files_->SetAttributes("c:\\a.mp3", kHidden | kReadOnly);
-  EXPECT_EQ(ModeOf("a.mp3"), 0444u);
+  for (const mode_t mode : {0640u, 0600u, 0666u, 0755u}) {
+    SetMode("a.mp3", mode);
+    files_->SetAttributes("c:\\a.mp3", kHidden);
+    EXPECT_EQ(ModeOf("a.mp3"), mode);
+    files_->SetAttributes("c:\\a.mp3", kArchive);
+    EXPECT_EQ(ModeOf("a.mp3"), mode);
+  }
+  SetMode("a.mp3", 0466);
+  files_->SetAttributes("c:\\a.mp3", kReadOnly | kSystem);
+  EXPECT_EQ(ModeOf("a.mp3"), 0466u);
+  SetMode("a.mp3", 0644);
+}
+
+TEST_F(LinuxFileSystemTest, MakesAFileForThisUserAlone) {
+  const UmaskOf mask(0);
+  files_->CreatePrivate("c:\\own")->WriteAt(0, BytesOf("x"));
+  EXPECT_EQ(ModeOf("own"), 0600u);
+  EXPECT_THROW(files_->CreatePrivate("c:\\own"), Failure);
+  EXPECT_EQ(drives_.Read("own"), "x");
 }
 
 TEST_F(LinuxFileSystemTest, LetsTheOwnerChangeTheBitsOfAReadOnlyFile) {

@@ -52,6 +52,15 @@ TEST_F(ShellTest, DoesNothingForAPlaylistThatNobodyOwns) {
   EXPECT_TRUE(NothingComes());
 }
 
+TEST_F(ShellTest, OpensAddressesOfTheWebAndNothingElse) {
+  AddLogger("xdg-open");
+  for (const char* other : {"", "calc http://x", "file:///etc/passwd", "/bin/true", "c:\\a.exe"})
+    shell_->OpenAddress(other);
+  EXPECT_TRUE(NothingComes());
+  shell_->OpenAddress("http://x.org/?q=a b&c#d");
+  EXPECT_EQ(Noted(), "http://x.org/?q=a b&c#d\nend\n");
+}
+
 TEST_F(ShellTest, LeavesOtherFilesAndFoldersToTheSystem) {
   AddLogger("xdg-open");
   shell_->Open("c:\\folder");

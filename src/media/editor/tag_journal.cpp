@@ -1,0 +1,108 @@
+#include "media/editor/tag_journal.h"
+
+#include <cstdio>
+
+#include "media/editor/run_file.h"
+
+namespace qublet {
+namespace {
+
+std::string TimeText(const LocalTime& now) {
+  char text[80];
+  std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", now.year, now.month, now.day, now.hour,
+                now.minute, now.second);
+  return text;
+}
+
+}  // namespace
+
+// The number is free when the file can be made: another program may begin a run at the same time.
+void TagRunRecord::Begin() {
+  constexpr int kTries = 100;
+  const std::string folder = RunFolder(files_);
+  const std::vector<RunFile> runs = RunFiles(files_, folder);
+  for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
+    older_.push_back({run->path, files_.FileLength(run->path)});
+    older_size_ += older_.back().size;
+  }
+  const int first = runs.empty() ? 1 : runs.back().number + 1;
+  for (int number = first; !file_; ++number) {
+    path_ = folder + RunFileName(number, false);
+    const Outcome made = Attempt([&] { file_ = files_.CreatePrivate(path_); });
+    if (number == first + kTries) made.OrThrow();
+  }
+  const std::string header = RunHeader(TimeText(clock_.Now()), origin_);
+  Append(Bytes(header.begin(), header.end()));
+}
+
+void TagRunRecord::MakeRoom(std::int64_t more) {
+  if (size_ + more > most_) throw Failure("the run is too large to be kept");
+  while (!older_.empty() && older_size_ + size_ + more > most_) {
+    files_.DeleteFile(older_.back().path);
+    older_size_ -= older_.back().size;
+    older_.pop_back();
+  }
+}
+
+void TagRunRecord::Append(const Bytes& bytes) {
+  MakeRoom(static_cast<std::int64_t>(bytes.size()));
+  file_->WriteAt(size_, bytes);
+  size_ += static_cast<std::int64_t>(bytes.size());
+  waiting_ = true;
+}
+
+void TagRunRecord::Lose(const std::string& why) {
+  lost_ = why;
+  const bool made = file_ != nullptr;
+  file_.reset();
+  if (made) ResumeNext([&] { files_.DeleteFile(path_); });
+}
+
+void TagRunRecord::Note(const TagWrite& write) {
+  if (!lost_.empty() || write.ChangesNothing()) return;
+  const Outcome noted = Attempt([&] {
+    if (!file_) Begin();
+    MakeRoom(static_cast<std::int64_t>(write.old_head.size() + write.old_tail.size()));
+    Append(RunRecordBytes(write));
+  });
+  if (!noted) Lose(noted.Reason());
+}
+
+void TagRunRecord::Flush() {
+  if (!file_ || !waiting_) return;
+  const Outcome flushed = Attempt([&] { file_->Flush(); });
+  waiting_ = false;
+  if (!flushed) Lose(flushed.Reason());
+}
+
+std::vector<TagRunFacts> TagRuns(const FileSystem& files) {
+  std::vector<TagRunFacts> facts;
+  ResumeNext([&] {
+    for (const RunFile& run : RunFiles(files, RunFolder(files))) {
+      ResumeNext([&] {
+        const RunReader reader(files.OpenForReading(run.path));
+        facts.insert(facts.begin(), {run.number, reader.Head().time, static_cast<int>(reader.Count()),
+                                     reader.Head().origin, run.undone});
+      });
+    }
+  });
+  return facts;
+}
+
+// Looks into no more runs than it must: it is asked at every file that the editor shows.
+std::optional<int> NewestTagRun(const FileSystem& files, const std::string& origin) {
+  std::vector<RunFile> runs;
+  ResumeNext([&] { runs = RunFiles(files, RunFolder(files)); });
+  for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
+    if (run->undone) continue;
+    bool wanted = false;
+    ResumeNext([&] {
+      const RunHead head = ReadRunHead(*files.OpenForReading(run->path));
+      wanted = origin.empty() || head.origin == origin;
+    });
+    if (wanted) return run->number;
+  }
+  return std::nullopt;
+}
+
+}  // namespace qublet

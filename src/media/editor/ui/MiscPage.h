@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QWidget>
+#include <map>
+
+#include "media/editor/tag_form.h"
+#include "media/editor/ui/form_box.h"
+#include "ui_MiscPage.h"
+
+namespace qublet {
+
+class MiscPage : public QWidget, private Ui::MiscPage {
+  Q_OBJECT
+
+ public:
+  explicit MiscPage(QWidget* parent = nullptr);
+
+  std::map<Id3v2Box, FormBox> Boxes() const;
+};
+
+}  // namespace qublet

@@ -1,0 +1,34 @@
+#include "media/tag_write.h"
+
+namespace qublet {
+namespace {
+
+Bytes ReadBytes(InputFile& file, std::int64_t offset, std::int64_t length) {
+  Bytes bytes(static_cast<std::size_t>(length));
+  bytes.resize(file.ReadAt(offset, bytes));
+  return bytes;
+}
+
+}  // namespace
+
+bool TagWrite::ChangesNothing() const {
+  return change.old_head == 0 && change.head.empty() && change.old_tail == 0 && change.tail.empty();
+}
+
+void KeepOldEnds(InputFile& file, TagWrite& write) {
+  write.size = file.Size();
+  write.old_head = ReadBytes(file, write.change.before, write.change.old_head);
+  write.old_tail = ReadBytes(file, write.size - write.change.old_tail, write.change.old_tail);
+}
+
+void CommitTags(const FileSystem& files, const TagWrite& write) {
+  if (write.ChangesNothing()) return;
+  const auto file = files.OpenForReading(write.path);
+  TagWrite present = write;
+  KeepOldEnds(*file, present);
+  if (present.size != write.size || present.old_head != write.old_head || present.old_tail != write.old_tail)
+    throw ChangedMeanwhile();
+  ReplaceEnds(files, write.path, *file, write.change);
+}
+
+}  // namespace qublet

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "media/file_ends.h"
+#include "platform/file_system.h"
+
+namespace qublet {
+
+// What is to become of one of a file's two tags.
+enum class TagStep { kLeave, kWrite, kRemove };
+
+// A change of a file's tags that has been worked out. Nothing of the file is touched before CommitTags.
+struct TagWrite {
+  std::string path;
+  std::int64_t size = 0;  // of the file as it was looked at
+  EndsChange change;
+  Bytes old_head;  // what the change takes away
+  Bytes old_tail;
+  Outcome id3v2;  // why the step of the ID3v2 tag is no part of it
+
+  // The file has the wanted tags already.
+  bool ChangesNothing() const;
+};
+
+// Fills in what the change takes away. Throws Failure on an input error.
+void KeepOldEnds(InputFile& file, TagWrite& write);
+
+class ChangedMeanwhile : public Failure {
+ public:
+  ChangedMeanwhile() : Failure("the file has changed meanwhile") {}
+};
+
+// Both tags change in one step: whatever happens the file is the old or the new one. Throws Failure; ChangedMeanwhile
+// when the file isn't what it was looked at.
+void CommitTags(const FileSystem& files, const TagWrite& write);
+
+}  // namespace qublet
