@@ -37,15 +37,25 @@ class TemporaryDrives {
   TemporaryDrives& operator=(const TemporaryDrives&) = delete;
 
   // Native places of the temporary folder and its two drives.
-  const std::filesystem::path& Root() const { return root_; }
-  std::filesystem::path C() const { return root_ / "c"; }
-  std::filesystem::path D() const { return root_ / "d"; }
+  const std::filesystem::path& Root() const {
+    return root_;
+  }
+  std::filesystem::path C() const {
+    return root_ / "c";
+  }
+  std::filesystem::path D() const {
+    return root_ / "d";
+  }
 
   // A native path given in UTF-8, whatever this system's own code page is.
-  static std::filesystem::path PathOf(const std::string& utf8) { return std::u8string(utf8.begin(), utf8.end()); }
+  static std::filesystem::path PathOf(const std::string& utf8) {
+    return std::u8string(utf8.begin(), utf8.end());
+  }
 
   // Writes a file below C() ("music/a.mp3"), with its folders.
-  void Write(const std::string& name, const std::string& content) const { WriteAt(C() / PathOf(name), content); }
+  void Write(const std::string& name, const std::string& content) const {
+    WriteAt(C() / PathOf(name), content);
+  }
 
   static void WriteAt(const std::filesystem::path& place, const std::string& content) {
     std::filesystem::create_directories(place.parent_path());
@@ -59,7 +69,9 @@ class TemporaryDrives {
   }
 
   // Content of a file below C(), "" when there is none.
-  std::string Read(const std::string& name) const { return ReadAt(C() / PathOf(name)); }
+  std::string Read(const std::string& name) const {
+    return ReadAt(C() / PathOf(name));
+  }
 
   static std::string ReadAt(const std::filesystem::path& place) {
     std::ifstream in(place, std::ios::binary);
