@@ -47,7 +47,7 @@ bool PlaylistFiles::OpenPlaylistFile(bool Import) {
 
 bool PlaylistFiles::Load(const std::string& path, Into into, bool ReSelect) {
   StoppableChange change(document_, services_.feedback);
-  if (into == Into::kEmptyList) change.ClearList();
+  if (into == Into::kEmptyList) change.GiveWay();
   document_.PlaylistChanged = into == Into::kPresentList;
   return static_cast<bool>(items_.AddStuff(path, ReSelect));
 }

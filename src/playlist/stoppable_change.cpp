@@ -18,10 +18,6 @@ StoppableChange::StoppableChange(Document& document, Feedback& feedback)
   }
 }
 
-void StoppableChange::ClearList() {
-  cleared_ = document_.GiveWay();
-}
-
 StoppableChange::~StoppableChange() {
   if (feedback_.Stopped()) Restore();
 }

@@ -18,8 +18,9 @@ class StoppableChange {
   StoppableChange(const StoppableChange&) = delete;
   StoppableChange& operator=(const StoppableChange&) = delete;
 
-  // Once at most, before other rows come.
-  void ClearList();
+  // One of these, once at most and before other rows come: the rows go for a while, or to make room for another list.
+  void ClearList() { cleared_ = document_.ListView1.TakeAll(); }
+  void GiveWay() { cleared_ = document_.GiveWay(); }
 
  private:
   void Restore();
