@@ -229,12 +229,12 @@ TEST_F(Appearance, StoresTheNormalPlaceOfAMaximisedWindowAndComesBackMaximised) 
     EXPECT_EQ(Stored("PS", "Maximised"), "1");
     window.Restart();
     EXPECT_TRUE(window.main->isMaximized()) << session;
-    EXPECT_EQ(window.main->size(), large);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.main->size() == large; })) << session;
     QTest::qWait(500);
   }
   window.main->showNormal();
-  QCoreApplication::processEvents();
-  EXPECT_EQ(QRect(window.main->pos(), window.main->size()), QRect(80, 133, 600, 400));
+  const auto place = [&] { return QRect(window.main->pos(), window.main->size()); };
+  EXPECT_TRUE(QTest::qWaitFor([&] { return place() == QRect(80, 133, 600, 400); }));
   window.main->close();
   EXPECT_EQ(Stored("PS", "Maximised"), "0");
 }
