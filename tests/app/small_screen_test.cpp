@@ -15,7 +15,8 @@
 namespace qublet {
 namespace {
 
-// Windows on a screen of 1280 by 800, or of half of that in the toolkit's own pixels at 200 %, under a window manager.
+// Windows on a screen of 1280 by 800, or of half of that in the toolkit's own pixels at 200 %, under a window
+// manager.
 class SmallScreen : public testing::Test {
  protected:
   SmallScreen() { window.Start(); }
@@ -23,7 +24,8 @@ class SmallScreen : public testing::Test {
   void SetUp() override {
     ASSERT_EQ(QGuiApplication::platformName(), QStringLiteral("xcb")) << "these tests need a display";
     const QSize screen = window.main->screen()->size();
-    ASSERT_TRUE(screen == QSize(1280, 800) || screen == QSize(640, 400)) << screen.width() << " by " << screen.height();
+    ASSERT_TRUE(screen == QSize(1280, 800) || screen == QSize(640, 400))
+        << screen.width() << " by " << screen.height();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window.main));
   }
 
@@ -35,8 +37,8 @@ class SmallScreen : public testing::Test {
       ASSERT_NE(modal, nullptr);
       const QRect screen = modal->screen()->availableGeometry();
       const QRect stands = modal->frameGeometry();
-      EXPECT_TRUE(screen.contains(stands)) << stands.x() << ' ' << stands.y() << ' ' << stands.width() << ' '
-                                           << stands.height();
+      EXPECT_TRUE(screen.contains(stands))
+          << stands.x() << ' ' << stands.y() << ' ' << stands.width() << ' ' << stands.height();
       looked = true;
       look(*modal);
       modal->reject();
