@@ -58,6 +58,7 @@ bool Session::RestoreLastList() {
   for (const FoundList& list : recovery_.Find()) {
     if (stored && list.written < *stored) break;
     if (recovery_.Restore(list.path, items_)) return true;
+    if (items_.Stopped()) return false;
   }
   items_.AddStuff(last, false);
   return false;

@@ -4,11 +4,13 @@
 #include <QComboBox>
 #include <QCompleter>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
@@ -159,12 +161,6 @@ TEST_F(DialogsTest, BrowseForAFileOrAFolder) {
 
 class FolderBrowserTest : public DialogsTest {
  protected:
-  FolderBrowserTest() {
-    setenv("HOME", (drives.Root() / "home").c_str(), 1);
-    std::filesystem::create_directories(drives.Root() / "home");
-  }
-  ~FolderBrowserTest() override { before.empty() ? unsetenv("HOME") : setenv("HOME", before.c_str(), 1); }
-
   // The path that the browser begins at.
   std::string StartFor(const std::string& start_folder) {
     QString shown;
@@ -175,12 +171,43 @@ class FolderBrowserTest : public DialogsTest {
     dialogs.BrowseForFolder("Select Folder...", start_folder, true);
     return shown.toStdString();
   }
+};
+
+TEST_F(FolderBrowserTest, BeginsInTheKnownFolderForMusicAndSpeaksTheSystemsSeparators) {
+  using Paths = QStandardPaths;
+  const QString music = Paths::writableLocation(Paths::MusicLocation);
+  const QString start = QDir(music).exists() ? music : QDir::homePath();
+  QStringList places;
+  QString shown;
+  WhenOpen<BrowseForm>([&](BrowseForm& form) {
+    shown = form.findChild<QLineEdit*>("FolderPath")->text();
+    auto* list = form.findChild<QListWidget*>("FolderPlaces");
+    for (int i = 0; i < list->count(); ++i) places << list->item(i)->toolTip();
+    form.reject();
+  });
+  dialogs.BrowseForFolder("Select Folder...", "", true);
+  EXPECT_EQ(shown, QDir::toNativeSeparators(start));
+  EXPECT_TRUE(places.contains(shown));
+  EXPECT_TRUE(places.contains(QDir::toNativeSeparators(QDir::homePath())));
+  for (const QString& place : places) EXPECT_EQ(place, QDir::toNativeSeparators(place));
+}
+
+#ifndef _WIN32
+// A home of the test's own.
+class BrowserAtHomeTest : public FolderBrowserTest {
+ protected:
+  BrowserAtHomeTest() {
+    setenv("HOME", (drives.Root() / "home").c_str(), 1);
+    std::filesystem::create_directories(drives.Root() / "home");
+  }
+  ~BrowserAtHomeTest() override { before.empty() ? unsetenv("HOME") : setenv("HOME", before.c_str(), 1); }
+
   std::string Home(const std::string& name = "") const { return (drives.Root() / "home" / name).string(); }
 
   std::string before = qEnvironmentVariable("HOME").toStdString();
 };
 
-TEST_F(FolderBrowserTest, BeginsInTheMusicFolderElseAtHome) {
+TEST_F(BrowserAtHomeTest, BeginsInTheMusicFolderElseAtHome) {
   EXPECT_EQ(StartFor(""), (drives.Root() / "home").string());
   std::filesystem::create_directories(Home("Music"));
   EXPECT_EQ(StartFor(""), Home("Music"));
@@ -189,7 +216,7 @@ TEST_F(FolderBrowserTest, BeginsInTheMusicFolderElseAtHome) {
   EXPECT_EQ(StartFor("c:\\m\\a.mp3"), (drives.C() / "m/a.mp3").string());
 }
 
-TEST_F(FolderBrowserTest, OffersHomeMusicAndTheDrives) {
+TEST_F(BrowserAtHomeTest, OffersHomeMusicAndTheDrives) {
   std::filesystem::create_directories(Home("Music"));
   std::map<std::string, std::string> places;
   std::string chosen;
@@ -214,6 +241,7 @@ TEST_F(FolderBrowserTest, OffersHomeMusicAndTheDrives) {
   EXPECT_TRUE(pictures);
   EXPECT_EQ(chosen, Home("Music"));
 }
+#endif
 
 TEST_F(FolderBrowserTest, ShowsWhereItBeginsOnceTheFoldersAreRead) {
   constexpr int kPatience = 20'000;  // milliseconds
@@ -240,16 +268,17 @@ TEST_F(FolderBrowserTest, ShowsWhereItBeginsOnceTheFoldersAreRead) {
 
 TEST_F(FolderBrowserTest, CompletesWhatIsTypedAndMovesTheTree) {
   drives.Write("music/one/a.mp3", "abc");
-  const QString root = QString::fromStdString(drives.C().string());
+  const QString root = QDir::toNativeSeparators(QString::fromStdString(drives.C().string()));
+  const QChar slash = QDir::separator();
   QString completion, current, typed;
   WhenOpen<BrowseForm>([&](BrowseForm& form) {
     auto* path = form.findChild<QLineEdit*>("FolderPath");
     auto* tree = form.findChild<QTreeView*>("FolderTree");
     path->setFocus();
     path->clear();
-    QTest::keyClicks(path, root + "/music");
+    QTest::keyClicks(path, root + slash + "music");
     current = tree->currentIndex().data().toString();
-    QTest::keyClicks(path, "/o");
+    QTest::keyClicks(path, slash + QStringLiteral("o"));
     EXPECT_TRUE(QTest::qWaitFor([&] { return path->completer()->completionCount() == 1; }));
     completion = path->completer()->currentCompletion();
     typed = path->text();
@@ -258,8 +287,8 @@ TEST_F(FolderBrowserTest, CompletesWhatIsTypedAndMovesTheTree) {
   });
   dialogs.BrowseForFolder("Select Folder...", "", true);
   EXPECT_EQ(current, "music");
-  EXPECT_EQ(completion, root + "/music/one");
-  EXPECT_EQ(typed, root + "/music/o") << "what is typed stays";
+  EXPECT_EQ(completion, root + slash + "music" + slash + "one");
+  EXPECT_EQ(typed, root + slash + "music" + slash + "o") << "what is typed stays";
 }
 
 TEST_F(FolderBrowserTest, TakesAPathInQuotes) {

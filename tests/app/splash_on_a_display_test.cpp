@@ -12,6 +12,8 @@
 #include <QTest>
 #include <set>
 
+#include "app/SplashFrm.h"
+
 namespace qublet {
 namespace {
 
@@ -30,6 +32,15 @@ bool MainWindowIsThere() {
   windows.start("wmctrl", {"-l"});
   windows.waitForFinished();
   return windows.readAllStandardOutput().contains("Playlist Editor v");
+}
+
+// What comes next in a start makes the main window and runs no events.
+TEST(SplashOnADisplay, CanBeReadBeforeAnythingElseIsMade) {
+  ASSERT_EQ(QGuiApplication::platformName(), QStringLiteral("xcb")) << "these tests need a display";
+  ASSERT_LE(ColoursOfTheMiddle().size(), 2U) << "something else stands there";
+  SplashFrm splash([](QWidget&) {});
+  splash.Begin();
+  EXPECT_GT(ColoursOfTheMiddle().size(), 20U);
 }
 
 TEST(SplashOnADisplay, CanBeReadWhileAnotherProcessHoldsTheSettings) {

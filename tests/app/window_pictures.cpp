@@ -8,8 +8,10 @@
 #include <QTimer>
 #include <cstdio>
 
+#include "app/SplashFrm.h"
 #include "app/ToolbarForm.h"
 #include "app/appearance.h"
+#include "desk/Status.h"
 #include "editor_pictures.h"
 #include "support/main_window.h"
 #include "support/mpeg_frames.h"
@@ -86,6 +88,8 @@ class Pictures {
     TakeMenus();
     TakeToolbarForm();
     TakeProperties();
+    TakeLongWork();
+    TakeSplash();
     window_.settings->PLTCC = window_.settings->PLTTC = window_.settings->PLTSC = true;
     window_.settings->PLTTP = window_.settings->PLTSP = 60;
     window_.Run("MEditSelAll");
@@ -165,6 +169,22 @@ class Pictures {
     Take("toolbar-form", &form);
   }
 
+  void TakeLongWork() {
+    window_.feedback.ShowActivity("c:\\Music\\Old Mill Quartet\\Live at the Granary");
+    Status status(window_.main);
+    status.Begin("Get File Info...", 12345);
+    status.Move(4711);
+    Take("long-work", &status);
+    window_.feedback.ShowActivity("");
+  }
+
+  void TakeSplash() {
+    SplashFrm splash([](QWidget&) {});
+    splash.show();
+    QCoreApplication::processEvents();
+    Save("splash", splash.grab());
+  }
+
   void TakeProperties() {
     QTimer::singleShot(0, window_.main, [this] {
       QWidget* form = QApplication::activeModalWidget();
@@ -194,6 +214,9 @@ class Pictures {
       painter.end();
       picture = both;
     }
+    Save(name, picture);
+  }
+  void Save(const char* name, const QPixmap& picture) {
     if (picture.save(folder_.filePath(QString::fromUtf8(name) + QStringLiteral(".png")))) return;
     std::fprintf(stderr, "can't write %s\n", name);
     failed_ = true;
