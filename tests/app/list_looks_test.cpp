@@ -72,10 +72,6 @@ class ListLooks : public testing::Test {
     window.settings->BC = scheme.background;
     window.settings->FC = scheme.text;
     ApplyListLook(*window.settings, window.List());
-    // A smoothed stroke need not have the text's whole colour anywhere.
-    QFont font = window.List().font();
-    font.setStyleStrategy(QFont::NoAntialias);
-    window.List().setFont(font);
     window.List().setColumnWidth(kFileName, 300);
     QCoreApplication::processEvents();
   }

@@ -14,11 +14,11 @@
 namespace qublet {
 namespace {
 
-constexpr double kGhosted = 0.55;   // of the text's strength
-constexpr double kHint = 0.6;       // likewise
-constexpr float kGridLine = 0.25F;  // likewise, so that the lines suit every pair of colours
-constexpr double kForText = 4.5;    // contrasts
-constexpr double kForGhosted = 2.5;
+constexpr double kGhosted = 0.55;    // of the text's strength
+constexpr double kHint = 0.6;        // likewise
+constexpr float kGridLine = 0.25F;   // likewise, so that the lines suit every pair of colours
+constexpr double kForText = 4.5;     // contrasts
+constexpr double kForGhosted = 2.9;  // 2.5 is left of it under the veil that the focus lays over its row
 constexpr double kForShapes = 3;
 
 QColor Pale(QColor colour, float strength) {
