@@ -15,7 +15,7 @@ class ShutdownReason {
   ShutdownReason& operator=(const ShutdownReason&) = delete;
 
  private:
-  const std::uintptr_t window_;
+  [[maybe_unused]] const std::uintptr_t window_;  // some systems tell nothing
 };
 
 }  // namespace qublet
