@@ -266,6 +266,19 @@ TEST_F(FolderBrowserTest, ShowsWhereItBeginsOnceTheFoldersAreRead) {
   EXPECT_TRUE(has_picture);
 }
 
+TEST_F(FolderBrowserTest, TakesWhatIsTypedAtOnceForThePath) {
+  drives.Write("music/a.mp3", "abc");
+  const QString typed = QDir::toNativeSeparators(QString::fromStdString((drives.C() / "music").string()));
+  WhenOpen<BrowseForm>([&](BrowseForm& form) {
+    form.activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return form.focusWidget() != nullptr; }));
+    QTest::keyClicks(form.focusWidget(), typed);
+    form.findChild<QLineEdit*>("FolderPath")->completer()->popup()->hide();
+    form.accept();
+  });
+  EXPECT_EQ(dialogs.BrowseForFolder("Select Folder...", "", true), "c:\\music");
+}
+
 TEST_F(FolderBrowserTest, CompletesWhatIsTypedAndMovesTheTree) {
   drives.Write("music/one/a.mp3", "abc");
   const QString root = QDir::toNativeSeparators(QString::fromStdString(drives.C().string()));

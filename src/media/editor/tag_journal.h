@@ -83,7 +83,8 @@ struct TagUndo {
 };
 
 // Gives each file whose tags still are what the run wrote exactly its old bytes back, and leaves the others. The run
-// counts as undone, unless nothing could be restored because of failures. Throws Failure when there is no such run.
+// counts as undone, unless a file that is there couldn't be written, or files have gone and nothing was restored.
+// Throws Failure when there is no such run.
 TagUndo UndoTagRun(const FileSystem& files, int number);
 
 }  // namespace qublet

@@ -51,14 +51,17 @@ class Undo {
           break;
       }
     });
-    if (!outcome) Fail(record.path, outcome.Reason());
+    if (outcome) return;
+    Fail(record.path, outcome.Reason());
+    if (files_.Attributes(record.path)) can_follow_ = true;
   }
   void Fail(const std::string& path, const std::string& reason) {
     result_.left.push_back({path, reason});
     failed_ = true;
   }
 
-  bool Counts() const { return !restored_.empty() || !failed_; }
+  // A file that has gone is waited for only where nothing else could be restored.
+  bool Counts() const { return !can_follow_ && (!restored_.empty() || !failed_); }
   TagUndo Result() {
     result_.restored.assign(restored_.begin(), restored_.end());
     return result_;
@@ -69,6 +72,7 @@ class Undo {
   std::set<std::string> restored_;
   TagUndo result_;
   bool failed_ = false;
+  bool can_follow_ = false;  // a file that is there could be restored another time
 };
 
 RunFile FindRun(const FileSystem& files, const std::string& folder, int number) {

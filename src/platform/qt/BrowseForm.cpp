@@ -51,7 +51,13 @@ BrowseForm::BrowseForm(const QString& title, const QStringList& file_patterns, c
   layout->addWidget(label);
   layout->addWidget(path_);
   Connect();
-  tree_->setFocus();
+}
+
+// What is typed at once is a path.
+void BrowseForm::showEvent(QShowEvent* event) {
+  path_->setFocus();
+  path_->selectAll();
+  QDialog::showEvent(event);
 }
 
 void BrowseForm::BuildTree(const QStringList& file_patterns) {

@@ -26,6 +26,7 @@ class BrowseForm : public QDialog {
   QString Chosen() const;
 
  protected:
+  void showEvent(QShowEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

@@ -117,6 +117,19 @@ TEST_F(TagJournalTest, CountsAsNotUndoneWhenNothingCouldBeRestored) {
   EXPECT_EQ(drives_.Read("a.mp3"), TaggedSong("One"));
 }
 
+TEST_F(TagJournalTest, CountsAsNotUndoneWhileAFileWaitsForIt) {
+  for (const char* name : {"a.mp3", "b.mp3", "c.mp3"}) drives_.Write(name, TaggedSong("One"));
+  Update({"a.mp3", "b.mp3", "c.mp3"}, Form("New"));
+  SetReadOnly("b.mp3", true);
+  std::filesystem::remove(drives_.C() / "c.mp3");
+  EXPECT_EQ(UndoTagRun(*files_, 1).restored, Collection{"c:\\a.mp3"});
+  EXPECT_EQ(NewestTagRun(*files_, ""), 1);
+  SetReadOnly("b.mp3", false);
+  EXPECT_EQ(UndoTagRun(*files_, 1).restored, Collection{"c:\\b.mp3"});
+  EXPECT_EQ(drives_.Read("b.mp3"), TaggedSong("One"));
+  EXPECT_EQ(NewestTagRun(*files_, ""), std::nullopt) << "a file that has gone isn't waited for";
+}
+
 TEST_F(TagJournalTest, TakesAFileThatStandsInARunMoreThanOnce) {
   drives_.Write("a.mp3", TaggedSong("One"));
   std::filesystem::create_symlink(drives_.C() / "a.mp3", drives_.C() / "link.mp3");
