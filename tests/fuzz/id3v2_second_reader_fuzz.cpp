@@ -57,6 +57,7 @@ Bytes Whole(int version, BytesView body) {
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < 3) return 0;
   const Bytes before = Whole(3 + data[0] % 2, {data + 2, size - 2});
+  if (IsReadOtherwise(before)) return 0;  // refused
   const Edit& edit = kEdits[data[0] / 2 % std::size(kEdits)];
   Id3v2Tag tag(*ParseTag(*ParseTagHeader(before), BytesView(before).subspan(TagHeader::kSize)));
   const bool property = std::string_view(edit.id).starts_with("Music");

@@ -191,7 +191,7 @@ std::string MimeTypeOf(BytesView picture) {
   if (bytes.starts_with("\xFF\xD8\xFF")) return "image/jpeg";
   if (bytes.starts_with("GIF8")) return "image/gif";
   if (bytes.starts_with("\x89PNG")) return "image/png";
-  if (bytes.starts_with("RIFF") && bytes.substr(8).starts_with("WEBP")) return "image/webp";
+  if (bytes.starts_with("RIFF") && bytes.find("WEBP", 8) == 8) return "image/webp";
   if (bytes.starts_with("II*") || bytes.starts_with(std::string_view("MM\0*", 4))) return "image/tiff";
   return "image/";
 }

@@ -67,8 +67,9 @@ bool EndsWithItsLastFrame(const FrameWalk& walk, BytesView body) {
 // How far a program gets that passes over ids it doesn't know.
 struct Reach {
   std::size_t named = 0;
-  bool clean = false;  // ends at the end of the bytes or in padding
-  bool cut = false;    // ends inside a proper frame
+  std::size_t whole = 0;  // those of them that don't run beyond the end
+  bool clean = false;     // ends at the end of the bytes or in padding
+  bool cut = false;       // ends inside a proper frame
 };
 
 Reach ReachBySizes(BytesView body, int version, unsigned bits_per_byte) {
@@ -82,7 +83,10 @@ Reach ReachBySizes(BytesView body, int version, unsigned bits_per_byte) {
     if (IsPadding(frame.first(shape.id_length))) break;
     proper = IsFrameId(frame.first(shape.id_length));
     reach.named += proper ? 1 : 0;
-    at += header + ReadNumber(frame.subspan(shape.id_length, shape.size_length), bits_per_byte);
+    const BytesView field = frame.subspan(shape.id_length, shape.size_length);
+    const bool fits_nowhere = bits_per_byte == 7 && !IsSyncSafe(field);
+    at = fits_nowhere ? body.size() + 1 : at + header + ReadNumber(field, bits_per_byte);
+    reach.whole += proper && at <= body.size() ? 1 : 0;
   }
   reach.clean = at <= body.size();
   reach.cut = proper && !reach.clean;
@@ -128,10 +132,16 @@ bool EndsInCutFrame(BytesView tail, int version) {
   return ReachBySizes(tail, version, 8).cut || (version == 4 && ReachBySizes(tail, version, 7).cut);
 }
 
+bool HoldsFramesToOthers(BytesView tail) {
+  return ReachBySizes(tail, 4, 8).named > 0 || ReachBySizes(tail, 4, 7).named > 0;
+}
+
 bool LooksPlainToOthers(BytesView body) {
   const Reach own = ReachBySizes(body, 4, 7);
   const Reach plain = ReachBySizes(body, 4, 8);
-  if (plain.named > own.named || (plain.named == own.named && plain.clean && !own.clean)) return true;
+  const bool exact = plain.clean && !own.clean;
+  if (plain.named > own.named || (plain.named == own.named && exact)) return true;
+  if (plain.whole > own.whole || (plain.whole == own.whole && exact)) return true;
   const FrameWalk walk = WalkBySizes(body, 4, true);
   return std::ranges::any_of(walk.starts, [&](std::size_t start) { return NextIdSaysPlain(body, start); });
 }

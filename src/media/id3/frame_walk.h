@@ -50,6 +50,10 @@ FrameWalk WalkFrames(BytesView body, int version);
 // Whether bytes that the walk didn't get through end inside a proper frame, for a program that passes over odd ids.
 bool EndsInCutFrame(BytesView tail, int version);
 
+// Whether a program that goes by either form of sizes finds frames in what the walk of an ID3v2.4 tag didn't get
+// through.
+bool HoldsFramesToOthers(BytesView tail);
+
 // How other programs come by the frames of an ID3v2.4 tag: whether one that goes by the sizes alone, or looks only
 // from one frame to the next, could take plain sizes for the better explanation of these bytes.
 bool LooksPlainToOthers(BytesView body);

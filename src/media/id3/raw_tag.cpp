@@ -136,7 +136,11 @@ bool IsAmbiguous(BytesView tag) {
 }
 
 bool IsReadOtherwise(BytesView tag) {
-  return IsAmbiguous(tag) && !WalkFrames(tag.subspan(TagHeader::kSize), 4).other_form;
+  const auto header = ParseTagHeader(tag);
+  if (!header || header->version != 4) return false;
+  const BytesView body = tag.subspan(TagHeader::kSize);
+  const FrameWalk walk = WalkFrames(body, 4);
+  return walk.other_form ? !walk.clean && HoldsFramesToOthers(body.subspan(walk.end)) : LooksPlainToOthers(body);
 }
 
 bool PadTag(Bytes& tag, std::size_t extent) {

@@ -57,7 +57,8 @@ Bytes SerialiseTag(const RawTag& tag);
 // Whether other programs may take the sizes in the bytes of a whole tag for others than they are, so that they would
 // see other frames in it. It takes junk behind the frames, or bytes made up for it.
 bool IsAmbiguous(BytesView tag);
-// Whether they see others already in a tag that we read by the sizes of its version: any change would change that.
+// Whether they see others already in the bytes of a whole tag, or would once its sizes have the form of its version:
+// any change would change that.
 bool IsReadOtherwise(BytesView tag);
 // Makes the bytes of a tag longer, up to `extent` bytes altogether. False, and nothing is done, when that is too
 // large, when the tag ends in a frame that is cut off, which would get longer, or when it would become ambiguous.

@@ -128,6 +128,7 @@ TEST(MimeTypeOf, GoesByTheFirstBytes) {
   EXPECT_EQ(MimeTypeOf(AsBytes("\x89PNG\r\n")), "image/png");
   EXPECT_EQ(MimeTypeOf(AsBytes("RIFF1234WEBPVP8 ")), "image/webp");
   EXPECT_EQ(MimeTypeOf(AsBytes("")), "image/");
+  EXPECT_EQ(MimeTypeOf(AsBytes("RIFF123")), "image/");
 }
 
 TEST(DecodePicture, BelievesAPictureWhereADescriptionInUtf16EndsWithOneZero) {
