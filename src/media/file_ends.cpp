@@ -14,13 +14,6 @@ constexpr int kMostTags = 100;
 constexpr auto kId3v1Size = static_cast<std::int64_t>(Id3v1Tag::kSize);
 constexpr auto kId3v1MostCut = static_cast<std::int64_t>(Id3v1Tag::kMostCut);
 
-Bytes ReadBytes(InputFile& file, std::int64_t offset, std::int64_t length) {
-  Bytes bytes(
-      static_cast<std::size_t>(std::clamp<std::int64_t>(length, 0, std::max<std::int64_t>(file.Size() - offset, 0))));
-  bytes.resize(file.ReadAt(offset, bytes));
-  return bytes;
-}
-
 // Some programs claim a footer that isn't there.
 bool HasFooter(InputFile& file, std::int64_t offset, const TagHeader& header) {
   constexpr auto kSize = static_cast<std::int64_t>(TagHeader::kSize);
@@ -187,6 +180,14 @@ void ChangeInPlace(const FileSystem& files, const std::string& path, InputFile& 
 }
 
 }  // namespace
+
+Bytes ReadBytes(InputFile& file, std::int64_t offset, std::int64_t length) {
+  if (offset < 0) return {};
+  Bytes bytes(
+      static_cast<std::size_t>(std::clamp<std::int64_t>(length, 0, std::max<std::int64_t>(file.Size() - offset, 0))));
+  bytes.resize(file.ReadAt(offset, bytes));
+  return bytes;
+}
 
 FileEnds FindEnds(InputFile& file) {
   FileEnds ends;

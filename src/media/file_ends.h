@@ -26,7 +26,9 @@ struct FileEnds {
   bool HeadFits() const { return head_end <= size; }
 };
 
-// Throws Failure on an input error, like the four below.
+// What the file holds of these bytes: fewer where it ends sooner, none before its start. Throws Failure on an input
+// error, like the five below.
+Bytes ReadBytes(InputFile& file, std::int64_t offset, std::int64_t length);
 FileEnds FindEnds(InputFile& file);
 // Whether an ID3v2 tag stands farther behind such bytes than it is looked for, so that a new one in front would hide
 // it.

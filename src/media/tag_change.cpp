@@ -1,14 +1,11 @@
 #include "media/tag_change.h"
 
 #include "media/tag_file.h"
-#include "playlist/paths/path_text.h"
-#include "playlist/paths/text.h"
 
 namespace qublet {
 
 TagWrite PlanTagChange(const FileSystem& files, const std::string& path, const TagChange& change) {
-  // The bytes of any other kind of file aren't ours to change: a tag in front would break it.
-  if (LowerCase(GetExtension(GetFileName(path))) != ".mp3") throw Failure("only .mp3 files have tags to change");
+  RefuseAllButMp3(path);
   TagObject tag(files);
   tag.PrepareFile(path);
   tag.ReadTags(path, false);

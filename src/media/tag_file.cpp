@@ -1,6 +1,8 @@
 #include "media/tag_file.h"
 
 #include "playlist/paths/file_details.h"
+#include "playlist/paths/path_text.h"
+#include "playlist/paths/text.h"
 
 namespace qublet {
 namespace {
@@ -19,6 +21,10 @@ void GetID3Tag(const FileSystem& files, const std::string& mp3_file, TagObject& 
     RefuseAllButFiles(files, mp3_file);
     tag.ReadTags(mp3_file, true);
   });
+}
+
+void RefuseAllButMp3(const std::string& path) {
+  if (LowerCase(GetExtension(GetFileName(path))) != ".mp3") throw Failure("only .mp3 files have tags to change");
 }
 
 void RefuseUnwritable(const FileSystem& files, const std::string& path) {

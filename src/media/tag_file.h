@@ -13,6 +13,9 @@ namespace qublet {
 // stream fails.
 void GetID3Tag(const FileSystem& files, const std::string& mp3_file, TagObject& tag, Outcome& ok);
 
+// Throws Failure for a name that doesn't end in ".mp3": the bytes of any other kind of file aren't ours to change, a
+// tag in front would break it.
+void RefuseAllButMp3(const std::string& path);
 // Throws Failure with the reason when the tags of the file can't be written: it isn't there, a folder, or read-only.
 void RefuseUnwritable(const FileSystem& files, const std::string& path);
 

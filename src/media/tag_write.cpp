@@ -1,15 +1,6 @@
 #include "media/tag_write.h"
 
 namespace qublet {
-namespace {
-
-Bytes ReadBytes(InputFile& file, std::int64_t offset, std::int64_t length) {
-  Bytes bytes(static_cast<std::size_t>(length));
-  bytes.resize(file.ReadAt(offset, bytes));
-  return bytes;
-}
-
-}  // namespace
 
 bool TagWrite::ChangesNothing() const {
   return change.old_head == 0 && change.head.empty() && change.old_tail == 0 && change.tail.empty();

@@ -1,22 +1,24 @@
 #include "platform/file_address.h"
 
-#include <string_view>
-
 namespace qublet {
 
-std::string FileAddress(const std::string& native) {
-  constexpr std::string_view kPlain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
+std::string PercentEncoded(std::string_view text, std::string_view kept) {
+  constexpr std::string_view kPlain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~";
   constexpr std::string_view kDigits = "0123456789ABCDEF";
-  std::string address = "file://";
-  for (const char byte : native) {
-    if (kPlain.find(byte) != std::string_view::npos) {
-      address += byte;
+  std::string encoded;
+  for (const char byte : text) {
+    if (kPlain.find(byte) != kPlain.npos || kept.find(byte) != kept.npos) {
+      encoded += byte;
     } else {
       const auto value = static_cast<unsigned char>(byte);
-      address += {'%', kDigits[value / 16], kDigits[value % 16]};
+      encoded += {'%', kDigits[value / 16], kDigits[value % 16]};
     }
   }
-  return address;
+  return encoded;
+}
+
+std::string FileAddress(const std::string& native) {
+  return "file://" + PercentEncoded(native, "/");
 }
 
 }  // namespace qublet

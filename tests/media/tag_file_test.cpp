@@ -2,32 +2,21 @@
 
 #include <gtest/gtest.h>
 
+#include "support/song_tags_test_base.h"
 #include "support/tag_bytes.h"
-#include "support/temporary_drives.h"
 
 namespace qublet {
 namespace {
 
-constexpr char kSong[] = "c:\\song.mp3";
 const std::string kTag3 = TagBytes(3, TextFrameBytes(3, "TIT2", "Title") + TextFrameBytes(3, "TPE1", "Artist"));
 
-class WriteTagToFileTest : public testing::Test {
+class WriteTagToFileTest : public SongTagsTest {
  protected:
-  void Write(const std::string& content) { drives_.Write("song.mp3", content); }
-  std::string Content() const { return drives_.Read("song.mp3"); }
-  TagObject Loaded() const {
-    TagObject tag(*files_);
-    tag.ReadTags(kSong, false);
-    return tag;
-  }
   Outcome Update(TagObject& tag, bool v1, bool v2, const std::string& path = kSong) {
     Outcome ok = v1 ? Outcome() : Outcome::GivenUp("what was there before");
     WriteTagToFile(*files_, path, tag, v1, v2, ok);
     return ok;
   }
-
-  TemporaryDrives drives_;
-  std::unique_ptr<FileSystem> files_ = OpenFileSystem();
 };
 
 TEST_F(WriteTagToFileTest, WritesWhatIsCheckedAndStripsTheOther) {

@@ -4,7 +4,6 @@
 #include "media/tag_fields.h"
 #include "media/tag_file.h"
 #include "playlist/paths/numbers.h"
-#include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
 
 namespace qublet {
@@ -111,8 +110,7 @@ void CollectToClipboard(const TagForm& form, TagClipboard& clipboard) {
 }
 
 TagWrite PlanUpdate(const FileSystem& files, const std::string& path, const TagForm& form) {
-  // The bytes of any other kind of file aren't ours to change.
-  if (LowerCase(GetExtension(GetFileName(path))) != ".mp3") throw Failure("only .mp3 files have tags to change");
+  RefuseAllButMp3(path);
   TagObject tag(files);
   tag.PrepareFile(path);
   tag.ReadTags(path, false);

@@ -8,13 +8,6 @@ namespace {
 
 enum class State { kAsWritten, kAsBefore, kOther };
 
-Bytes ReadBytes(InputFile& file, std::int64_t offset, std::int64_t length) {
-  if (offset < 0 || length < 0 || offset + length > file.Size()) return {};
-  Bytes bytes(static_cast<std::size_t>(length));
-  bytes.resize(file.ReadAt(offset, bytes));
-  return bytes;
-}
-
 State StateOf(InputFile& file, const RunRecord& record) {
   const auto old_head = static_cast<std::int64_t>(record.old_head.size());
   const auto old_tail = static_cast<std::int64_t>(record.old_tail.size());

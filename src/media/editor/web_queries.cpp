@@ -1,5 +1,6 @@
 #include "media/editor/web_queries.h"
 
+#include "platform/file_address.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
 
@@ -18,18 +19,7 @@ std::string AddressOf(const std::string& text) {
 }
 
 std::string SearchAddress(std::string_view text) {
-  constexpr std::string_view kPlain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~+";
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  std::string address(kSearch);
-  for (const char byte : text) {
-    const auto value = static_cast<unsigned char>(byte);
-    if (kPlain.find(byte) != kPlain.npos) {
-      address += byte;
-    } else {
-      address += {'%', kDigits[value / 16], kDigits[value % 16]};
-    }
-  }
-  return address;
+  return std::string(kSearch) + PercentEncoded(text, "+");
 }
 
 std::string QueryFor(MusicNames names, const std::string& file_label) {
