@@ -9,7 +9,7 @@ Program::Program(const Services& services, WindowFeedback& feedback, const Sessi
     : engine(services, places, UserThousandsSeparator()),
       commands(feedback),
       main(engine, commands, feedback),
-      desk{engine, main, feedback} {
+      desk{engine, main, feedback, worker} {
   AddTools(commands, desk);
 }
 

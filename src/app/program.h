@@ -5,6 +5,7 @@
 #include "desk/desk.h"
 #include "desk/window_feedback.h"
 #include "engine/engine.h"
+#include "platform/qt/worker.h"
 
 namespace qublet {
 
@@ -17,6 +18,7 @@ class Program {
   Engine engine;
   Commands commands;
   Main main;
+  Worker worker;
   Desk desk;
 };
 

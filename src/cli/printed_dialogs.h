@@ -15,6 +15,9 @@ class PrintedDialogs : public Dialogs {
   MessageAnswer ShowMessage(const std::string& text, MessageIcon icon, MessageButtons buttons) override;
   std::optional<std::string> ShowOpen(const FileRequest& /*request*/) override { return std::nullopt; }
   std::optional<std::string> ShowSave(const FileRequest& /*request*/) override { return std::nullopt; }
+  std::optional<std::string> AskText(const std::string& /*prompt*/, const std::string& /*title*/) override {
+    return std::nullopt;
+  }
   std::optional<std::string> BrowseForFolder(const std::string& /*title*/, const std::string& /*start_folder*/,
                                              bool /*files_too*/) override {
     return std::nullopt;

@@ -6,6 +6,7 @@
 #include "desk/commands.h"
 #include "desk/window_feedback.h"
 #include "engine/engine.h"
+#include "platform/background.h"
 
 namespace qublet {
 
@@ -14,6 +15,7 @@ struct Desk {
   Engine& engine;
   QWidget& main;  // the main window, owner of the others
   WindowFeedback& feedback;
+  Background& background;  // the one that asks players
 
   // Places a window beside the main one and shows it; gives what it ends with.
   int ShowModal(QDialog& form) const;

@@ -26,6 +26,8 @@ class Dialogs {
   // A name that ends in none of the filter's extensions gets that of the chosen pattern. Never asks about replacing a
   // file: the rules do.
   virtual std::optional<std::string> ShowSave(const FileRequest& request) = 0;
+  // A line to be written. Nothing is written there at first.
+  virtual std::optional<std::string> AskText(const std::string& prompt, const std::string& title) = 0;
   // A browser for a folder, or for a file too when `files_too`. It begins at `start_folder`, which may be a file;
   // where that is nothing, at the user's music.
   virtual std::optional<std::string> BrowseForFolder(const std::string& title, const std::string& start_folder,

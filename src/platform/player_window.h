@@ -17,6 +17,15 @@ enum PlayingState : std::int32_t { kStopped = 0, kPlaying = 1, kPaused = 3 };
 
 inline constexpr int kPlayerPatience = 1000;  // milliseconds
 
+// How this system's players start, and so how one is waited for.
+struct PlayerStart {
+  std::chrono::milliseconds appears{0};   // until it can be found at all
+  std::chrono::milliseconds plays{5000};  // until it plays, after that
+  std::chrono::milliseconds pause{0};     // between two questions
+  int questions = 2000000;                // whether it plays, at most
+  bool anew = false;                      // it may be another one than was found first: it is looked up each time
+};
+
 // Live control of a running player. Every call comes back within a second (kPlayerPatience) whatever the player does;
 // one that doesn't answer is as good as stopped. Nothing here throws. One thread at a time.
 class PlayerWindows {
@@ -40,6 +49,8 @@ class PlayerWindows {
   // The player that runs, "" if none does. Where the system can't know a player by its window, it is `program` and no
   // other; among its instances the one that plays, else the one started last.
   virtual PlayerHandle Find(const AssociatedProgram& program) = 0;
+
+  virtual PlayerStart Start() const = 0;
 
   virtual void Stop(const PlayerHandle& player) = 0;
   virtual PlayingState State(const PlayerHandle& player) = 0;

@@ -23,8 +23,12 @@ bool PlayerLink::DetectPlayer() {
   return found;
 }
 
+AssociatedProgram PlayerLink::PlayerProgram() const {
+  return services_.associations.ProgramFor(TempPlaylist(program_folder_));
+}
+
 PlayerHandle PlayerLink::FindPlayerWindow() {
-  PlayerWindow = services_.players.Find(services_.associations.ProgramFor(TempPlaylist(program_folder_)));
+  PlayerWindow = services_.players.Find(PlayerProgram());
   return PlayerWindow;
 }
 

@@ -22,6 +22,8 @@ class PlayerLink {
   // Makes "tmp.m3u" when it is missing, so that there is a file to ask about.
   bool DetectPlayer();
 
+  // The program that opens playlists. Any thread may ask.
+  AssociatedProgram PlayerProgram() const;
   // The player if it runs, "" if not; kept in PlayerWindow.
   PlayerHandle FindPlayerWindow();
 

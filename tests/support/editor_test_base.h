@@ -8,6 +8,8 @@
 
 #include "engine/engine.h"
 #include "media/tag_object.h"
+#include "platform/background.h"
+#include "support/fake_picture_codec.h"
 #include "support/fake_services.h"
 #include "support/recorders.h"
 #include "support/tag_bytes.h"
@@ -21,6 +23,12 @@ inline std::string TaggedSong(const std::string& title) {
                          FrameBytes(3, "PRIV", "owner" + std::string(1, '\0') + "hidden")) +
          AudioBytes(20) + Id3v1Bytes(title.substr(0, 30), "Artist", "Album", "1999", "Comment", 17);
 }
+
+// What a TagEditor needs besides.
+struct EditorSurroundings {
+  FakePictureCodec codec;
+  Background background;
+};
 
 // The program without a window, with files of the drive c: as rows.
 class EditorTestBase : public testing::Test {

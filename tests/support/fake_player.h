@@ -27,6 +27,7 @@ class FakePlayerWindows : public PlayerWindows {
     wanted.push_back(program.id);
     return running;
   }
+  PlayerStart Start() const override { return start; }
   void Stop(const PlayerHandle& player) override { calls.push_back("stop " + player); }
   PlayingState State(const PlayerHandle& player) override { return player == running ? state : kStopped; }
   std::int32_t Position(const PlayerHandle& player) override { return player == running ? position : -1; }
@@ -37,6 +38,7 @@ class FakePlayerWindows : public PlayerWindows {
   PlayerHandle running;
   PlayingState state = kStopped;
   std::int32_t position = -1;
+  PlayerStart start;
   std::vector<std::string> wanted, calls;
 };
 

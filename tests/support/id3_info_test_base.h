@@ -29,7 +29,7 @@ class Id3InfoTestBase : public EditorTestBase {
 
   void Open(const std::string& letters) {
     Select(letters);
-    editor_ = std::make_unique<Id3Info>(engine_, nullptr);
+    editor_ = std::make_unique<Id3Info>(engine_, background_, nullptr);
     editor_->show();
     editor_->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(editor_.get()));
@@ -62,6 +62,7 @@ class Id3InfoTestBase : public EditorTestBase {
     QTest::keyClick(focus != nullptr ? focus : editor_.get(), static_cast<Qt::Key>(key), modifiers);
   }
 
+  Background background_;
   std::unique_ptr<Id3Info> editor_;
 };
 

@@ -20,12 +20,12 @@ class ScriptedDialogs : public Dialogs {
   };
 
   std::deque<MessageAnswer> answers;
-  std::deque<std::optional<std::string>> open_names, save_names, folders;
+  std::deque<std::optional<std::string>> open_names, save_names, folders, texts;
   Dialogs* real_save = nullptr;  // asked instead of the queue when there is one
 
   std::vector<Message> messages;
   std::vector<FileRequest> open_requests, save_requests;
-  std::vector<std::string> browse_titles, browse_starts;
+  std::vector<std::string> browse_titles, browse_starts, text_prompts;
 
   MessageAnswer ShowMessage(const std::string& text, MessageIcon icon, MessageButtons buttons) override {
     messages.push_back({text, icon, buttons});
@@ -41,6 +41,11 @@ class ScriptedDialogs : public Dialogs {
     save_requests.push_back(request);
     if (real_save != nullptr) return real_save->ShowSave(request);
     return Next(save_names, {});
+  }
+
+  std::optional<std::string> AskText(const std::string& prompt, const std::string& title) override {
+    text_prompts.push_back(title + ": " + prompt);
+    return Next(texts, {});
   }
 
   std::optional<std::string> BrowseForFolder(const std::string& title, const std::string& start_folder,

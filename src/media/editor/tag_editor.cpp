@@ -1,13 +1,19 @@
 #include "media/editor/tag_editor.h"
 
 #include "media/editor/form_texts.h"
+#include "media/editor/tag_copies.h"
 #include "media/editor/tag_journal.h"
 #include "media/editor/web_queries.h"
 #include "media/tag_file.h"
 
 namespace qublet {
 
-TagEditor::TagEditor(Engine& engine) : engine_(engine), clipboard_(engine.services.files) {
+TagEditor::TagEditor(Engine& engine, const PictureCodec& codec, Background& background)
+    : comments(engine.services.dialogs),
+      pictures(engine, codec, background),
+      positions(engine, comments, background),
+      engine_(engine),
+      clipboard_(engine.services.files) {
   view.mpeg.fill(kUnknownLabel);
   view.ogg.fill(kUnknownLabel);
 }
@@ -39,8 +45,7 @@ void TagEditor::TakeNeutralState() {
 void TagEditor::ShowUnusable() {
   ShowHint("Unable to Update/Read files...", "Check the item(s) exist and are of the same type.");
   view.unusable = true;
-  ShowTag(TagObject(engine_.services.files), view.form);
-  ShowPresence();
+  ShowTagInForm(TagObject(engine_.services.files));
   page = EditorPage::kGeneral;
 }
 
@@ -51,8 +56,7 @@ void TagEditor::ShowFile() {
   if (extension == ".mp3") return ShowMp3();
 
   page = EditorPage::kGeneral;
-  ShowTag(TagObject(files), view.form);
-  ShowPresence();
+  ShowTagInForm(TagObject(files));
   view.mpeg_shown = extension == ".wav" || extension == ".vqf";
   view.ogg_shown = extension == ".ogg";
   if (extension == ".wav") view.mpeg_caption = "WAV File Info";
@@ -69,9 +73,9 @@ void TagEditor::ShowFile() {
     ShowFileInfo(files, path, engine_.thousands_separator, view.file);
   }
   if (OneFile() && view.ogg_shown) {
-    VorbisComments comments;
-    ReadVorbisComments(files, path, comments);
-    ShowOggInfo(path, comments, view.ogg);
+    VorbisComments found;
+    ReadVorbisComments(files, path, found);
+    ShowOggInfo(path, found, view.ogg);
   }
   if (OneFile() && extension == ".wav") {
     WavHeader header;
@@ -96,8 +100,7 @@ void TagEditor::ShowMp3() {
   }
   view.mpeg_shown = true;
   view.mpeg_caption = "MPEG Info";
-  ShowTag(tag, view.form);
-  ShowPresence();
+  ShowTagInForm(tag);
   view.copy = tag.HasID3v1() || tag.HasID3v2();
   view.tag_pages = view.presence_boxes = true;
   view.paste = clipboard_.ClipboardFull;
@@ -105,6 +108,25 @@ void TagEditor::ShowMp3() {
 
 void TagEditor::ShowHint(const char* first, const char* second) {
   view.file.FileInfo = {first, second};
+}
+
+void TagEditor::ShowTagInForm(const TagObject& tag) {
+  ShowTag(tag, view.form);
+  ShowLists();
+  ShowPresence();
+}
+
+void TagEditor::ShowLists() {
+  comments.Show(std::move(view.form.comments));
+  pictures.Show(std::move(view.form.images));
+  positions.LoadTpsi();
+}
+
+void TagEditor::CollectLists() {
+  if (!view.form.id3v2_present) return;
+  positions.SaveTpsi();
+  view.form.images = pictures.Collect();
+  view.form.comments = comments.Rows();
 }
 
 void TagEditor::ShowPresence() {
@@ -119,12 +141,14 @@ void TagEditor::SetV2Enabled(bool enabled) {
 
 void TagEditor::CmdCopy_Click() {
   if (!view.form.id3v1_present && !view.form.id3v2_present) return;
+  CollectLists();
   CollectToClipboard(view.form, clipboard_);
   view.paste = true;
 }
 
 void TagEditor::CmdPaste_Click() {
   ShowClipboard(clipboard_, view.form);
+  ShowLists();
   ShowPresence();
   if (view.form.id3v1_present || view.form.id3v2_present) view.update = view.copy = true;
 }
@@ -139,6 +163,21 @@ void TagEditor::ID3v2Present_Click(bool checked) {
   view.form.id3v2_present = checked;
   SetV2Enabled(checked);
   view.copy = checked || (view.copy && view.form.id3v1_present);
+}
+
+void TagEditor::ID3v1Duplicate_Click() {
+  if (!view.form.id3v1_present) return;
+  ID3v2Present_Click(true);
+  CopyFromId3v1(view.form);
+  const std::string& comment = view.form.v1[kV1Comment];
+  if (!comment.empty()) comments.Append({"", comment});
+}
+
+void TagEditor::ID3v2Duplicate_Click() {
+  if (!view.form.id3v2_present) return;
+  ID3v1Present_Click(true);
+  CopyFromId3v2(view.form);
+  if (!comments.Rows().empty()) view.form.v1[kV1Comment] = comments.Rows().front().text;
 }
 
 void TagEditor::CmdListen_Click() {

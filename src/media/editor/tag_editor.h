@@ -7,9 +7,12 @@
 
 #include "engine/engine.h"
 #include "media/editor/attributes.h"
+#include "media/editor/comment_rows.h"
 #include "media/editor/file_pages.h"
+#include "media/editor/picture_rows.h"
 #include "media/editor/selected_files.h"
 #include "media/editor/tag_form.h"
+#include "media/editor/time_positions.h"
 
 namespace qublet {
 
@@ -36,7 +39,7 @@ struct EditorView {
   MpegLabels mpeg;
   OggLabels ogg;
 
-  TagForm form;
+  TagForm form;  // its comments and pictures stand in the lists
   std::string report;  // the line beside the progress
 };
 
@@ -49,9 +52,13 @@ class TagEditor {
     std::function<bool()> stopped = [] { return false; };
   };
 
-  explicit TagEditor(Engine& engine);
+  // All of them outlive it.
+  TagEditor(Engine& engine, const PictureCodec& codec, Background& background);
 
   EditorView view;
+  CommentRows comments;
+  PictureRows pictures;
+  TimePositions positions;
   // The page that is to come to the front; the window sets it when the user turns to another one.
   EditorPage page = EditorPage::kGeneral;
 
@@ -69,6 +76,14 @@ class TagEditor {
 
   void ID3v1Present_Click(bool checked);
   void ID3v2Present_Click(bool checked);
+  // "<<Copy from ...": what one tag's page holds goes into the other's.
+  void ID3v1Duplicate_Click();
+  void ID3v2Duplicate_Click();
+
+  // The signature into the box of a page, and the box's text kept as the signature.
+  std::string Signature() const { return engine_.session.Kept(kTagSignature); }
+  void KeepSignature(const std::string& text) { engine_.session.Keep(kTagSignature, text); }
+
   // The boxes are to hold what the user has set before this.
   void FileInfoReadOnly_Click() { ChangeAttribute(&FileAttributeChanges::read_only, view.file.read_only); }
   void FileInfoArchive_Click() { ChangeAttribute(&FileAttributeChanges::archive, view.file.archive); }
@@ -87,6 +102,9 @@ class TagEditor {
   void ShowHint(const char* first, const char* second);
   void SetV1Enabled(bool enabled) { view.v1_enabled = enabled; }
   void SetV2Enabled(bool enabled);
+  void ShowTagInForm(const TagObject& tag);
+  void ShowLists();
+  void CollectLists();
   void ShowPresence();
   void RebuildRow(int row);
   void RebuildRows(const std::vector<int>& indexes, const std::function<void()>& step);

@@ -42,6 +42,7 @@ void TagEditor::CmdUpdate_Click(const Watch& watch) {
   TagRunRecord record(files, engine_.services.clock, kWindowRun);
   {
     const WaitCursor wait(engine_.services.feedback);
+    CollectLists();
     TagRun run(files, record, [&](const std::string& path) { return PlanUpdate(files, path, view.form); },
                {[&] { watch.progress(++value, maximum); }, watch.stopped,
                 [&](const std::string&, const Outcome& outcome) { all_ok = all_ok && outcome; }});

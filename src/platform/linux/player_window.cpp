@@ -165,6 +165,15 @@ class BusPlayers : public PlayerWindows {
     return player;
   }
 
+  // A player that was stopped ends, another one starts, and both take their time on the bus.
+  PlayerStart Start() const override {
+    PlayerStart start;
+    start.appears = std::chrono::milliseconds(3000);
+    start.pause = std::chrono::milliseconds(30);
+    start.anew = true;
+    return start;
+  }
+
   void Stop(const PlayerHandle& player) override {
     if (!player.empty()) ResumeNext([&] { bus_.Ask(PlayerCall(player, "Stop"), Deadline()); });
   }

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QScreen>
@@ -151,6 +152,13 @@ std::optional<std::string> QtDialogs::ShowOpen(const FileRequest& request) {
 
 std::optional<std::string> QtDialogs::ShowSave(const FileRequest& request) {
   return AskForFile(request, true);
+}
+
+std::optional<std::string> QtDialogs::AskText(const std::string& prompt, const std::string& title) {
+  bool written = false;
+  const QString text = QInputDialog::getText(Owner(), QString::fromStdString(title), QString::fromStdString(prompt),
+                                             QLineEdit::Normal, QString(), &written);
+  return written ? std::optional(text.toStdString()) : std::nullopt;
 }
 
 std::optional<std::string> QtDialogs::BrowseForFolder(const std::string& title, const std::string& start_folder,

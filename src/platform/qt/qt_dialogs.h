@@ -23,6 +23,7 @@ class QtDialogs : public Dialogs {
   MessageAnswer ShowMessage(const std::string& text, MessageIcon icon, MessageButtons buttons) override;
   std::optional<std::string> ShowOpen(const FileRequest& request) override;
   std::optional<std::string> ShowSave(const FileRequest& request) override;
+  std::optional<std::string> AskText(const std::string& prompt, const std::string& title) override;
   std::optional<std::string> BrowseForFolder(const std::string& title, const std::string& start_folder,
                                              bool files_too) override;
 

@@ -26,6 +26,8 @@ class MessagePlayers : public PlayerWindows {
     return "";
   }
 
+  PlayerStart Start() const override { return {}; }
+
   void Stop(const PlayerHandle& player) override {
     if (!player.empty()) Send(player, WM_COMMAND, kStopCommand, 0, 0);
   }

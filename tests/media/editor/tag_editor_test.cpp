@@ -34,7 +34,8 @@ class TagEditorTest : public EditorTestBase {
   std::string First() const { return editor_.view.file.FileInfo[0]; }
   std::string Second() const { return editor_.view.file.FileInfo[1]; }
 
-  TagEditor editor_{engine_};
+  EditorSurroundings around_;
+  TagEditor editor_{engine_, around_.codec, around_.background};
   EditorView& view_ = editor_.view;
 };
 

@@ -30,7 +30,8 @@ class TagEditorUpdateTest : public EditorTestBase {
     return orders;
   }
 
-  TagEditor editor_{engine_};
+  EditorSurroundings around_;
+  TagEditor editor_{engine_, around_.codec, around_.background};
   EditorView& view_ = editor_.view;
   std::vector<int> values_;
   int maximum_ = 0;
@@ -54,8 +55,9 @@ TEST_F(TagEditorUpdateTest, WritesTheFormIntoTheFile) {
 
 TEST_F(TagEditorUpdateTest, GivesSeveralFilesTheSameTags) {
   Load("x---");
-  view_.form.comments = {{"QUBLET_tpsidata", "000001000"}};
-  view_.form.images = {{"p", "image/png", {1, 2, 3}}};
+  editor_.comments.Show({{"QUBLET_tpsidata", "000001000"}});
+  editor_.positions.LoadTpsi();
+  editor_.pictures.Show({{"p", "image/png", {1, 2, 3}}});
   editor_.CmdCopy_Click();
   Load("-xxx");
   editor_.CmdPaste_Click();

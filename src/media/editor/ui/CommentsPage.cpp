@@ -1,34 +1,61 @@
 #include "media/editor/ui/CommentsPage.h"
 
-#include "media/editor/ui/later_controls.h"
+#include <QSignalBlocker>
+
+#include "media/editor/ui/list_rows.h"
+#include "media/editor/ui/signature_buttons.h"
 #include "platform/qt/shown_text.h"
 
 namespace qublet {
 
 CommentsPage::CommentsPage(QWidget* parent) : QWidget(parent) {
   setupUi(this);
-  DisableUntilLater(
-      {ID3v2AddComment, ID3v2EditComment, ID3v2RemoveComment, ID3v2SigSave, ID3v2SigGet, ID3v2SigClose});
-  // What is written here would go nowhere.
-  ID3v2Comment->setReadOnly(true);
-  connect(ID3v2LstComments, &QTreeWidget::currentItemChanged, this, &CommentsPage::ID3v2LstComments_ItemClick);
+  box_.emplace(*ID3v2Comment);
 }
 
-void CommentsPage::Show(const std::vector<TagComment>& comments) {
-  if (comments == comments_ && ID3v2LstComments->topLevelItemCount() > 0) return;
-  comments_ = comments;
+void CommentsPage::Bind(TagEditor& editor, const CommandRunner& run) {
+  CommentRows& comments = editor.comments;
+  connect(ID3v2LstComments, &QTreeWidget::currentItemChanged, this,
+          [this, run, &comments] { run([&] { comments.Select(CurrentRow(*ID3v2LstComments)); }); });
+  connect(ID3v2AddComment, &QPushButton::clicked, this, [this, run, &comments] {
+    bool written = false;
+    run([&] { written = comments.ID3v2AddComment_Click(); });
+    if (!written) ID3v2Comment->setFocus();
+  });
+  connect(ID3v2EditComment, &QPushButton::clicked, this,
+          [run, &comments] { run([&] { comments.ID3v2EditComment_Click(); }); });
+  connect(ID3v2RemoveComment, &QPushButton::clicked, this,
+          [run, &comments] { run([&] { comments.ID3v2RemoveComment_Click(); }); });
+  BindSignature(editor, run);
+}
+
+void CommentsPage::BindSignature(TagEditor& editor, const CommandRunner& run) {
+  std::string& box = editor.comments.ID3v2Comment;
+  new SignatureButtons(
+      *ID3v2Comment, {*ID3v2SigSave, *ID3v2SigGet, *ID3v2SigClose},
+      [run, &editor, &box] { run([&] { editor.KeepSignature(box); }); },
+      [run, &editor, &box] { run([&] { box = editor.Signature(); }); });
+}
+
+void CommentsPage::Show(const CommentRows& comments) {
+  const QSignalBlocker quiet(ID3v2LstComments);
+  ShowRows(comments.Rows());
+  SetCurrentRow(*ID3v2LstComments, comments.Selected());
+  box_->Show(comments.ID3v2Comment);
+  for (QPushButton* button : {ID3v2EditComment, ID3v2RemoveComment}) button->setEnabled(!shown_.empty());
+}
+
+void CommentsPage::ShowRows(const std::vector<TagComment>& rows) {
+  if (rows == shown_) return;
+  shown_ = rows;
   ID3v2LstComments->clear();
-  ID3v2Comment->clear();
-  for (const TagComment& comment : comments_) {
+  for (const TagComment& comment : shown_)
     new QTreeWidgetItem(ID3v2LstComments, {ShownText(comment.description), ShownText(comment.text)});
-  }
   ID3v2LstComments->resizeColumnToContents(0);
-  ID3v2LstComments->setCurrentItem(ID3v2LstComments->topLevelItem(0));
 }
 
-void CommentsPage::ID3v2LstComments_ItemClick() {
-  const int row = ID3v2LstComments->indexOfTopLevelItem(ID3v2LstComments->currentItem());
-  if (row >= 0) ID3v2Comment->setPlainText(QString::fromStdString(comments_[static_cast<std::size_t>(row)].text));
+void CommentsPage::Collect(CommentRows& comments) const {
+  comments.ID3v2Comment = box_->Text();
 }
 
 }  // namespace qublet

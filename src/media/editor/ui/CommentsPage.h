@@ -1,26 +1,32 @@
 #pragma once
 
 #include <QWidget>
+#include <optional>
 #include <vector>
 
-#include "media/tag_object.h"
+#include "media/editor/tag_editor.h"
+#include "media/editor/ui/command_runner.h"
+#include "media/editor/ui/form_box.h"
 #include "ui_CommentsPage.h"
 
 namespace qublet {
 
-// The comments of the form, to be looked at.
 class CommentsPage : public QWidget, private Ui::CommentsPage {
   Q_OBJECT
 
  public:
   explicit CommentsPage(QWidget* parent = nullptr);
 
-  void Show(const std::vector<TagComment>& comments);
+  void Bind(TagEditor& editor, const CommandRunner& run);
+  void Show(const CommentRows& comments);
+  void Collect(CommentRows& comments) const;
 
  private:
-  void ID3v2LstComments_ItemClick();
+  void BindSignature(TagEditor& editor, const CommandRunner& run);
+  void ShowRows(const std::vector<TagComment>& rows);
 
-  std::vector<TagComment> comments_;
+  std::optional<FormBox> box_;
+  std::vector<TagComment> shown_;
 };
 
 }  // namespace qublet

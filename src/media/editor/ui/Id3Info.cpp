@@ -9,8 +9,8 @@
 #include <algorithm>
 
 #include "media/editor/ui/double_clicks.h"
-#include "media/editor/ui/escape_lock.h"
 #include "media/editor/ui/page_turning.h"
+#include "platform/qt/input_lock.h"
 #include "platform/qt/pictures.h"
 #include "platform/qt/shown_text.h"
 
@@ -31,7 +31,8 @@ QString TipOf(const EditorCommand& command) {
 
 }  // namespace
 
-Id3Info::Id3Info(Engine& engine, QWidget* parent) : QDialog(parent), engine_(engine), editor_(engine) {
+Id3Info::Id3Info(Engine& engine, Background& background, QWidget* parent)
+    : QDialog(parent), engine_(engine), editor_(engine, codec_, background) {
   setupUi(this);
   MakeIndicators();
   MakeCommands();
@@ -42,6 +43,13 @@ Id3Info::Id3Info(Engine& engine, QWidget* parent) : QDialog(parent), engine_(eng
   resize(sizeHint());
   connect(CmdClose, &QPushButton::clicked, this, &QDialog::reject);
   connect(Id3MainTab, &QTabWidget::currentChanged, this, &Id3Info::Id3MainTab_Click);
+  BindPages();
+}
+
+void Id3Info::BindPages() {
+  const CommandRunner run = [this](const std::function<void()>& command) { Run(command); };
+  Id3v1Tab->Bind(editor_, run);
+  Id3v2Tab->Bind(editor_, run);
   connect(GeneralTab, &GeneralPage::FileInfoReadOnlyClicked, this,
           [this] { Run([this] { editor_.FileInfoReadOnly_Click(); }); });
   connect(GeneralTab, &GeneralPage::FileInfoArchiveClicked, this,
@@ -137,7 +145,7 @@ void Id3Info::Collect() {
   editor_.page = static_cast<EditorPage>(Id3MainTab->currentIndex());
   GeneralTab->Collect(editor_.view.file);
   Id3v1Tab->Collect(editor_.view.form);
-  Id3v2Tab->Collect(editor_.view.form);
+  Id3v2Tab->Collect(editor_);
 }
 
 void Id3Info::Render() {
@@ -151,7 +159,7 @@ void Id3Info::Render() {
   }
   GeneralTab->Show(view);
   Id3v1Tab->Show(view);
-  Id3v2Tab->Show(view, engine_.thousands_separator);
+  Id3v2Tab->Show(editor_, engine_.thousands_separator);
   RenderTabs();
   lblReport->Report(ShownText(view.report));
 }
@@ -180,7 +188,7 @@ void Id3Info::Command_Click(const EditorCommand& command) {
 
 // The window goes on painting; of what is pressed meanwhile only Escape counts.
 void Id3Info::CmdUpdate_Click() {
-  EscapeLock lock;
+  InputLock lock;
   QElapsedTimer painted;
   painted.start();
   const auto progress = [&](int value, int maximum) {
@@ -190,7 +198,7 @@ void Id3Info::CmdUpdate_Click() {
     lock.Pump();
     painted.restart();
   };
-  Run([&] { editor_.CmdUpdate_Click({progress, [&lock] { return lock.Escaped(); }}); });
+  Run([&] { editor_.CmdUpdate_Click({progress, [&lock] { return lock.EscapePressed(); }}); });
   ProgressBar1->setValue(0);
 }
 

@@ -8,6 +8,7 @@
 #include "media/editor/tag_editor.h"
 #include "media/editor/ui/PageIndicator.h"
 #include "media/editor/ui/editor_commands.h"
+#include "platform/qt/picture_codec.h"
 #include "ui_Id3Info.h"
 
 namespace qublet {
@@ -17,7 +18,8 @@ class Id3Info : public QDialog, private Ui::Id3Info {
   Q_OBJECT
 
  public:
-  Id3Info(Engine& engine, QWidget* parent);
+  // Both outlive it.
+  Id3Info(Engine& engine, Background& background, QWidget* parent);
 
  protected:
   void showEvent(QShowEvent* event) override;
@@ -27,6 +29,7 @@ class Id3Info : public QDialog, private Ui::Id3Info {
   void AlignCaptions();
   void MakeCommands();
   void MakeKeys();
+  void BindPages();
   void AddKey(const char* keys, const std::function<void()>& handler);
 
   // Runs what a command does, on what the boxes hold, and shows what comes of it.
@@ -40,6 +43,7 @@ class Id3Info : public QDialog, private Ui::Id3Info {
   void Id3MainTab_Click(int page);
 
   Engine& engine_;
+  QtPictureCodec codec_;
   TagEditor editor_;
   PageIndicator* FileInfoIndicator;
   PageIndicator* Id31Indicator;

@@ -1,7 +1,7 @@
 #include "media/editor/ui/Id3v1Page.h"
 
 #include "media/editor/ui/box_shortcut.h"
-#include "media/editor/ui/later_controls.h"
+#include "media/editor/ui/signature_buttons.h"
 
 namespace qublet {
 
@@ -11,8 +11,17 @@ Id3v1Page::Id3v1Page(QWidget* parent) : QWidget(parent) {
             FormBox(*ID3v1Comment)};
   for (const std::string& name : GenreEntries()) ID3v1Genre->addItem(QString::fromStdString(name));
   TakeDigitsOnly(*ID3v1Track);
-  DisableUntilLater({ID3v2Duplicate, ID3v1SigSave, ID3v1SigGet, ID3v1SigClose});
   connect(ID3v1Present, &QCheckBox::clicked, this, &Id3v1Page::PresentClicked);
+}
+
+void Id3v1Page::Bind(TagEditor& editor, const CommandRunner& run) {
+  connect(ID3v2Duplicate, &QPushButton::clicked, this,
+          [run, &editor] { run([&] { editor.ID3v2Duplicate_Click(); }); });
+  std::string& box = editor.view.form.v1[kV1Comment];
+  new SignatureButtons(
+      *ID3v1Comment, {*ID3v1SigSave, *ID3v1SigGet, *ID3v1SigClose},
+      [run, &editor, &box] { run([&] { editor.KeepSignature(box); }); },
+      [run, &editor, &box] { run([&] { box = editor.Signature(); }); });
 }
 
 void Id3v1Page::Show(const EditorView& view) {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "media/editor/tag_editor.h"
+#include "media/editor/ui/command_runner.h"
 #include "media/editor/ui/form_box.h"
 #include "ui_Id3v1Page.h"
 
@@ -15,6 +16,7 @@ class Id3v1Page : public QWidget, private Ui::Id3v1Page {
  public:
   explicit Id3v1Page(QWidget* parent = nullptr);
 
+  void Bind(TagEditor& editor, const CommandRunner& run);
   void Show(const EditorView& view);
   void Collect(TagForm& form) const;
 

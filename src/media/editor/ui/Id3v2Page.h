@@ -5,6 +5,7 @@
 #include <string>
 
 #include "media/editor/tag_editor.h"
+#include "media/editor/ui/command_runner.h"
 #include "media/editor/ui/form_box.h"
 #include "ui_Id3v2Page.h"
 
@@ -16,8 +17,9 @@ class Id3v2Page : public QWidget, private Ui::Id3v2Page {
  public:
   explicit Id3v2Page(QWidget* parent = nullptr);
 
-  void Show(const EditorView& view, const std::string& thousands_separator);
-  void Collect(TagForm& form) const;
+  void Bind(TagEditor& editor, const CommandRunner& run);
+  void Show(const TagEditor& editor, const std::string& thousands_separator);
+  void Collect(TagEditor& editor) const;
   void ShowFirstPage() { Id3v2SubTab->setCurrentIndex(0); }
 
  signals:

@@ -1,6 +1,8 @@
 #include "media/editor/ui/ImagesPage.h"
 
-#include "media/editor/ui/later_controls.h"
+#include <QSignalBlocker>
+
+#include "media/editor/ui/list_rows.h"
 #include "platform/qt/shown_text.h"
 #include "playlist/paths/formats.h"
 
@@ -8,31 +10,41 @@ namespace qublet {
 
 ImagesPage::ImagesPage(QWidget* parent) : QWidget(parent) {
   setupUi(this);
-  DisableUntilLater({ID3v2ImageAdd, ID3v2ImageRemove, ID3v2ImageSave, ID3v2ImageOpen});
-  connect(ID3v2LstImages, &QTreeWidget::currentItemChanged, this, &ImagesPage::ID3v2LstImages_ItemClick);
 }
 
-void ImagesPage::Show(const std::vector<TagPicture>& images, const std::string& thousands_separator) {
-  if (images == images_) return;
-  images_ = images;
+void ImagesPage::Bind(TagEditor& editor, const CommandRunner& run) {
+  PictureRows& pictures = editor.pictures;
+  connect(ID3v2LstImages, &QTreeWidget::currentItemChanged, this,
+          [this, run, &pictures] { run([&] { pictures.Select(CurrentRow(*ID3v2LstImages)); }); });
+  const auto bind = [this, &run, &pictures](QPushButton* button, void (PictureRows::*handler)()) {
+    connect(button, &QPushButton::clicked, this, [run, &pictures, handler] { run([&] { (pictures.*handler)(); }); });
+  };
+  bind(ID3v2ImageAdd, &PictureRows::ID3v2ImageAdd_Click);
+  bind(ID3v2ImageRemove, &PictureRows::ID3v2ImageRemove_Click);
+  bind(ID3v2ImageSave, &PictureRows::ID3v2ImageSave_Click);
+  bind(ID3v2ImageOpen, &PictureRows::ID3v2ImageOpen_Click);
+}
+
+void ImagesPage::Show(const PictureRows& pictures, const std::string& thousands_separator) {
+  const QSignalBlocker quiet(ID3v2LstImages);
+  ShowRows(pictures.Rows(), thousands_separator);
+  SetCurrentRow(*ID3v2LstImages, pictures.Selected());
+  ID3v2Image->Show(pictures.Shown(), thousands_separator);
+  for (QPushButton* button : {ID3v2ImageRemove, ID3v2ImageSave, ID3v2ImageOpen}) button->setEnabled(!shown_.empty());
+}
+
+void ImagesPage::ShowRows(const std::vector<PictureRows::Row>& rows, const std::string& thousands_separator) {
+  if (rows == shown_) return;
+  shown_ = rows;
   ID3v2LstImages->clear();
-  ID3v2Image->Show({});
-  for (const TagPicture& image : images_) {
-    auto* row = new QTreeWidgetItem(
-        ID3v2LstImages, {ShownText(image.description), ShownText(FormatSize(image.data.size(), thousands_separator)),
-                         ShownText(image.mime_type)});
-    row->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
+  for (const PictureRows::Row& row : shown_) {
+    auto* item = new QTreeWidgetItem(ID3v2LstImages, {ShownText(row.description),
+                                                      ShownText(FormatSize(row.size, thousands_separator)),
+                                                      ShownText(row.mime_type)});
+    item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
   }
   for (int column = 0; column < ID3v2LstImages->columnCount(); ++column)
     ID3v2LstImages->resizeColumnToContents(column);
-  ID3v2LstImages->setCurrentItem(ID3v2LstImages->topLevelItem(0));
-}
-
-void ImagesPage::ID3v2LstImages_ItemClick() {
-  const int row = ID3v2LstImages->indexOfTopLevelItem(ID3v2LstImages->currentItem());
-  if (row < 0) return;
-  const Bytes& picture = images_[static_cast<std::size_t>(row)].data;
-  ID3v2Image->Show(QImage::fromData(picture.data(), static_cast<int>(picture.size())));
 }
 
 }  // namespace qublet

@@ -1,27 +1,29 @@
 #pragma once
 
 #include <QWidget>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include "media/tag_object.h"
+#include "media/editor/tag_editor.h"
+#include "media/editor/ui/command_runner.h"
 #include "ui_ImagesPage.h"
 
 namespace qublet {
 
-// The pictures of the form, to be looked at.
 class ImagesPage : public QWidget, private Ui::ImagesPage {
   Q_OBJECT
 
  public:
   explicit ImagesPage(QWidget* parent = nullptr);
 
-  void Show(const std::vector<TagPicture>& images, const std::string& thousands_separator);
+  void Bind(TagEditor& editor, const CommandRunner& run);
+  void Show(const PictureRows& pictures, const std::string& thousands_separator);
 
  private:
-  void ID3v2LstImages_ItemClick();
+  void ShowRows(const std::vector<PictureRows::Row>& rows, const std::string& thousands_separator);
 
-  std::vector<TagPicture> images_;
+  std::vector<PictureRows::Row> shown_;
 };
 
 }  // namespace qublet

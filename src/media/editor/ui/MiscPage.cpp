@@ -1,12 +1,14 @@
 #include "media/editor/ui/MiscPage.h"
 
-#include "media/editor/ui/later_controls.h"
-
 namespace qublet {
 
 MiscPage::MiscPage(QWidget* parent) : QWidget(parent) {
   setupUi(this);
-  DisableUntilLater({ID3v1Duplicate});
+}
+
+void MiscPage::Bind(TagEditor& editor, const CommandRunner& run) {
+  connect(ID3v1Duplicate, &QPushButton::clicked, this,
+          [run, &editor] { run([&] { editor.ID3v1Duplicate_Click(); }); });
 }
 
 std::map<Id3v2Box, FormBox> MiscPage::Boxes() const {

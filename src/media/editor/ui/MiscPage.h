@@ -3,7 +3,8 @@
 #include <QWidget>
 #include <map>
 
-#include "media/editor/tag_form.h"
+#include "media/editor/tag_editor.h"
+#include "media/editor/ui/command_runner.h"
 #include "media/editor/ui/form_box.h"
 #include "ui_MiscPage.h"
 
@@ -15,6 +16,7 @@ class MiscPage : public QWidget, private Ui::MiscPage {
  public:
   explicit MiscPage(QWidget* parent = nullptr);
 
+  void Bind(TagEditor& editor, const CommandRunner& run);
   std::map<Id3v2Box, FormBox> Boxes() const;
 };
 

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 
+#include "media/editor/tag_editor.h"
+#include "media/editor/ui/command_runner.h"
 #include "ui_TpsiPage.h"
 
 namespace qublet {
@@ -13,8 +16,20 @@ class TpsiPage : public QWidget, private Ui::TpsiPage {
  public:
   explicit TpsiPage(QWidget* parent = nullptr);
 
-  // Whether what works with the player can be used.
-  void SetPlayed(bool played);
+  void Bind(TagEditor& editor, const CommandRunner& run);
+  // `played`: what works with the player can be used.
+  void Show(const TimePositions& positions, bool played);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void BindTime(TimePositions& positions);
+  void ShowRows(const Collection& records);
+  void ShowTime(const TimePositions& positions);
+
+  Collection shown_;
+  QTimer TPSItimer;
 };
 
 }  // namespace qublet

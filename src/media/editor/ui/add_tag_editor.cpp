@@ -6,7 +6,7 @@ namespace qublet {
 
 void AddTagEditor(Commands& commands, const Desk& desk) {
   commands.Bind("MEditId3", [&desk] {
-    Id3Info window(desk.engine, &desk.main);
+    Id3Info window(desk.engine, desk.background, &desk.main);
     desk.ShowModal(window);
   });
 }

@@ -1,0 +1,37 @@
+#include "player/position_jump.h"
+
+#include <thread>
+
+namespace qublet {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+PlayerHandle WaitForPlayer(PlayerWindows& players, const AssociatedProgram& program, const PlayerStart& start) {
+  const Clock::time_point end = Clock::now() + start.appears;
+  PlayerHandle player = players.Find(program);
+  while (player.empty() && Clock::now() < end) {
+    std::this_thread::sleep_for(start.pause);
+    player = players.Find(program);
+  }
+  return player;
+}
+
+}  // namespace
+
+PlayerHandle JumpWhenPlaying(PlayerWindows& players, const AssociatedProgram& program, std::int32_t milliseconds) {
+  const PlayerStart start = players.Start();
+  PlayerHandle player = WaitForPlayer(players, program, start);
+  if (player.empty()) return player;
+  const Clock::time_point end = Clock::now() + start.plays;
+  for (int asked = 1; players.State(player) != kPlaying && asked < start.questions && Clock::now() < end; ++asked) {
+    std::this_thread::sleep_for(start.pause);
+    if (!start.anew) continue;
+    // The one that was there may have been the one that ends now.
+    if (PlayerHandle other = players.Find(program); !other.empty()) player = std::move(other);
+  }
+  players.Jump(player, milliseconds);
+  return player;
+}
+
+}  // namespace qublet
