@@ -189,7 +189,7 @@ class WholeProgram(unittest.TestCase):
         self.assertIn(b"GNU LESSER GENERAL PUBLIC LICENSE", papers["licences/LGPL-3.txt"])
         self.assertRegex(papers["COPYRIGHT.txt"], rb"apt-get source qt6-base=[0-9]")
 
-    def place(self, program):
+    def where_it_stands(self, program):
         lines = run("xdotool", "getwindowgeometry", "--shell", str(int(program.window, 16))).stdout.splitlines()
         values = dict(line.split("=") for line in lines if "=" in line)
         return [int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")]
@@ -203,7 +203,7 @@ class WholeProgram(unittest.TestCase):
         self.store_place(L=3000, T=2250, W=width * 15, H=height * 15)
         program = Program(self.programs)
         time.sleep(3)
-        found = self.place(program)
+        found = self.where_it_stands(program)
         program.close()
         # With the frame.
         self.assertAlmostEqual(found[2], 528, delta=20)
@@ -213,7 +213,7 @@ class WholeProgram(unittest.TestCase):
         self.store_place(L=3000, T=2250, W=7920, H=6000)
         program = Program(self.programs)
         time.sleep(3)
-        found = self.place(program)
+        found = self.where_it_stands(program)
         self.assertAlmostEqual(found[0], 200, delta=10)
         self.assertAlmostEqual(found[1], 150, delta=40)
         program.close()
@@ -222,7 +222,7 @@ class WholeProgram(unittest.TestCase):
         program = Program.__new__(Program)
         program.process, program.window = second, wait_for("the second window", first.other_window)
         time.sleep(3)
-        self.assertEqual(self.place(program), found)
+        self.assertEqual(self.where_it_stands(program), found)
         program.close()
         first.close()
 

@@ -17,6 +17,10 @@ PlayerHandle WaitForPlayer(PlayerWindows& players, const AssociatedProgram& prog
   return player;
 }
 
+bool Plays(PlayerWindows& players, const PlayerHandle& player, const PlayerStart& start) {
+  return players.State(player) == kPlaying && (!start.says_so_early || players.Position(player) > 0);
+}
+
 }  // namespace
 
 PlayerHandle JumpWhenPlaying(PlayerWindows& players, const AssociatedProgram& program, std::int32_t milliseconds) {
@@ -24,7 +28,7 @@ PlayerHandle JumpWhenPlaying(PlayerWindows& players, const AssociatedProgram& pr
   PlayerHandle player = WaitForPlayer(players, program, start);
   if (player.empty()) return player;
   const Clock::time_point end = Clock::now() + start.plays;
-  for (int asked = 1; players.State(player) != kPlaying && asked < start.questions && Clock::now() < end; ++asked) {
+  for (int asked = 1; !Plays(players, player, start) && asked < start.questions && Clock::now() < end; ++asked) {
     std::this_thread::sleep_for(start.pause);
     if (!start.anew) continue;
     // The one that was there may have been the one that ends now.

@@ -6,6 +6,7 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
@@ -51,6 +52,23 @@ TEST_F(DialogsTest, ShowTheTextAsItIsUnderTheProgramsTitle) {
             MessageAnswer::kYes);
   EXPECT_EQ(text, QStringLiteral("a<b> & c?"));
   EXPECT_EQ(title, QStringLiteral("Title"));
+}
+
+TEST_F(DialogsTest, TakeALineOfText) {
+  QString prompt, title;
+  WhenOpen<QInputDialog>([&](QInputDialog& dialog) {
+    prompt = dialog.labelText();
+    title = dialog.windowTitle();
+    QTest::keyClicks(dialog.findChild<QLineEdit*>(), QStringLiteral("written"));
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  EXPECT_EQ(dialogs.AskText("Enter description.", "Add Image"), "written");
+  EXPECT_EQ(prompt, QStringLiteral("Enter description."));
+  EXPECT_EQ(title, QStringLiteral("Add Image"));
+  WhenOpen<QInputDialog>([&](QInputDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
+  EXPECT_EQ(dialogs.AskText("", ""), "");
+  WhenOpen<QInputDialog>([&](QInputDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+  EXPECT_EQ(dialogs.AskText("", ""), std::nullopt);
 }
 
 TEST_F(DialogsTest, ShowEachLineOfAMessageOnItsOwn) {

@@ -286,6 +286,7 @@ TEST(BrowseFormTest, ShowsNamesAsPlainText) {
   auto& tree = *form.findChild<QTreeView*>("FolderTree");
   auto* delegate = qobject_cast<QStyledItemDelegate*>(tree.itemDelegate());
   ASSERT_NE(delegate, nullptr);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return tree.currentIndex().isValid(); })) << "the tree fills by and by";
   EXPECT_EQ(delegate->displayText(tree.currentIndex().data(), QLocale()).toStdString(),
             "gpj.\xEF\xBF\xBD"
             "3pm.mp3");

@@ -39,12 +39,10 @@ std::vector<TagPicture> PictureRows::Collect() {
 }
 
 TagPicture PictureRows::Written(const Row& row) {
-  TagPicture written{row.description, "image/bmp", {}};
   std::optional<Bytes> bitmap;
   background_.Do([&] { bitmap = codec_.AsBitmap(row.picture->data, kLongestBitmap); });
-  if (!bitmap) return {row.description, row.picture->mime_type, row.picture->data};
-  written.data = std::move(*bitmap);
-  return written;
+  if (!bitmap) return {row.description, row.picture->mime_type, row.picture->data, row.picture->type};
+  return {row.description, "image/bmp", std::move(*bitmap), row.picture->type};
 }
 
 void PictureRows::ID3v2ImageAdd_Click() {

@@ -54,17 +54,18 @@ std::vector<TagComment> Id3v2Tag::Comments() const {
   std::vector<TagComment> comments;
   for (const std::size_t place : CommentPlaces()) {
     const auto text = TextIn(raw_.frames[place], FrameKind::kComment);
-    comments.push_back({text->description, text->text});
+    comments.push_back({text->description, text->text, text->language});
   }
   return comments;
 }
 
 RawFrame Id3v2Tag::NewComment(const TagComment& comment) const {
   const auto encoding = EncodingForNew(comment.text, comment.description, raw_.version);
+  const std::string language = comment.language.size() == 3 ? comment.language : kNewLanguage;
   RawFrame frame{"COMM", 0, {}};
   ReplaceContent(
       frame,
-      EncodeFrameText(FrameKind::kComment, {encoding, kNewLanguage, comment.description, comment.text}, raw_.version),
+      EncodeFrameText(FrameKind::kComment, {encoding, language, comment.description, comment.text}, raw_.version),
       raw_);
   return frame;
 }
@@ -110,14 +111,15 @@ std::vector<TagPicture> Id3v2Tag::Pictures() const {
   for (const std::size_t place : PicturePlaces()) {
     const auto content = ContentOf(raw_.frames[place]);
     const auto picture = DecodePicture(*content);
-    pictures.push_back({picture->description, picture->mime_type, Bytes(picture->data.begin(), picture->data.end())});
+    pictures.push_back({picture->description, picture->mime_type, Bytes(picture->data.begin(), picture->data.end()),
+                        picture->type});
   }
   return pictures;
 }
 
 RawFrame Id3v2Tag::NewPicture(const TagPicture& picture, bool first) const {
   const auto encoding = EncodingForNew(picture.description, "", raw_.version);
-  const std::uint8_t type = first ? kFrontCover : 0;
+  const std::uint8_t type = picture.type.value_or(first ? kFrontCover : 0);
   RawFrame frame{"APIC", 0, {}};
   ReplaceContent(
       frame, EncodePicture({encoding, picture.mime_type, type, picture.description, BytesView(picture.data)}), raw_);

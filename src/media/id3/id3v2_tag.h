@@ -14,14 +14,20 @@ namespace qublet {
 struct TagComment {
   std::string description;
   std::string text;
-  bool operator==(const TagComment&) const = default;
+  std::string language = "";  // three letters; "" leaves it to whoever writes. Comments are told apart without it.
+  bool operator==(const TagComment& other) const { return description == other.description && text == other.text; }
 };
 
 struct TagPicture {
   std::string description;
   std::string mime_type;
   Bytes data;
-  bool operator==(const TagPicture&) const = default;
+  // What it shows (0 to 20; 3 is the front cover). Nothing leaves it to whoever writes. Pictures are told apart
+  // without it.
+  std::optional<std::uint8_t> type = std::nullopt;
+  bool operator==(const TagPicture& other) const {
+    return description == other.description && mime_type == other.mime_type && data == other.data;
+  }
 };
 
 // The ID3v2 tag of a file as something to edit. Frames that aren't shown, and shown ones whose text stays the same,

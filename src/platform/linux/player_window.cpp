@@ -170,7 +170,7 @@ class BusPlayers : public PlayerWindows {
     PlayerStart start;
     start.appears = std::chrono::milliseconds(3000);
     start.pause = std::chrono::milliseconds(30);
-    start.anew = true;
+    start.anew = start.says_so_early = true;
     return start;
   }
 

@@ -165,6 +165,19 @@ TEST_F(TagFormTest, GivesAFileTheWholeFormAndKeepsItsHiddenFrames) {
   EXPECT_NE(drives_.Read("a.mp3").find(AudioBytes(20)), std::string::npos);
 }
 
+TEST_F(TagFormTest, CarriesWhatAPictureShowsAndACommentsLanguageIntoOtherFiles) {
+  drives_.Write("a.mp3", TagBytes(3, CommentBytes(3, "deu", "c", "text") +
+                                         FrameBytes(3, "APIC", std::string("\0image/png\0\4back\0abc", 20))) +
+                             AudioBytes());
+  drives_.Write("b.mp3", AudioBytes());
+  TagForm form;
+  ShowTag(Loaded("a.mp3"), form);
+  CommitTags(*files_, PlanUpdate(*files_, "c:\\b.mp3", form));
+  const std::string written = drives_.Read("b.mp3");
+  EXPECT_NE(written.find("deu"), std::string::npos);
+  EXPECT_NE(written.find(std::string("image/png\0\4back", 15)), std::string::npos);
+}
+
 TEST_F(TagFormTest, StripsTheCommentsAndPicturesOfAFileWhenTheFormHasNone) {
   drives_.Write("a.mp3",
                 TagBytes(3, TextFrameBytes(3, "TIT2", "T") + CommentBytes(3, "eng", "c", "text")) + AudioBytes());

@@ -5,6 +5,7 @@
 #include "platform/linux/desktop_entry.h"
 #include "platform/startup_entry.h"
 #include "player/player_link.h"
+#include "player/position_jump.h"
 #include "player/preview.h"
 #include "playlist/m3u_lines.h"
 #include "playlist/paths/text_files.h"
@@ -294,6 +295,58 @@ TEST_F(RealPlayer, CostsASecondWhenItHangs) {
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(kPlayerPatience + 500));
   kill(Numbers().at(0), SIGCONT);
   EXPECT_TRUE(Eventually([&] { return players_->State(player) == kPlaying; }));
+}
+
+// As a place in time is gone to: whatever plays is stopped, the selected file started, and then the jump.
+class JumpInARealPlayer : public RealPlayer {
+ protected:
+  JumpInARealPlayer() { Add("c:\\long.wav", 100, true); }
+
+  void ExpectAJumpTo(std::int32_t milliseconds) {
+    players_->Stop(link_.PlayerWindow);
+    Play(kPlaySelected);
+    link_.PlayerWindow = JumpWhenPlaying(*players_, link_.PlayerProgram(), milliseconds);
+    ASSERT_NE(link_.PlayerWindow, "");
+    const auto jumped = std::chrono::steady_clock::now();
+    std::int32_t position = -1;
+    EXPECT_TRUE(Eventually([&] { return (position = players_->Position(link_.PlayerWindow)) >= milliseconds - 500; }));
+    const auto since = std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - jumped);
+    EXPECT_NEAR(position, milliseconds + static_cast<double>(since.count()), 500);
+    EXPECT_EQ(players_->State(link_.PlayerWindow), kPlaying);
+  }
+};
+
+TEST_F(JumpInARealPlayer, ThatDoesNotRunYet) {
+  ExpectAJumpTo(42000);
+}
+
+TEST_F(JumpInARealPlayer, ThatPlaysAlready) {
+  for (const char* options : {"--idle=yes", ""}) {
+    InstallAs(options);
+    Play(kPlayList);
+    link_.PlayerWindow = WaitForPlaying();
+    ExpectAJumpTo(42000);
+    ExpectAJumpTo(7000);
+  }
+}
+
+TEST_F(JumpInARealPlayer, ThatPauses) {
+  Play(kPlayList);
+  link_.PlayerWindow = WaitForPlaying();
+  const ChildProcess pause({"/usr/bin/dbus-send", "--session", "--print-reply", "--dest=org.mpris.MediaPlayer2.mpv",
+                            "/org/mpris/MediaPlayer2", "org.mpris.MediaPlayer2.Player.Pause"});
+  EXPECT_TRUE(Eventually([&] { return players_->State(link_.PlayerWindow) == kPaused; }));
+  ExpectAJumpTo(42000);
+}
+
+TEST_F(JumpInARealPlayer, ThatRunsTwice) {
+  Play(kPlayList);
+  WaitForPlaying();
+  Play(kPlayList);
+  Eventually([&] { return Played(1).size() == 1; });
+  link_.FindPlayerWindow();
+  ExpectAJumpTo(42000);
+  EXPECT_EQ(Numbers().size(), 3u);
 }
 
 }  // namespace

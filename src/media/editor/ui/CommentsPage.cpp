@@ -8,6 +8,14 @@
 
 namespace qublet {
 
+namespace {
+
+QString InOneLine(const std::string& text) {
+  return ShownText(text).replace(u"\r\n"_qs, u" "_qs).replace(u'\n', u' ');
+}
+
+}  // namespace
+
 CommentsPage::CommentsPage(QWidget* parent) : QWidget(parent) {
   setupUi(this);
   box_.emplace(*ID3v2Comment);
@@ -50,7 +58,7 @@ void CommentsPage::ShowRows(const std::vector<TagComment>& rows) {
   shown_ = rows;
   ID3v2LstComments->clear();
   for (const TagComment& comment : shown_)
-    new QTreeWidgetItem(ID3v2LstComments, {ShownText(comment.description), ShownText(comment.text)});
+    new QTreeWidgetItem(ID3v2LstComments, {InOneLine(comment.description), InOneLine(comment.text)});
   ID3v2LstComments->resizeColumnToContents(0);
 }
 
