@@ -22,6 +22,7 @@ class Yes : public Dialogs {
   MessageAnswer ShowMessage(const std::string&, MessageIcon, MessageButtons) override { return MessageAnswer::kYes; }
   std::optional<std::string> ShowOpen(const FileRequest&) override { return std::nullopt; }
   std::optional<std::string> ShowSave(const FileRequest&) override { return std::nullopt; }
+  std::optional<std::string> AskText(const std::string&, const std::string&) override { return {}; }
   std::optional<std::string> BrowseForFolder(const std::string&, const std::string&, bool) override {
     return std::nullopt;
   }

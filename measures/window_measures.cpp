@@ -29,6 +29,7 @@ class NoDialogs : public Dialogs {
   MessageAnswer ShowMessage(const std::string&, MessageIcon, MessageButtons) override { return MessageAnswer::kYes; }
   std::optional<std::string> ShowOpen(const FileRequest&) override { return {}; }
   std::optional<std::string> ShowSave(const FileRequest&) override { return {}; }
+  std::optional<std::string> AskText(const std::string&, const std::string&) override { return {}; }
   std::optional<std::string> BrowseForFolder(const std::string&, const std::string&, bool) override { return {}; }
 };
 

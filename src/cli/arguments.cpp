@@ -7,10 +7,30 @@ namespace qublet {
 
 bool TakeOption(Arguments& arguments, const std::string& option) {
   const auto end = std::find(arguments.begin(), arguments.end(), "--");
+  const auto rest = std::remove(arguments.begin(), end, option);
+  const bool found = rest != end;
+  arguments.erase(rest, end);
+  return found;
+}
+
+std::optional<Arguments> TakeValues(Arguments& arguments, const std::string& option, std::size_t count) {
+  const auto end = std::find(arguments.begin(), arguments.end(), "--");
   const auto place = std::find(arguments.begin(), end, option);
-  if (place == end) return false;
-  arguments.erase(place);
-  return true;
+  if (place == end) return std::nullopt;
+  const auto first = place + 1;
+  if (static_cast<std::size_t>(end - first) < count)
+    throw Failure(option + (count == 1 ? " wants something behind it" : " wants more behind it"));
+  const auto last = first + static_cast<std::ptrdiff_t>(count);
+  Arguments values(first, last);
+  arguments.erase(place, last);
+  return values;
+}
+
+std::optional<std::string> TakeValue(Arguments& arguments, const std::string& option) {
+  const auto values = TakeValues(arguments, option, 1);
+  if (!values) return std::nullopt;
+  if (TakeValues(arguments, option, 0)) throw Failure(option + " is given twice");
+  return values->front();
 }
 
 std::string UnknownOption(CommandContext& context) {

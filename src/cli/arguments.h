@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,6 +29,11 @@ struct CommandContext {
 
 // Takes the option out of the arguments; True when it was there. What follows "--" is no option.
 bool TakeOption(Arguments& arguments, const std::string& option);
+// Takes an option and the `count` arguments behind it, whatever they look like; nothing when it isn't there (any
+// more). Throws Failure when there are fewer.
+std::optional<Arguments> TakeValues(Arguments& arguments, const std::string& option, std::size_t count);
+// The one argument behind an option that may be given once. Throws Failure.
+std::optional<std::string> TakeValue(Arguments& arguments, const std::string& option);
 // The first argument that looks like an option, wasn't taken and names no file that is there; "" when there is none.
 // Drops a "--" on the way.
 std::string UnknownOption(CommandContext& context);

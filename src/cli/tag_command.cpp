@@ -4,6 +4,8 @@
 
 #include "cli/tag_history.h"
 #include "cli/tag_options.h"
+#include "cli/tag_pictures.h"
+#include "cli/tag_positions.h"
 #include "cli/tag_report.h"
 #include "media/editor/tag_form.h"
 #include "media/editor/tag_journal.h"
@@ -107,6 +109,11 @@ int TagCommand(CommandContext& context) {
   if (options.undo) return UndoTags(context, *options.undo);
   if (options.copy_from) return CopyFrom(context, *options.copy_from);
   if (options.attributes) return ChangeAttributes(context, *options.attributes);
+  if (options.extract_to) return ExtractPictures(context, *options.extract_to);
+  if (options.positions) return PrintPositions(context, options.json);
+  if (options.go_to) return GoToPosition(context, *options.go_to);
+  const Outcome read = Attempt([&] { options.change.pictures = PicturesFrom(context, options.pictures); });
+  if (!read) return Complain(context.err, read.Reason(), kCouldNot);
   if (options.change.IsNone()) return ShowAll(context, options);
   return ChangeAll(context,
                    [&](const std::string& path) { return PlanTagChange(context.files, path, options.change); });

@@ -6,6 +6,7 @@
 #include "cli/json_text.h"
 #include "media/editor/file_pages.h"
 #include "media/tag_fields.h"
+#include "media/tpsi.h"
 #include "playlist/paths/numbers.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
@@ -38,7 +39,7 @@ void PrintLines(const std::string& path, const std::vector<Part>& parts, std::os
 }
 
 void PrintTexts(const std::string& name, const std::vector<std::string>& texts, std::ostream& out) {
-  if (name.empty()) return;
+  if (texts.empty()) return;
   out << ", " << JsonText(name) << ": [";
   for (std::size_t i = 0; i < texts.size(); ++i) out << (i > 0 ? ", " : "") << JsonText(texts[i]);
   out << "]";
@@ -133,6 +134,18 @@ void PrintTags(const std::string& path, const TagObject& tag, const FilePages& p
   }
   Print(path, {SingleValues(tag, true), SingleValues(tag, false), comments, images, StreamPart(tag.Stream())}, pages,
         json, out);
+}
+
+void PrintTimes(const std::string& path, const Collection& records, bool json, std::ostream& out) {
+  Part positions{"Positions", {}, true};
+  for (const std::string& record : records) {
+    positions.records.push_back({{"Number", std::to_string(positions.records.size() + 1), false},
+                                 {"Record", record},
+                                 {"Time", TpsiTimeText(record)}});
+  }
+  if (json) return PrintJson(path, {positions}, {}, out);
+  for (const Record& record : positions.records)
+    out << record[0].value << "\t" << PlainValue(record[1].value) << "\t" << record[2].value << "\n";
 }
 
 void PrintComments(const std::string& path, const VorbisComments& comments, const FilePages& pages, bool json,

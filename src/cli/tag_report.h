@@ -7,6 +7,7 @@
 #include "cli/arguments.h"
 #include "media/tag_object.h"
 #include "media/vorbis_comments.h"
+#include "playlist/paths/collections.h"
 
 namespace qublet {
 
@@ -22,6 +23,8 @@ FilePages PagesOf(const CommandContext& context, const std::string& path, const 
 // What is known of a file's tags, as lines for people or as one line of JSON, with the pages.
 
 void PrintTags(const std::string& path, const TagObject& tag, const FilePages& pages, bool json, std::ostream& out);
+// The places in time of a file: a line for each, with its number, record and time.
+void PrintTimes(const std::string& path, const Collection& records, bool json, std::ostream& out);
 void PrintComments(const std::string& path, const VorbisComments& comments, const FilePages& pages, bool json,
                    std::ostream& out);
 

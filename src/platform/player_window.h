@@ -24,7 +24,7 @@ struct PlayerStart {
   std::chrono::milliseconds pause{0};     // between two questions
   int questions = 2000000;                // whether it plays, at most
   bool anew = false;                      // it may be another one than was found first: it is looked up each time
-  bool says_so_early = false;             // it calls itself playing ahead of having the file; its position moves later
+  bool says_so_early = false;  // it calls itself playing ahead of having the file; its position moves later
 };
 
 // Live control of a running player. Every call comes back within a second (kPlayerPatience) whatever the player does;

@@ -5,12 +5,12 @@
 namespace qublet {
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using Steady = std::chrono::steady_clock;
 
 PlayerHandle WaitForPlayer(PlayerWindows& players, const AssociatedProgram& program, const PlayerStart& start) {
-  const Clock::time_point end = Clock::now() + start.appears;
+  const Steady::time_point end = Steady::now() + start.appears;
   PlayerHandle player = players.Find(program);
-  while (player.empty() && Clock::now() < end) {
+  while (player.empty() && Steady::now() < end) {
     std::this_thread::sleep_for(start.pause);
     player = players.Find(program);
   }
@@ -27,14 +27,24 @@ PlayerHandle JumpWhenPlaying(PlayerWindows& players, const AssociatedProgram& pr
   const PlayerStart start = players.Start();
   PlayerHandle player = WaitForPlayer(players, program, start);
   if (player.empty()) return player;
-  const Clock::time_point end = Clock::now() + start.plays;
-  for (int asked = 1; !Plays(players, player, start) && asked < start.questions && Clock::now() < end; ++asked) {
+  const Steady::time_point end = Steady::now() + start.plays;
+  for (int asked = 1; !Plays(players, player, start) && asked < start.questions && Steady::now() < end; ++asked) {
     std::this_thread::sleep_for(start.pause);
     if (!start.anew) continue;
     // The one that was there may have been the one that ends now.
     if (PlayerHandle other = players.Find(program); !other.empty()) player = std::move(other);
   }
   players.Jump(player, milliseconds);
+  return player;
+}
+
+PlayerHandle PlaySelectedFrom(PlayerLink& link, Preview& preview, PlayerWindows& players, std::int32_t milliseconds,
+                              Background& background) {
+  background.Do([&] { players.Stop(link.PlayerWindow); });
+  preview.Play(kPlaySelected);
+  PlayerHandle player;
+  background.Do([&] { player = JumpWhenPlaying(players, link.PlayerProgram(), milliseconds); });
+  link.PlayerWindow = player;
   return player;
 }
 

@@ -9,8 +9,8 @@
 
 namespace qublet {
 
-// The list of comments of the tag editor, the box beside it, and what the buttons do with both. The list is the store:
-// a tag is filled from it when it is written. Rows go from 1; row 0 is none.
+// The list of comments of the tag editor, the box beside it, and what the buttons do with both. The list is the
+// store: a tag is filled from it when it is written. Rows go from 1; row 0 is none.
 class CommentRows {
  public:
   explicit CommentRows(Dialogs& dialogs) : dialogs_(dialogs) {}

@@ -9,8 +9,7 @@
 namespace qublet {
 namespace {
 
-constexpr const char* kPictureFiles =
-    "Bitmap Files (*.bmp)|*.bmp|JPEG Files (*.jpg)|*.jpg|GIF Files (*.gif)|*.gif";
+constexpr const char* kPictureFiles = "Bitmap Files (*.bmp)|*.bmp|JPEG Files (*.jpg)|*.jpg|GIF Files (*.gif)|*.gif";
 constexpr const char* kBitmapFiles = "Bitmap Files (*.bmp)|*.bmp";
 constexpr std::size_t kLongestBitmap = kMaxSyncSafe;  // of what a tag can hold
 
@@ -24,7 +23,8 @@ void PictureRows::Show(std::vector<TagPicture> images) {
   rows_.clear();
   for (TagPicture& image : images) {
     auto picture = std::make_shared<const TagPicture>(std::move(image));
-    rows_.push_back({picture->description, static_cast<std::int64_t>(picture->data.size()), picture->mime_type, picture});
+    rows_.push_back(
+        {picture->description, static_cast<std::int64_t>(picture->data.size()), picture->mime_type, picture});
   }
   selected_ = rows_.empty() ? 0 : 1;
 }

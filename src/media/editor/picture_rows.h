@@ -12,8 +12,8 @@
 
 namespace qublet {
 
-// The list of pictures of the tag editor, and what its buttons do. The list is the store: a tag is filled from it when
-// it is written. Rows go from 1; row 0 is none.
+// The list of pictures of the tag editor, and what its buttons do. The list is the store: a tag is filled from it
+// when it is written. Rows go from 1; row 0 is none.
 class PictureRows {
  public:
   struct Row {

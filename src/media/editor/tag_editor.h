@@ -39,7 +39,7 @@ struct EditorView {
   MpegLabels mpeg;
   OggLabels ogg;
 
-  TagForm form;  // its comments and pictures stand in the lists
+  TagForm form;        // its comments and pictures stand in the lists
   std::string report;  // the line beside the progress
 };
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "media/editor/tpsi.h"
+#include "media/tpsi.h"
 #include "player/position_jump.h"
 #include "playlist/paths/numbers.h"
 
@@ -46,21 +46,15 @@ void TimePositions::TPSIgoto_Click() {
   if (records_.empty()) return;
   const int row = std::max(1, selected_);
   const std::int32_t milliseconds = TpsiMilliseconds(records_[static_cast<std::size_t>(row) - 1]);
-  engine_.player.PlayerWindow = StartAndJump(milliseconds);
-  if (!engine_.player.PlayerWindow.empty()) return;
+  if (!Play(milliseconds).empty()) return;
   engine_.services.dialogs.ShowMessage(
       "WinAmp must be asociated with M3U files/running!\n\r   If WinAmp has just loaded please try again.",
       MessageIcon::kStop, MessageButtons::kOk);
 }
 
-PlayerHandle TimePositions::StartAndJump(std::int32_t milliseconds) {
-  PlayerWindows& players = engine_.services.players;
+PlayerHandle TimePositions::Play(std::int32_t milliseconds) {
   const WaitCursor wait(engine_.services.feedback);
-  background_.Do([&] { players.Stop(engine_.player.PlayerWindow); });
-  engine_.preview.Play(kPlaySelected);
-  PlayerHandle player;
-  background_.Do([&] { player = JumpWhenPlaying(players, engine_.player.PlayerProgram(), milliseconds); });
-  return player;
+  return PlaySelectedFrom(engine_.player, engine_.preview, engine_.services.players, milliseconds, background_);
 }
 
 void TimePositions::TPSItimer_Timer(const std::function<void()>& answered) {

@@ -33,12 +33,12 @@ class TimePositions {
   void TPSIclrall_Click();
   // Starts the selected file and goes to the selected position, the first one if none is. Takes seconds.
   void TPSIgoto_Click();
-  // Asks the player where it is. `answered` follows when the boxes hold what it says; while it owes an answer the next
-  // question isn't put.
+  // Asks the player where it is. `answered` follows when the boxes hold what it says; while it owes an answer the
+  // next question isn't put.
   void TPSItimer_Timer(const std::function<void()>& answered);
 
  private:
-  PlayerHandle StartAndJump(std::int32_t milliseconds);
+  PlayerHandle Play(std::int32_t milliseconds);
   void TakePosition(std::int32_t milliseconds);
 
   Engine& engine_;

@@ -111,8 +111,8 @@ std::vector<TagPicture> Id3v2Tag::Pictures() const {
   for (const std::size_t place : PicturePlaces()) {
     const auto content = ContentOf(raw_.frames[place]);
     const auto picture = DecodePicture(*content);
-    pictures.push_back({picture->description, picture->mime_type, Bytes(picture->data.begin(), picture->data.end()),
-                        picture->type});
+    pictures.push_back(
+        {picture->description, picture->mime_type, Bytes(picture->data.begin(), picture->data.end()), picture->type});
   }
   return pictures;
 }

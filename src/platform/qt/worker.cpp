@@ -30,7 +30,8 @@ void Worker::Do(const Work& work) {
   --waiting_;
   if (waiting_ > 0) return;
   for (const Work& answer : held_back_)
-    QMetaObject::invokeMethod(this, [this, answer] { Answer(answer); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, answer] { Answer(answer); }, Qt::QueuedConnection);
   held_back_.clear();
 }
 
@@ -39,7 +40,8 @@ bool Worker::Start(const Work& work, const Work& done) {
   started_ = true;
   thread_.start([this, work, done] {
     work();
-    QMetaObject::invokeMethod(this, [this, done] { Answer(done); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, done] { Answer(done); }, Qt::QueuedConnection);
   });
   return true;
 }

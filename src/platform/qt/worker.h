@@ -24,7 +24,7 @@ class Worker : public QObject, public Background {
 
   QThreadPool thread_;
   bool started_ = false;
-  int waiting_ = 0;               // how many Do haven't come back
+  int waiting_ = 0;              // how many Do haven't come back
   std::vector<Work> held_back_;  // answers that came meanwhile
 };
 

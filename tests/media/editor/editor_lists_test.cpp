@@ -273,7 +273,8 @@ TEST_F(EditorListsTest, CopiesId3v2ToId3v1) {
   EXPECT_TRUE(view_.form.id3v1_present);
   EXPECT_TRUE(view_.v1_enabled);
   EXPECT_EQ(view_.form.v1, (std::array<std::string, kV1BoxCount>{"Title", "Artist", "", "2001", "first"}));
-  EXPECT_EQ(GenreEntries()[static_cast<std::size_t>(view_.form.v1_genre)], "Rock") << "the first match, not the longest";
+  EXPECT_EQ(GenreEntries()[static_cast<std::size_t>(view_.form.v1_genre)], "Rock")
+      << "the first match, not the longest";
 }
 
 TEST_F(EditorListsTest, KeepsGenreAndCommentWhereNothingMatches) {
@@ -336,7 +337,7 @@ TEST_F(EditorListsTest, AsksAheadOfRemovingAllPositions) {
   fakes_.dialogs.answers = {MessageAnswer::kNo, MessageAnswer::kYes};
   positions_.TPSIclrall_Click();
   EXPECT_EQ(Messages().back(), (ScriptedDialogs::Message{"Are you sure you want to remove all TPSI references?",
-                                                        MessageIcon::kQuestion, MessageButtons::kYesNo}));
+                                                         MessageIcon::kQuestion, MessageButtons::kYesNo}));
   EXPECT_EQ(positions_.Records().size(), 1u);
   positions_.TPSIclrall_Click();
   EXPECT_TRUE(positions_.Records().empty());

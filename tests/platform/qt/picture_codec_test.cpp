@@ -32,8 +32,8 @@ QImage Drawn(QImage::Format format = QImage::Format_RGB32) {
 }
 
 // The smallest there is: one white pixel.
-const Bytes kGif = {'G', 'I', 'F', '8', '9', 'a', 1,   0,    1, 0, 0x80, 0, 0, 0xFF, 0xFF, 0xFF, 0, 0,
-                    0,   0x2C, 0,  0,   0,   0,   1,   0,    1, 0, 0,    2, 2, 0x44, 1,    0,    0x3B};
+const Bytes kGif = {'G', 'I',  'F', '8', '9', 'a', 1, 0, 1, 0, 0x80, 0, 0, 0xFF, 0xFF, 0xFF, 0,   0,
+                    0,   0x2C, 0,   0,   0,   0,   1, 0, 1, 0, 0,    2, 2, 0x44, 1,    0,    0x3B};
 
 class PictureCodecTest : public testing::Test {
  protected:

@@ -309,8 +309,10 @@ class JumpInARealPlayer : public RealPlayer {
     ASSERT_NE(link_.PlayerWindow, "");
     const auto jumped = std::chrono::steady_clock::now();
     std::int32_t position = -1;
-    EXPECT_TRUE(Eventually([&] { return (position = players_->Position(link_.PlayerWindow)) >= milliseconds - 500; }));
-    const auto since = std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - jumped);
+    EXPECT_TRUE(
+        Eventually([&] { return (position = players_->Position(link_.PlayerWindow)) >= milliseconds - 500; }));
+    const auto since =
+        std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - jumped);
     EXPECT_NEAR(position, milliseconds + static_cast<double>(since.count()), 500);
     EXPECT_EQ(players_->State(link_.PlayerWindow), kPlaying);
   }

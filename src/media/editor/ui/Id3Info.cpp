@@ -100,7 +100,8 @@ void Id3Info::MakeCommands() {
     }
     auto* action = new QAction(Picture(QString::fromUtf8(command.picture)), QString::fromUtf8(command.caption), this);
     action->setObjectName(u"Toolbar1 "_qs + QString::fromUtf8(command.caption));
-    action->setShortcut(Keys(command.shortcut));
+    // A key of the window's own: one that can't be used now doesn't go on to the pages' tabs.
+    AddKey(command.shortcut, [action] { action->trigger(); });
     action->setToolTip(TipOf(command));
     addAction(action);
     Toolbar1->addAction(action);

@@ -38,9 +38,9 @@ void ImagesPage::ShowRows(const std::vector<PictureRows::Row>& rows, const std::
   shown_ = rows;
   ID3v2LstImages->clear();
   for (const PictureRows::Row& row : shown_) {
-    auto* item = new QTreeWidgetItem(ID3v2LstImages, {ShownText(row.description),
-                                                      ShownText(FormatSize(row.size, thousands_separator)),
-                                                      ShownText(row.mime_type)});
+    auto* item = new QTreeWidgetItem(
+        ID3v2LstImages,
+        {ShownText(row.description), ShownText(FormatSize(row.size, thousands_separator)), ShownText(row.mime_type)});
     item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
   }
   for (int column = 0; column < ID3v2LstImages->columnCount(); ++column)

@@ -1,8 +1,8 @@
 #include "media/editor/ui/PictureView.h"
 
+#include <QCoreApplication>
 #include <QPainter>
 #include <QPointer>
-#include <QCoreApplication>
 #include <QThreadPool>
 #include <utility>
 

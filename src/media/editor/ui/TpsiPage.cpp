@@ -3,8 +3,8 @@
 #include <QKeyEvent>
 #include <QSignalBlocker>
 
-#include "media/editor/tpsi.h"
 #include "media/editor/ui/list_rows.h"
+#include "media/tpsi.h"
 #include "platform/qt/shown_text.h"
 
 namespace qublet {
@@ -30,7 +30,8 @@ void TpsiPage::Bind(TagEditor& editor, const CommandRunner& run) {
   connect(TPSIlist, &QTreeWidget::itemDoubleClicked, this,
           [run, &positions] { run([&] { positions.TPSIgoto_Click(); }); });
   const auto bind = [this, &run, &positions](QPushButton* button, void (TimePositions::*handler)()) {
-    connect(button, &QPushButton::clicked, this, [run, &positions, handler] { run([&] { (positions.*handler)(); }); });
+    connect(button, &QPushButton::clicked, this,
+            [run, &positions, handler] { run([&] { (positions.*handler)(); }); });
   };
   bind(TPSIadd, &TimePositions::TPSIadd_Click);
   bind(TPSIremove, &TimePositions::TPSIremove_Click);

@@ -1,4 +1,5 @@
 #include <QPlainTextEdit>
+#include <QTabBar>
 
 #include "support/id3_info_test_base.h"
 
@@ -45,6 +46,15 @@ TEST_F(Id3InfoKeysTest, GoToTheNextAndPreviousFile) {
   Key(Qt::Key_Left, Qt::AltModifier);
   EXPECT_EQ(Selection(), "x----");
   Key(Qt::Key_Left, Qt::AltModifier);
+  EXPECT_EQ(Selection(), "x----");
+}
+
+TEST_F(Id3InfoKeysTest, TurnNoPageByTheKeysForFilesThatAreNotThere) {
+  Open("x----");
+  Focus(1, "ID3v1Present");
+  Pages().tabBar()->setFocus();
+  Key(Qt::Key_Left, Qt::AltModifier);
+  EXPECT_EQ(Page(), 1);
   EXPECT_EQ(Selection(), "x----");
 }
 
@@ -118,9 +128,10 @@ TEST_F(Id3InfoKeysTest, ReachEveryControlOfAPageInItsOrder) {
     order << QApplication::focusWidget()->objectName();
     Key(Qt::Key_Tab);
   }
-  EXPECT_EQ(order.join(u' ').toStdString(),
-            "ID3v1Present ID3v1Title ID3v1Artist ID3v1Album ID3v1Year ID3v1Comment ID3v1SigSave ID3v1SigGet ID3v1SigClose "
-            "ID3v1Track ID3v1Genre ID3v2Duplicate");
+  EXPECT_EQ(
+      order.join(u' ').toStdString(),
+      "ID3v1Present ID3v1Title ID3v1Artist ID3v1Album ID3v1Year ID3v1Comment ID3v1SigSave ID3v1SigGet ID3v1SigClose "
+      "ID3v1Track ID3v1Genre ID3v2Duplicate");
 }
 
 // The toolkit shows a button go down before it acts.

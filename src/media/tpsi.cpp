@@ -1,4 +1,4 @@
-#include "media/editor/tpsi.h"
+#include "media/tpsi.h"
 
 #include <algorithm>
 #include <cmath>
@@ -37,7 +37,8 @@ Collection TpsiRecords(const std::vector<TagComment>& comments) {
   Collection all;
   for (const TagComment& comment : comments) {
     Collection records;
-    if (IsReserved(comment) && DecodeTpsi(records, comment.text)) all.insert(all.end(), records.begin(), records.end());
+    if (IsReserved(comment) && DecodeTpsi(records, comment.text))
+      all.insert(all.end(), records.begin(), records.end());
   }
   return all;
 }

@@ -1,4 +1,4 @@
-#include "media/editor/tpsi.h"
+#include "media/tpsi.h"
 
 #include <gtest/gtest.h>
 
