@@ -21,6 +21,10 @@ bool IsDigit(char letter) {
   return letter >= '0' && letter <= '9';
 }
 
+TitleReader TitlesOf(const FileSystem& files) {
+  return [&files](const std::string& path) { return TagTitle(files, path); };
+}
+
 }  // namespace
 
 std::string TagTitle(const FileSystem& files, const std::string& path) {
@@ -35,8 +39,8 @@ RenameRules::RenameRules(const RenameConfig& config) : config_(config) {
   }
 }
 
-std::optional<std::string> RenameRules::NewPath(const std::string& path, std::int16_t Index, std::int16_t Total,
-                                                const TitleReader& title) const {
+std::string RenameRules::NewPath(const std::string& path, std::int16_t Index, std::int16_t Total,
+                                 const TitleReader& title) const {
   const std::string file = GetFileName(path);
   std::string extension = LastCharacters(file, kExtensionLength);
   std::string name = ReplaceAll(file, extension, "");
@@ -46,12 +50,13 @@ std::optional<std::string> RenameRules::NewPath(const std::string& path, std::in
     if (!found.empty()) name = found;
   }
   ApplyTo(name, Index, Total);
-  if (name.empty()) return std::nullopt;
+  if (name.empty()) return path;
   return GetFolderPath(path) + name + extension;
 }
 
 void RenameRules::ApplyTo(std::string& name, std::int16_t index, std::int16_t total) const {
-  for (const RenameRule& rule : active_) name = rule.from.empty() ? name + rule.to : ReplaceAll(name, rule.from, rule.to);
+  for (const RenameRule& rule : active_)
+    name = rule.from.empty() ? name + rule.to : ReplaceAll(name, rule.from, rule.to);
   if (config_.RemNumbers) std::erase_if(name, IsDigit);
   if (config_.Capitalise) name = ProperCase(name);
   if (config_.LowFilename) name = LowerCase(name);
@@ -69,25 +74,29 @@ void RenameRules::ApplyTo(std::string& name, std::int16_t index, std::int16_t to
   name = Trim(name);
 }
 
-RenameResult RenameByRules(const FileSystem& files, const std::string& path,
-                           const std::optional<std::string>& new_path) {
-  if (!new_path || *new_path == path) return {path, {}};
+RenameResult RenameTo(const FileSystem& files, const std::string& path, const std::string& new_path) {
+  if (new_path == path) return {path, {}};
   const Outcome renamed = Attempt([&] {
-    if (Contains(GetFileName(*new_path), "/")) throw Failure("the new name holds a forbidden character");
-    files.Rename(path, *new_path);
+    if (Contains(GetFileName(new_path), "/")) throw Failure("the new name holds a forbidden character");
+    files.Rename(path, new_path);
   });
-  return {renamed ? *new_path : path, renamed};
+  return {renamed ? new_path : path, renamed};
+}
+
+RenameResult RenameByRules(const FileSystem& files, const RenameRules& rules, const std::string& path,
+                           std::int16_t Index, std::int16_t Total) {
+  std::string new_path;
+  const Outcome worked_out = Attempt([&] { new_path = rules.NewPath(path, Index, Total, TitlesOf(files)); });
+  return worked_out ? RenameTo(files, path, new_path) : RenameResult{path, worked_out};
 }
 
 std::string ApplyRenameRules(const FileSystem& files, const RenameConfig& config, const std::string& path,
                              std::int16_t Index, std::int16_t Total, bool DoRename) {
-  std::optional<std::string> new_path;
-  ResumeNext([&] {
-    new_path = RenameRules(config).NewPath(path, Index, Total,
-                                           [&files](const std::string& file) { return TagTitle(files, file); });
-  });
-  if (DoRename) return RenameByRules(files, path, new_path).path;
-  return new_path.value_or(path);
+  const RenameRules rules(config);
+  if (DoRename) return RenameByRules(files, rules, path, Index, Total).path;
+  std::string new_path = path;
+  ResumeNext([&] { new_path = rules.NewPath(path, Index, Total, TitlesOf(files)); });
+  return new_path;
 }
 
 }  // namespace qublet

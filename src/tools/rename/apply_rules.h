@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,10 +19,10 @@ class RenameRules {
  public:
   explicit RenameRules(const RenameConfig& config);
 
-  // The path that a file is to get, nothing when no name is left of it. `Index` of `Total` is its number. Throws
+  // The path that a file is to get, `path` itself when no name is left. `Index` of `Total` is its number. Throws
   // Failure for a limit below 0. Reads nothing but, by `title`, the tags, and these only when names come from them.
-  std::optional<std::string> NewPath(const std::string& path, std::int16_t Index, std::int16_t Total,
-                                     const TitleReader& title) const;
+  std::string NewPath(const std::string& path, std::int16_t Index, std::int16_t Total,
+                      const TitleReader& title) const;
   bool ReadsTags() const { return config_.RenID3; }
   bool CountsFiles() const { return config_.Increment; }
 
@@ -37,13 +36,13 @@ class RenameRules {
 // What came of one file.
 struct RenameResult {
   std::string path;  // that it has now
-  Outcome outcome;   // a file that was to stay as it is has come to no harm
+  Outcome outcome;   // done also where there was nothing to do
 };
 
-// Renames the file, which never replaces another. Nothing is done, and that is no failure, when both are the same. A
-// new name with "/" in it is refused on every system.
-RenameResult RenameByRules(const FileSystem& files, const std::string& path,
-                           const std::optional<std::string>& new_path);
+// Renames a file, and never replaces another. A new name with "/" in it is refused on every system. Never throws.
+RenameResult RenameTo(const FileSystem& files, const std::string& path, const std::string& new_path);
+RenameResult RenameByRules(const FileSystem& files, const RenameRules& rules, const std::string& path,
+                           std::int16_t Index, std::int16_t Total);
 
 // The path that the file has afterwards: `path` itself if nothing could be done. Never throws.
 std::string ApplyRenameRules(const FileSystem& files, const RenameConfig& config, const std::string& path,

@@ -88,8 +88,8 @@ std::vector<std::string> BuildRenameSummary(const RenameConfig& config) {
   add(config.RemNumbers, "Any number characters will be removed.");
   add(config.Capitalise, "Words will be formatted to start with a capital letter.");
   add(config.LowFilename, "The filename will be made lowercase.");
-  add(config.Increment, std::string("Numbers will be added to the ") + (config.IncPos ? "start" : "end") +
-                            " of each file.");
+  add(config.Increment,
+      std::string("Numbers will be added to the ") + (config.IncPos ? "start" : "end") + " of each file.");
   add(config.Truncat, "The filename will be truncated to " + std::to_string(config.Truncval) + " characters.");
   add(true, "The filename will be validated and rebuilt");
   add(true, "The file will be renamed and the change logged.");

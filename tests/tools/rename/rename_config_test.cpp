@@ -84,7 +84,8 @@ TEST(RuleSlot, OfAHundredCharactersReadsAsEmpty) {
 
 TEST(RemoveSlot, MovesTheHigherSlotsDown) {
   RenameConfig config;
-  for (std::size_t slot = 0; slot < kRuleSlots; ++slot) PutRule(config, slot, {std::to_string(slot), ""}, slot % 2 == 0);
+  for (std::size_t slot = 0; slot < kRuleSlots; ++slot)
+    PutRule(config, slot, {std::to_string(slot), ""}, slot % 2 == 0);
   RemoveSlot(config, 3);
   EXPECT_EQ(RuleInSlot(config, 2).from, "2");
   EXPECT_EQ(RuleInSlot(config, 3).from, "4");
@@ -110,11 +111,10 @@ TEST(RuleRowText, TellsTheKindOfARule) {
 
 TEST(RenameSummary, OfTheDefaults) {
   EXPECT_EQ(BuildRenameSummary({}),
-            (std::vector<std::string>{"The extension will be made lower case.",
-                                      "'_' in the filename will be replaced with ' '.",
-                                      "Words will be formatted to start with a capital letter.",
-                                      "The filename will be validated and rebuilt",
-                                      "The file will be renamed and the change logged."}));
+            (std::vector<std::string>{
+                "The extension will be made lower case.", "'_' in the filename will be replaced with ' '.",
+                "Words will be formatted to start with a capital letter.",
+                "The filename will be validated and rebuilt", "The file will be renamed and the change logged."}));
 }
 
 TEST(RenameSummary, OfEverything) {
@@ -125,19 +125,15 @@ TEST(RenameSummary, OfEverything) {
   PutRule(config, 2, {"live", ""}, true);
   PutRule(config, 3, {"off", ""}, false);
   PutRule(config, 4, {"same", "same"}, true);
-  EXPECT_EQ(BuildRenameSummary(config),
-            (std::vector<std::string>{"The extension will be made lower case.",
-                                      "The filename will be created from ID3v1/2 Data.",
-                                      "'_' in the filename will be replaced with ' '.",
-                                      "'!' will be added to the end of the filename.",
-                                      "'live' will be removed from the filename.",
-                                      "Any number characters will be removed.",
-                                      "Words will be formatted to start with a capital letter.",
-                                      "The filename will be made lowercase.",
-                                      "Numbers will be added to the start of each file.",
-                                      "The filename will be truncated to 300 characters.",
-                                      "The filename will be validated and rebuilt",
-                                      "The file will be renamed and the change logged."}));
+  EXPECT_EQ(
+      BuildRenameSummary(config),
+      (std::vector<std::string>{
+          "The extension will be made lower case.", "The filename will be created from ID3v1/2 Data.",
+          "'_' in the filename will be replaced with ' '.", "'!' will be added to the end of the filename.",
+          "'live' will be removed from the filename.", "Any number characters will be removed.",
+          "Words will be formatted to start with a capital letter.", "The filename will be made lowercase.",
+          "Numbers will be added to the start of each file.", "The filename will be truncated to 300 characters.",
+          "The filename will be validated and rebuilt", "The file will be renamed and the change logged."}));
   config.IncPos = false;
   EXPECT_EQ(BuildRenameSummary(config)[8], "Numbers will be added to the end of each file.");
 }
