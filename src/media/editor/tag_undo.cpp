@@ -68,17 +68,10 @@ class Undo {
   bool can_follow_ = false;  // a file that is there could be restored another time
 };
 
-RunFile FindRun(const FileSystem& files, const std::string& folder, int number) {
-  for (RunFile& run : RunFiles(files, folder)) {
-    if (run.number == number) return run;
-  }
-  throw Failure("no such run: " + std::to_string(number));
-}
-
 }  // namespace
 
 TagUndo UndoTagRun(const FileSystem& files, int number) {
-  const std::string folder = RunFolder(files);
+  const std::string folder = RunFolder(files, kTagRuns);
   const RunFile run = FindRun(files, folder, number);
   Undo undo(files);
   {
