@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "media/track_titles.h"
+#include "platform/file_name.h"
 #include "playlist/paths/numbers.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
@@ -77,7 +78,8 @@ void RenameRules::ApplyTo(std::string& name, std::int16_t index, std::int16_t to
 RenameResult RenameTo(const FileSystem& files, const std::string& path, const std::string& new_path) {
   if (new_path == path) return {path, {}};
   const Outcome renamed = Attempt([&] {
-    if (Contains(GetFileName(new_path), "/")) throw Failure("the new name holds a forbidden character");
+    const std::string refusal = NameRefusal(GetFileName(new_path));
+    if (!refusal.empty()) throw Failure(refusal);
     files.Rename(path, new_path);
   });
   return {renamed ? new_path : path, renamed};
