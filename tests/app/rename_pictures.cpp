@@ -16,7 +16,7 @@ void AddRule(const QWidget& form, const char* from, const char* to) {
 }
 
 void TakeTabs(QWidget& form, const TakePicture& take) {
-  QTest::qWaitForWindowActive(&form);
+  const bool active = QTest::qWaitForWindowActive(&form);
   auto& tabs = *form.findChild<QTabWidget*>(QStringLiteral("RenameTab"));
   AddRule(form, "(Live)", "");
   AddRule(form, " feat. ", " with ");
@@ -25,8 +25,8 @@ void TakeTabs(QWidget& form, const TakePicture& take) {
     tabs.setCurrentIndex(tab);
     const auto* counts = form.findChild<QLabel*>(QStringLiteral("Counts"));
     const bool preview = tabs.tabText(tab) == u"Preview";
-    QTest::qWaitFor([&] { return !preview || counts->text().contains(u"files:"); });
-    take("rename-" + tabs.tabText(tab).toLower().toStdString(), &form);
+    const bool ready = QTest::qWaitFor([&] { return !preview || counts->text().contains(u"files:"); });
+    if (active && ready) take("rename-" + tabs.tabText(tab).toLower().toStdString(), &form);
   }
 }
 

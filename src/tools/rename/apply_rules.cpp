@@ -12,6 +12,7 @@ namespace qublet {
 namespace {
 
 constexpr std::size_t kExtensionLength = 4;  // characters, whatever they are
+constexpr std::size_t kMostOfAName = 32766;  // bytes; rules that feed each other grow a name without bounds
 
 std::string LastCharacters(const std::string& text, std::size_t count) {
   const std::size_t all = CharacterCount(text);
@@ -56,8 +57,10 @@ std::string RenameRules::NewPath(const std::string& path, std::int16_t Index, st
 }
 
 void RenameRules::ApplyTo(std::string& name, std::int16_t index, std::int16_t total) const {
-  for (const RenameRule& rule : active_)
+  for (const RenameRule& rule : active_) {
     name = rule.from.empty() ? name + rule.to : ReplaceAll(name, rule.from, rule.to);
+    if (name.size() > kMostOfAName) throw Failure("the name is too long");
+  }
   if (config_.RemNumbers) std::erase_if(name, IsDigit);
   if (config_.Capitalise) name = ProperCase(name);
   if (config_.LowFilename) name = LowerCase(name);

@@ -20,10 +20,10 @@ class RenameRules {
   explicit RenameRules(const RenameConfig& config);
 
   // The path that a file is to get, `path` itself when no name is left. `Index` of `Total` is its number. Throws
-  // Failure for a limit below 0. Reads nothing but, by `title`, the tags, and these only when names come from them.
+  // Failure for a limit below 0 and for rules that make a name of more than 32,766 bytes. Reads nothing but, by
+  // `title`, the tags, and these only when names come from them.
   std::string NewPath(const std::string& path, std::int16_t Index, std::int16_t Total,
                       const TitleReader& title) const;
-  bool ReadsTags() const { return config_.RenID3; }
   bool CountsFiles() const { return config_.Increment; }
 
  private:

@@ -24,8 +24,9 @@ bool IsAudioFile(const FolderEntry& entry) {
 }  // namespace
 
 bool InSeveralFolders(const Collection& paths) {
-  return std::ranges::any_of(
-      paths, [&](const std::string& path) { return GetFolderPath(path) != GetFolderPath(paths.front()); });
+  if (paths.empty()) return false;
+  const std::string first = GetFolderPath(paths.front());
+  return std::ranges::any_of(paths, [&](const std::string& path) { return GetFolderPath(path) != first; });
 }
 
 Numbering::Number Numbering::Next(const std::string& path) {

@@ -11,6 +11,14 @@ bool NeverStopped() {
   return false;
 }
 
+std::vector<PreviewRow> WorkOut(const FileSystem& files, const PreviewRequest& request, const TitleReader& title,
+                                const Stopped& stopped) {
+  Numbering numbering(files, request.paths.size(), request.ResetPerFolder);
+  std::vector<PreviewRow> rows = PlanNames(RenameRules(request.config), request.paths, numbering, title, stopped);
+  WorkOutFates(files, rows, stopped);
+  return rows;
+}
+
 }  // namespace
 
 bool IsQuick(const PreviewRequest& request) {
@@ -22,6 +30,11 @@ std::vector<PreviewRow> QuickNames(const FileSystem& files, const PreviewRequest
   Numbering numbering(files, request.paths.size(), request.ResetPerFolder);
   return PlanNames(
       RenameRules(request.config), request.paths, numbering, [](const std::string&) { return ""; }, NeverStopped);
+}
+
+std::vector<PreviewRow> WorkOutPreview(const FileSystem& files, const PreviewRequest& request) {
+  return WorkOut(
+      files, request, [&files](const std::string& path) { return TagTitle(files, path); }, NeverStopped);
 }
 
 PreviewWorker::PreviewWorker(const FileSystem& files, Done done)
@@ -64,7 +77,11 @@ void PreviewWorker::Work() {
     lock.unlock();
     const Stopped stopped = [this, number] { return number_ != number; };
     std::vector<PreviewRow> rows;
-    ResumeNext([&] { rows = WorkOut(request, stopped); });
+    if (forget_.exchange(false)) titles_.clear();
+    ResumeNext([&] {
+      rows = WorkOut(
+          files_, request, [this](const std::string& path) { return TitleOf(path); }, stopped);
+    });
     if (!stopped()) done_(number, std::move(rows));
     lock.lock();
     busy_ = false;
@@ -72,16 +89,9 @@ void PreviewWorker::Work() {
   }
 }
 
-std::vector<PreviewRow> PreviewWorker::WorkOut(const PreviewRequest& request, const Stopped& stopped) {
-  if (forget_.exchange(false)) titles_.clear();
-  const auto title = [this](const std::string& path) {
-    const auto known = titles_.find(path);
-    return known != titles_.end() ? known->second : titles_.emplace(path, TagTitle(files_, path)).first->second;
-  };
-  Numbering numbering(files_, request.paths.size(), request.ResetPerFolder);
-  std::vector<PreviewRow> rows = PlanNames(RenameRules(request.config), request.paths, numbering, title, stopped);
-  WorkOutFates(files_, rows, stopped);
-  return rows;
+std::string PreviewWorker::TitleOf(const std::string& path) {
+  const auto known = titles_.find(path);
+  return known != titles_.end() ? known->second : titles_.emplace(path, TagTitle(files_, path)).first->second;
 }
 
 }  // namespace qublet

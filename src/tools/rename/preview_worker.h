@@ -27,6 +27,9 @@ bool IsQuick(const PreviewRequest& request);
 // The new names of a quick request, without their fates.
 std::vector<PreviewRow> QuickNames(const FileSystem& files, const PreviewRequest& request);
 
+// The whole preview, fates and all.
+std::vector<PreviewRow> WorkOutPreview(const FileSystem& files, const PreviewRequest& request);
+
 // Works previews out on a thread of its own. A newer request stops an older one. Titles that were read from tags are
 // kept until they are forgotten.
 class PreviewWorker {
@@ -48,7 +51,7 @@ class PreviewWorker {
 
  private:
   void Work();
-  std::vector<PreviewRow> WorkOut(const PreviewRequest& request, const Stopped& stopped);
+  std::string TitleOf(const std::string& path);
 
   const FileSystem& files_;
   const Done done_;

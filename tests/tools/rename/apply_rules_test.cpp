@@ -256,6 +256,14 @@ TEST_F(ApplyRulesTest, KeepsEveryLegalCharacter) {
   EXPECT_EQ(drives_.Read(odd + "-.mp3"), "song");
 }
 
+TEST_F(ApplyRulesTest, GivesUpOnRulesThatFeedEachOther) {
+  drives_.Write("a.mp3", "song");
+  for (std::size_t slot = 0; slot < kRuleSlots; ++slot) PutRule(config_, slot, {"a", std::string(99, 'a')}, true);
+  config_.Truncat = true;
+  EXPECT_EQ(Try("c:\\a.mp3"), "c:\\a.mp3");
+  EXPECT_EQ(Rename("c:\\a.mp3"), "c:\\a.mp3");
+}
+
 TEST_F(ApplyRulesTest, RenamesToTheLongestNameAndNotBeyond) {
   drives_.Write("a.mp3", "song");
   PutRule(config_, 0, {"a", std::string(99, 'x')}, true);
