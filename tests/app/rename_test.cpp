@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <QListWidget>
+#include <QLabel>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTimer>
@@ -28,7 +28,8 @@ class RenameTest : public testing::Test {
     QTimer::singleShot(0, window.main, [&] {
       QWidget* form = QApplication::activeModalWidget();
       ASSERT_NE(form, nullptr);
-      EXPECT_TRUE(QTest::qWaitForWindowActive(form));
+      const auto* report = form->findChild<QLabel*>(QStringLiteral("lbReport"));
+      EXPECT_TRUE(QTest::qWaitFor([&] { return report->text() == u"2 Items Selected."; }));
       seen = true;
       look(*form);
       form->close();

@@ -16,9 +16,10 @@ std::int16_t Shortened(std::size_t number) {
 }
 
 bool IsAudioFile(const FolderEntry& entry) {
-  return !entry.is_folder && !entry.hidden && std::ranges::any_of(FileFilters(), [&](const std::string& filter) {
-    return MatchesWildcard(entry.name, filter);
-  });
+  if (entry.is_folder || entry.hidden) return false;
+  const std::string folded = FoldCase(entry.name);
+  return std::ranges::any_of(FileFilters(),
+                             [&](const std::string& filter) { return MatchesFoldedWildcard(folded, filter); });
 }
 
 }  // namespace

@@ -11,6 +11,7 @@ namespace qublet {
 namespace {
 
 constexpr qint64 kRepaintEvery = 20;  // milliseconds
+constexpr int kLettersAcross = 104;   // two names, and what becomes of a file, side by side
 
 void FillSummary(QTreeWidget& list, const std::vector<std::string>& sentences) {
   list.clear();
@@ -38,7 +39,7 @@ RenameForm::RenameForm(Engine& engine, QWidget* parent) : QDialog(parent), renam
   new Activation(*this, [this](Activation::Cause) { Activate(); });
   RenameTab->setCurrentIndex(0);
   Render();
-  resize(sizeHint());
+  resize(sizeHint().expandedTo({kLettersAcross * fontMetrics().averageCharWidth(), 0}));
 }
 
 void RenameForm::Activate() {

@@ -4,7 +4,7 @@
 
 namespace qublet {
 
-// Marks the letters of a name that change, by weight and a line, unless the name is too long for its cell.
+// Marks the letters of a name that change, by weight and a line.
 class NameDelegate : public QStyledItemDelegate {
   Q_OBJECT
 
