@@ -1,6 +1,7 @@
 #include "measure.h"
 #include "order_measures.h"
 #include "playlist_measures.h"
+#include "rename_measures.h"
 #include "tag_measures.h"
 
 #ifdef QUBLET_MEASURES_WINDOWS
@@ -20,6 +21,7 @@ int Main(int argc, char** argv) {
   };
   add(PlaylistMeasures());
   add(TagMeasures());
+  add(RenameMeasures());
   add(OrderMeasures());
 #ifdef QUBLET_MEASURES_WINDOWS
   // Painted in memory, as fast as this machine can, whatever display it has.

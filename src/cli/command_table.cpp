@@ -9,6 +9,7 @@
 #include "cli/play_command.h"
 #include "cli/player_command.h"
 #include "cli/properties_command.h"
+#include "cli/rename_command.h"
 #include "cli/save_command.h"
 #include "cli/settings_command.h"
 #include "cli/tag_command.h"
@@ -51,6 +52,14 @@ constexpr std::array kCliCommands{
                "change attributes: normal, readonly, archive, system, hidden", TagCommand},
     CliCommand{"tag", "tag --history [--json] | --undo RUN",
                "print the runs that changed tags, or undo one: a number, or \"last\"", TagCommand},
+    CliCommand{"rename",
+               "rename [--rules FILE.rps] [--set FIELD=VALUE]... [--no-rules] [--rule FIND REPLACEMENT]...\n"
+               "         [--reset-per-folder | --no-reset] [--dry-run] [--json] PATH...",
+               "rename files by rules, or print what would become of them", RenameCommand},
+    CliCommand{"rename", "rename [RULES] --try TEXT [--index N] [--total N] | --save-rules FILE.rps [--replace]",
+               "print what the rules make of a name, or keep them", RenameCommand},
+    CliCommand{"rename", "rename --history | --undo [RUN]", "print the runs that renamed files, or take one back",
+               RenameCommand},
     CliCommand{"settings", "settings [list [--json] | get SECTION KEY | set SECTION KEY VALUE]",
                "print or change the stored settings", SettingsCommand},
 };

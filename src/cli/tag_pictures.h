@@ -9,8 +9,8 @@
 
 namespace qublet {
 
-// The pictures that are to be added, by the bytes of their files. Throws Failure: a file that can't be read, or that is
-// no BMP, JPEG, GIF or PNG.
+// The pictures that are to be added, by the bytes of their files. Throws Failure: a file that can't be read, or that
+// is no BMP, JPEG, GIF or PNG.
 std::vector<TagPicture> PicturesFrom(const CommandContext& context, const std::vector<PictureOption>& options);
 
 // Writes the pictures of the files into a folder, as they are stored, and prints the name of each.

@@ -36,6 +36,14 @@ struct FolderIdentity {
   bool operator==(const FolderIdentity&) const = default;
 };
 
+// What tells one file of a disk from another whatever name leads to it: a link is another one than the file that it
+// leads to. It lasts until the file is replaced, also over a start of the system.
+struct FileIdentity {
+  std::uint64_t number = 0;
+  std::int64_t made = 0;  // when the file was made, in a unit of this system's; 0 where the disk doesn't keep it
+  bool operator==(const FileIdentity&) const = default;
+};
+
 // A file opened for reading at any place. Safe to use from the thread that opened it.
 class InputFile {
  public:
@@ -112,6 +120,8 @@ class FileSystem {
   virtual std::vector<FolderEntry> ReadFolder(const std::string& folder) const = 0;
   // Nothing when the folder can't be reached. Never throws.
   virtual std::optional<FolderIdentity> IdentityOf(const std::string& folder) const = 0;
+  // The same for a file.
+  virtual std::optional<FileIdentity> IdentityOfFile(const std::string& path) const = 0;
 
   // Throws Failure when the file can't be opened for reading or is no regular file.
   virtual std::unique_ptr<InputFile> OpenForReading(const std::string& path) const = 0;

@@ -13,6 +13,7 @@
 #include "app/appearance.h"
 #include "desk/Status.h"
 #include "editor_pictures.h"
+#include "rename_pictures.h"
 #include "support/main_window.h"
 #include "support/mpeg_frames.h"
 
@@ -97,7 +98,9 @@ class Pictures {
     Restart([](SettingsStore& store) { store.SaveSetting("QUBLET2021", "ToolB", "Align", "1"); });
     Take("toolbar-at-the-top");
     TakeSchemes();
-    TakeEditorPictures(window_, [this](const std::string& name, QWidget* editor) { Take(name.c_str(), editor); });
+    const TakePicture take = [this](const std::string& name, QWidget* window) { Take(name.c_str(), window); };
+    TakeEditorPictures(window_, take);
+    TakeRenamePictures(window_, take);
   }
 
   bool Failed() const { return failed_; }

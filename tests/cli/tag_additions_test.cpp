@@ -55,8 +55,8 @@ TEST_F(TagAdditionsTest, RefusesCommentsWithoutADescriptionOrWithTheReservedOne)
 
 TEST_F(TagAdditionsTest, AddsPicturesByTheirOwnBytes) {
   drives_.Write("named wrong.bmp", kJpeg);
-  EXPECT_EQ(Run({"--add-picture", "c:\\named wrong.bmp", "--json", "--add-picture", "c:\\cover.png", "", "c:\\a.mp3"}),
-            0);
+  EXPECT_EQ(
+      Run({"--add-picture", "c:\\named wrong.bmp", "--json", "--add-picture", "c:\\cover.png", "", "c:\\a.mp3"}), 0);
   EXPECT_EQ(Loaded("a.mp3").Images().All(),
             (std::vector<TagPicture>{{"--json", "image/jpeg", Bytes(kJpeg.begin(), kJpeg.end())},
                                      {"", "image/png", Bytes(kPng.begin(), kPng.end())}}));
@@ -100,13 +100,15 @@ TEST_F(TagAdditionsTest, ReplacesNoFileWhenItExtracts) {
 }
 
 TEST_F(TagAdditionsTest, AddsPositionsOnceAndPrintsThem) {
-  EXPECT_EQ(Run({"--add-position", "0:02:00", "--add-position", "59:59:59", "--add-position", "0:2:0", "c:\\a.mp3"}), 0);
+  EXPECT_EQ(Run({"--add-position", "0:02:00", "--add-position", "59:59:59", "--add-position", "0:2:0", "c:\\a.mp3"}),
+            0);
   EXPECT_EQ(Run({"--positions", "c:\\a.mp3"}), 0);
   EXPECT_EQ(out_.str(), "1\t000120000\t2:00\n2\t215999000\t59:59:59\n");
   EXPECT_EQ(Run({"--json", "--positions", "c:\\a.mp3"}), 0);
-  EXPECT_EQ(out_.str(),
-            "{\"File\": \"c:\\\\a.mp3\", \"Positions\": [{\"Number\": 1, \"Record\": \"000120000\", \"Time\": \"2:00\"}, "
-            "{\"Number\": 2, \"Record\": \"215999000\", \"Time\": \"59:59:59\"}]}\n");
+  EXPECT_EQ(
+      out_.str(),
+      "{\"File\": \"c:\\\\a.mp3\", \"Positions\": [{\"Number\": 1, \"Record\": \"000120000\", \"Time\": \"2:00\"}, "
+      "{\"Number\": 2, \"Record\": \"215999000\", \"Time\": \"59:59:59\"}]}\n");
 }
 
 TEST_F(TagAdditionsTest, ChangesNothingForAPositionThatIsThere) {
@@ -142,7 +144,8 @@ TEST_F(TagAdditionsTest, PrintsAndChangesNotAtTheSameTime) {
 
 TEST_F(TagAdditionsTest, CanBeUndone) {
   const std::string before = drives_.Read("a.mp3");
-  EXPECT_EQ(Run({"--comment", "b=c", "--add-picture", "c:\\cover.jpg", "", "--add-position", "0:0:1", "c:\\a.mp3"}), 0);
+  EXPECT_EQ(Run({"--comment", "b=c", "--add-picture", "c:\\cover.jpg", "", "--add-position", "0:0:1", "c:\\a.mp3"}),
+            0);
   EXPECT_NE(drives_.Read("a.mp3"), before);
   EXPECT_EQ(Run({"--undo", "last"}), 0);
   EXPECT_EQ(drives_.Read("a.mp3"), before);

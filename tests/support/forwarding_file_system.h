@@ -23,6 +23,9 @@ class ForwardingFileSystem : public FileSystem {
   std::optional<FolderIdentity> IdentityOf(const std::string& folder) const override {
     return files_.IdentityOf(folder);
   }
+  std::optional<FileIdentity> IdentityOfFile(const std::string& path) const override {
+    return files_.IdentityOfFile(path);
+  }
   std::unique_ptr<InputFile> OpenForReading(const std::string& path) const override {
     return files_.OpenForReading(path);
   }

@@ -1,28 +1,17 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
+#include <memory>
 #include <string>
-#include <vector>
 
+#include "journal/run_records.h"
 #include "media/editor/tag_journal.h"
 
 namespace qublet {
 
-// The files that runs are kept in, "00000012.run", later "00000012.undone": three lines (what it is, the time, who),
-// then a record for each file that was changed.
-
-struct RunFile {
-  int number = 0;
-  bool undone = false;
-  std::string path;
-};
-
-// The folder of the runs, made when missing, with a trailing "\". Throws Failure.
-std::string RunFolder(const FileSystem& files);
-// In ascending order of their numbers. Throws Failure.
-std::vector<RunFile> RunFiles(const FileSystem& files, const std::string& folder);
-std::string RunFileName(int number, bool undone);
+// The files that runs of tag changes are kept in: a record for each file that was to be changed, and where not all of
+// them were, one without a path that tells how many.
+inline constexpr RunKind kTagRuns{"QUBLET tag run", "tag-runs"};
 
 // One changed file.
 struct RunRecord {
@@ -34,17 +23,8 @@ struct RunRecord {
   std::uint64_t new_sum = 0;
 };
 
-std::string RunHeader(const std::string& time, const std::string& origin);
 Bytes RunRecordBytes(const TagWrite& write);
-std::uint64_t SumOf(BytesView bytes, std::uint64_t sum = 0xCBF29CE484222325);
-
-// The lines that a run's file begins with.
-struct RunHead {
-  std::string time;
-  std::string origin;
-};
-// Throws Failure, also for a file that is no run.
-RunHead ReadRunHead(InputFile& file);
+Bytes ClosingRecordBytes(std::size_t changed);
 
 // A run's file, read. What a kill has cut off at its end counts as never written.
 class RunReader {
@@ -52,19 +32,21 @@ class RunReader {
   // Throws Failure, also for a file that is no run.
   explicit RunReader(std::unique_ptr<InputFile> file);
 
-  const RunHead& Head() const { return head_; }
-  std::size_t Count() const { return places_.size(); }
+  const RunHead& Head() const { return records_.Head(); }
+  // Records of files.
+  std::size_t Count() const { return count_; }
+  // Files that were changed, as far as it is known: all of them after a kill.
+  std::size_t Changed() const { return changed_; }
   // Throws Failure for a damaged record.
   RunRecord At(std::size_t index) const;
 
  private:
-  struct Place {
-    std::int64_t offset;
-    std::uint32_t length;
-  };
-  std::unique_ptr<InputFile> file_;
-  RunHead head_;
-  std::vector<Place> places_;
+  RunRecords records_;
+  std::size_t count_;
+  std::size_t changed_;
 };
+
+// Whether every file of a run is there and has the tags that it had before.
+bool ChangedNothing(const FileSystem& files, const RunReader& run);
 
 }  // namespace qublet

@@ -1,38 +1,21 @@
 #include "media/editor/tag_journal.h"
 
-#include <cstdio>
-
 #include "media/editor/run_file.h"
 
 namespace qublet {
-namespace {
 
-std::string TimeText(const LocalTime& now) {
-  char text[80];
-  std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", now.year, now.month, now.day, now.hour,
-                now.minute, now.second);
-  return text;
-}
-
-}  // namespace
-
-// The number is free when the file can be made: another program may begin a run at the same time.
 void TagRunRecord::Begin() {
-  constexpr int kTries = 100;
-  const std::string folder = RunFolder(files_);
+  const std::string folder = RunFolder(files_, kTagRuns);
   const std::vector<RunFile> runs = RunFiles(files_, folder);
   for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
     older_.push_back({run->path, files_.FileLength(run->path)});
     older_size_ += older_.back().size;
   }
-  const int first = runs.empty() ? 1 : runs.back().number + 1;
-  for (int number = first; !file_; ++number) {
-    path_ = folder + RunFileName(number, false);
-    const Outcome made = Attempt([&] { file_ = files_.CreatePrivate(path_); });
-    if (number == first + kTries) made.OrThrow();
-  }
-  const std::string header = RunHeader(TimeText(clock_.Now()), origin_);
-  Append(Bytes(header.begin(), header.end()));
+  NewRun run = BeginRun(files_, kTagRuns, folder, runs, {RunTime(clock_.Now()), origin_});
+  path_ = run.path;
+  file_ = std::move(run.file);
+  size_ = run.size;
+  waiting_ = true;
 }
 
 void TagRunRecord::MakeRoom(std::int64_t more) {
@@ -64,6 +47,7 @@ void TagRunRecord::Note(const TagWrite& write) {
     if (!file_) Begin();
     MakeRoom(static_cast<std::int64_t>(write.old_head.size() + write.old_tail.size()));
     Append(RunRecordBytes(write));
+    ++noted_;
   });
   if (!noted) Lose(noted.Reason());
 }
@@ -75,13 +59,23 @@ void TagRunRecord::Flush() {
   if (!flushed) Lose(flushed.Reason());
 }
 
+void TagRunRecord::End() {
+  if (!file_ || changed_ == noted_) return;
+  if (changed_ > 0) return ResumeNext([&] { Append(ClosingRecordBytes(changed_)); });
+  // A change may have been made and failed only afterwards.
+  file_.reset();
+  ResumeNext([&] {
+    if (ChangedNothing(files_, RunReader(files_.OpenForReading(path_)))) files_.DeleteFile(path_);
+  });
+}
+
 std::vector<TagRunFacts> TagRuns(const FileSystem& files) {
   std::vector<TagRunFacts> facts;
   ResumeNext([&] {
-    for (const RunFile& run : RunFiles(files, RunFolder(files))) {
+    for (const RunFile& run : RunFiles(files, RunFolder(files, kTagRuns))) {
       ResumeNext([&] {
         const RunReader reader(files.OpenForReading(run.path));
-        facts.insert(facts.begin(), {run.number, reader.Head().time, static_cast<int>(reader.Count()),
+        facts.insert(facts.begin(), {run.number, reader.Head().time, static_cast<int>(reader.Changed()),
                                      reader.Head().origin, run.undone});
       });
     }
@@ -92,12 +86,12 @@ std::vector<TagRunFacts> TagRuns(const FileSystem& files) {
 // Looks into no more runs than it must: it is asked at every file that the editor shows.
 std::optional<int> NewestTagRun(const FileSystem& files, const std::string& origin) {
   std::vector<RunFile> runs;
-  ResumeNext([&] { runs = RunFiles(files, RunFolder(files)); });
+  ResumeNext([&] { runs = RunFiles(files, RunFolder(files, kTagRuns)); });
   for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
     if (run->undone) continue;
     bool wanted = false;
     ResumeNext([&] {
-      const RunHead head = ReadRunHead(*files.OpenForReading(run->path));
+      const RunHead head = ReadRunHead(kTagRuns, *files.OpenForReading(run->path));
       wanted = origin.empty() || head.origin == origin;
     });
     if (wanted) return run->number;

@@ -42,6 +42,10 @@ class TagRunRecord {
   void Note(const TagWrite& write);
   // Everything noted is on the disk, unless the record is lost. Comes before a noted file is changed.
   void Flush();
+  // A noted file has been changed.
+  void Changed() { ++changed_; }
+  // The run has ended. One that changed nothing was none.
+  void End();
   // Why this run can't be undone; "" while it can.
   const std::string& Lost() const { return lost_; }
 
@@ -64,7 +68,8 @@ class TagRunRecord {
   std::int64_t size_ = 0;
   std::vector<Older> older_;  // the oldest last
   std::int64_t older_size_ = 0;
-  bool waiting_ = false;  // something isn't on the disk yet
+  std::size_t noted_ = 0, changed_ = 0;  // files
+  bool waiting_ = false;                 // something isn't on the disk yet
   std::string lost_;
 };
 

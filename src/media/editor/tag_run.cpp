@@ -39,6 +39,7 @@ void TagRun::Over(const Collection& paths) {
     group_.push_back(std::move(planned));
   }
   Finish();
+  record_.End();
 }
 
 void TagRun::Finish() {
@@ -67,6 +68,7 @@ void TagRun::Commit(Planned& planned) {
       record_.Flush();
       CommitTags(files_, planned.write);
     }
+    if (!planned.write.ChangesNothing()) record_.Changed();
     planned.write.id3v2.OrThrow();
   });
 }

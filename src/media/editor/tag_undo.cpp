@@ -68,17 +68,21 @@ class Undo {
   bool can_follow_ = false;  // a file that is there could be restored another time
 };
 
-RunFile FindRun(const FileSystem& files, const std::string& folder, int number) {
-  for (RunFile& run : RunFiles(files, folder)) {
-    if (run.number == number) return run;
-  }
-  throw Failure("no such run: " + std::to_string(number));
-}
-
 }  // namespace
 
+bool ChangedNothing(const FileSystem& files, const RunReader& run) {
+  bool nothing = true;
+  for (std::size_t i = 0; i < run.Count() && nothing; ++i) {
+    nothing = Guarded([&] {
+      const RunRecord record = run.At(i);
+      if (StateOf(*files.OpenForReading(record.path), record) != State::kAsBefore) throw Failure("has changed");
+    });
+  }
+  return nothing;
+}
+
 TagUndo UndoTagRun(const FileSystem& files, int number) {
-  const std::string folder = RunFolder(files);
+  const std::string folder = RunFolder(files, kTagRuns);
   const RunFile run = FindRun(files, folder, number);
   Undo undo(files);
   {

@@ -69,6 +69,7 @@ class LinuxFileSystem : public FileSystem {
   bool IsReadOnly(const std::string& path) const override;
   std::vector<FolderEntry> ReadFolder(const std::string& folder) const override;
   std::optional<FolderIdentity> IdentityOf(const std::string& folder) const override;
+  std::optional<FileIdentity> IdentityOfFile(const std::string& path) const override;
 
   std::unique_ptr<InputFile> OpenForReading(const std::string& path) const override {
     return OpenInput(ToNative(path));
@@ -163,6 +164,19 @@ std::optional<FolderIdentity> LinuxFileSystem::IdentityOf(const std::string& fol
   const auto status = FindStatus(folder);
   if (!status || !S_ISDIR(status->st_mode)) return std::nullopt;
   return FolderIdentity{status->st_dev, status->st_ino};
+}
+
+// The number of its device may be another one after the next start of the system.
+std::optional<FileIdentity> LinuxFileSystem::IdentityOfFile(const std::string& path) const {
+  constexpr std::int64_t kNanoseconds = 1'000'000'000;
+  struct statx status {};
+  std::string native;
+  if (!Guarded([&] { native = ToNative(path); })) return std::nullopt;
+  if (statx(AT_FDCWD, native.c_str(), AT_SYMLINK_NOFOLLOW, STATX_TYPE | STATX_INO | STATX_BTIME, &status) != 0 ||
+      S_ISDIR(status.stx_mode))
+    return std::nullopt;
+  const bool dated = (status.stx_mask & STATX_BTIME) != 0;
+  return FileIdentity{status.stx_ino, dated ? status.stx_btime.tv_sec * kNanoseconds + status.stx_btime.tv_nsec : 0};
 }
 
 void LinuxFileSystem::DeleteFile(const std::string& path) const {

@@ -82,6 +82,7 @@ class WindowsFileSystem : public FileSystem {
   bool IsReadOnly(const std::string& path) const override;
   std::vector<FolderEntry> ReadFolder(const std::string& folder) const override;
   std::optional<FolderIdentity> IdentityOf(const std::string& folder) const override;
+  std::optional<FileIdentity> IdentityOfFile(const std::string& path) const override;
 
   std::unique_ptr<InputFile> OpenForReading(const std::string& path) const override {
     return OpenInput(PlaceOf(path));
@@ -200,6 +201,21 @@ std::optional<FolderIdentity> WindowsFileSystem::IdentityOf(const std::string& f
     if ((facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) return;
     identity = FolderIdentity{facts.dwVolumeSerialNumber,
                               static_cast<std::uint64_t>(Joined(facts.nFileIndexHigh, facts.nFileIndexLow))};
+  });
+  return identity;
+}
+
+std::optional<FileIdentity> WindowsFileSystem::IdentityOfFile(const std::string& path) const {
+  std::optional<FileIdentity> identity;
+  ResumeNext([&] {
+    const Handle open(CreateFileW(PlaceOf(path).c_str(), FILE_READ_ATTRIBUTES,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                                  FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+    BY_HANDLE_FILE_INFORMATION facts{};
+    if (!open.IsOpen() || !GetFileInformationByHandle(open.Get(), &facts)) return;
+    if ((facts.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return;
+    identity = FileIdentity{static_cast<std::uint64_t>(Joined(facts.nFileIndexHigh, facts.nFileIndexLow)),
+                            Joined(facts.ftCreationTime.dwHighDateTime, facts.ftCreationTime.dwLowDateTime)};
   });
   return identity;
 }

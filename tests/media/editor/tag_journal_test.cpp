@@ -5,6 +5,7 @@
 #include "media/editor/tag_run.h"
 #include "platform/program.h"
 #include "support/editor_test_base.h"
+#include "support/forwarding_file_system.h"
 
 namespace qublet {
 namespace {
@@ -194,6 +195,43 @@ TEST_F(TagJournalTest, NamesARecordThatIsDamaged) {
   TemporaryDrives::WriteAt(Folder() / "00000001.run", run);
   EXPECT_EQ(UndoTagRun(*files_, 1).left[0].reason, "a record of a run is damaged");
   EXPECT_EQ(Loaded("a.mp3").Frame("TIT2"), "New");
+}
+
+TEST_F(TagJournalTest, CountsTheFilesThatWereChangedOnly) {
+  for (const char* name : {"a.mp3", "b.mp3", "c.mp3"}) drives_.Write(name, TaggedSong("One"));
+  TagRunRecord record(*files_, fakes_.clock, kWindowRun);
+  int done = 0;
+  TagRun::Watch watch;
+  watch.done = [&](const std::string&, const Outcome&) { ++done; };
+  watch.stopped = [&] { return done == 1; };
+  TagRun(
+      *files_, record, [&](const std::string& path) { return PlanUpdate(*files_, path, Form("New")); }, watch)
+      .Over({"c:\\a.mp3", "c:\\b.mp3", "c:\\c.mp3"});
+  ASSERT_EQ(Runs(), 1u);
+  EXPECT_EQ(TagRuns(*files_)[0].files, 1);
+  EXPECT_EQ(UndoTagRun(*files_, 1).restored.size(), 1u);
+  for (const char* name : {"a.mp3", "b.mp3", "c.mp3"}) EXPECT_EQ(drives_.Read(name), TaggedSong("One"));
+}
+
+// Nothing more can be written but what is open already.
+class FullDisk : public ForwardingFileSystem {
+ public:
+  using ForwardingFileSystem::ForwardingFileSystem;
+  std::unique_ptr<FileReplacement> BeginReplacement(const std::string&) const override {
+    throw Failure("no space left");
+  }
+};
+
+TEST_F(TagJournalTest, KeepsNoRunThatChangedNothing) {
+  drives_.Write("a.mp3", TaggedSong("One"));
+  Update({"a.mp3"}, Form("New"));
+  const FullDisk full(*files_);
+  TagRunRecord record(full, fakes_.clock, kWindowRun);
+  TagRun(full, record, [&](const std::string& path) { return PlanUpdate(full, path, Form("Newer")); }, {})
+      .Over({"c:\\a.mp3"});
+  EXPECT_EQ(Loaded("a.mp3").Frame("TIT2"), "New");
+  EXPECT_EQ(NewestTagRun(*files_, kWindowRun), 1);
+  EXPECT_EQ(Runs(), 1u);
 }
 
 // --- the run itself ---
