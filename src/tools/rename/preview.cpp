@@ -42,11 +42,11 @@ class Rehearsal {
   }
 
  private:
-  // A link that leads nowhere is there, too.
+  // A link that leads nowhere is there, too. Its identity is quicker to be had of a file than its attributes.
   bool IsThere(const std::string& path) const {
     const auto renamed = by_now_.find(PathKey(path));
     if (renamed != by_now_.end()) return renamed->second > 0;
-    return files_.Attributes(path) || files_.IdentityOfFile(path);
+    return files_.IdentityOfFile(path) || files_.Attributes(path);
   }
 
   static void Fail(PreviewRow& row, RenameFate fate, const std::string& reason) {

@@ -220,12 +220,16 @@ TEST_F(RenamerRunTest, CountsTheSelectedRowsOnly) {
 }
 
 TEST_F(RenamerRunTest, RenamesTheFirstOfTwoFilesThatComeToOneName) {
-  AddSongs({"a_b.mp3", "a b.mp3", "A_B.mp3"});
+  AddSongs({"a_b.mp3", "other_one.mp3", "a-b.mp3"});
   Select("x-x");
+  renamer_.RemoveRule_Click(0);
+  renamer_.AddRule_Click("-", "_");
+  renamer_.AddRule_Click("_", " ");
   Run();
-  EXPECT_EQ(RowNames(), "A B.mp3|a b.mp3|A_B.mp3");
+  EXPECT_EQ(RowNames(), "A B.mp3|other_one.mp3|a-b.mp3");
   EXPECT_EQ(renamer_.view.report, "Done: 1/2 Items were Processed");
-  EXPECT_EQ(drives_.Read("A_B.mp3"), "A_B.mp3");
+  EXPECT_EQ(drives_.Read("a-b.mp3"), "a-b.mp3");
+  EXPECT_EQ(drives_.Read("A B.mp3"), "a_b.mp3");
 }
 
 TEST_F(RenamerRunTest, RowsAreHeardOfOnce) {

@@ -69,7 +69,6 @@ void RenameForm::RunLong(void (Renamer::*command)(const Renamer::Watch&)) {
   Renamer::Watch watch;
   watch.report = [this](const std::string& text) {
     CmdProcess->setEnabled(renamer_.view.process);
-    setCursor(renamer_.view.process ? Qt::ArrowCursor : Qt::WaitCursor);
     lbReport->Report(ShownText(text));
   };
   watch.progress = [&](int value, int maximum) {
@@ -79,6 +78,7 @@ void RenameForm::RunLong(void (Renamer::*command)(const Renamer::Watch&)) {
     lock.Pump();
     painted.restart();
   };
+  setCursor(Qt::WaitCursor);
   (renamer_.*command)(watch);
   unsetCursor();
   PreviewTab->Forget();
