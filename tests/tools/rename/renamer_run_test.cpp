@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "support/forwarding_file_system.h"
+#include "support/ordinary_user.h"
 #include "support/rename_test_base.h"
 
 namespace qublet {
@@ -397,6 +398,18 @@ TEST_F(RenamerRunTest, AFolderThatRefusesCostsOnlyItsFiles) {
   renamer.CmdProcess_Click({});
   EXPECT_EQ(renamer.view.report, "Done: 1/2 Items were Processed");
   EXPECT_EQ(FilesOfC(), "A 2.mp3|locked/a_1.mp3");
+}
+
+TEST_F(RenamerRunTest, AReadOnlyFolderKeepsItsNames) {
+  AddSongs({"locked\\a_1.mp3", "a_2.mp3"});
+  const OrdinaryUser user(drives_.Root());
+  std::filesystem::permissions(drives_.C() / "locked", std::filesystem::perms(0555));
+  Run();
+  EXPECT_EQ(renamer_.view.report, "Done: 1/2 Items were Processed");
+  EXPECT_EQ(FilesOfC(), "A 2.mp3|locked/a_1.mp3");
+  Undo();
+  EXPECT_EQ(FilesOfC(), "a_2.mp3|locked/a_1.mp3");
+  std::filesystem::permissions(drives_.C() / "locked", std::filesystem::perms(0755));
 }
 
 TEST_F(RenamerRunTest, AFileMovedIntoAFolderKeepsItsRowsPath) {
