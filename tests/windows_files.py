@@ -235,6 +235,31 @@ class Tags(Files):
         self.assertIn("\u97f3", self.both("tag", "--json", "tagged.mp3"))
 
 
+class Renames(Files):
+    RULES = ["--rule", "_", " ", "--rule", "\u97f3", "Bj\u00f6rk", "--set", "Increment=1"]
+
+    def test_kept_rules_are_the_same_bytes(self):
+        contents = []
+        for program in ("linux", "windows"):
+            done = run(program, ["rename", "--save-rules", "my.rps", "--replace", *self.RULES], self.folder)
+            self.assertEqual(done, (0, "", ""), program)
+            contents.append((self.folder / "my.rps").read_bytes())
+        self.assertEqual(contents[0], contents[1])
+        self.assertEqual(len(contents[0]), 4264)
+        self.assertEqual(self.both("rename", "--rules", "my.rps", "--try", "a_b?.MP3"), "08 - A Bbj\u00f6rk.mp3\n")
+
+    def test_files_get_the_same_names_and_their_old_ones_back(self):
+        names = ["song_one.mp3", "\u97f3_two.mp3"]
+        for name in names:
+            self.write(name, name.encode())
+        dry = self.both("rename", "--dry-run", *self.RULES, *names)
+        for program in ("linux", "windows"):
+            self.assertEqual(run(program, ["rename", *self.RULES, *names], self.folder), (0, dry, ""), program)
+            self.assertEqual((self.folder / "1 - Song One.mp3").read_bytes(), b"song_one.mp3")
+            self.assertEqual(run(program, ["rename", "--undo"], self.folder)[0], 0, program)
+            self.assertEqual((self.folder / names[0]).read_bytes(), b"song_one.mp3")
+
+
 class Settings(Files):
     VALUES = [("SSE", "GRID", "1"), ("RF", "20", "z:\\m\\Bj\u00f6rk.m3u"), ("RF", "Wkdir", "z:\\\u97f3")]
 

@@ -1,31 +1,6 @@
 #include "tools/rename/kept_renames.h"
 
 namespace qublet {
-
-Bytes PlanRecord(const FileSystem& files, const std::vector<PlannedRename>& plan) {
-  Bytes content;
-  for (const PlannedRename& rename : plan) {
-    const FileIdentity identity = files.IdentityOfFile(rename.old_path).value_or(FileIdentity{});
-    AppendPiece(content, AsBytes(rename.old_path));
-    AppendPiece(content, AsBytes(rename.new_path));
-    AppendLong(content, identity.number);
-    AppendLong(content, static_cast<std::uint64_t>(identity.made));
-  }
-  Bytes record;
-  AppendRecord(record, content);
-  return record;
-}
-
-void AppendState(InPlaceFile& file, std::int64_t& end, std::size_t index, KeptState state) {
-  Bytes content;
-  AppendNumber(content, static_cast<std::uint32_t>(index), 4);
-  AppendNumber(content, static_cast<std::uint32_t>(state), 4);
-  Bytes record;
-  AppendRecord(record, content);
-  file.WriteAt(end, record);
-  end += static_cast<std::int64_t>(record.size());
-}
-
 namespace {
 
 void ReadPlan(const Bytes& content, std::vector<KeptRename>& renames) {
@@ -50,6 +25,30 @@ void ReadState(const Bytes& content, std::vector<KeptRename>& renames) {
 }
 
 }  // namespace
+
+Bytes PlanRecord(const FileSystem& files, const std::vector<PlannedRename>& plan) {
+  Bytes content;
+  for (const PlannedRename& rename : plan) {
+    const FileIdentity identity = files.IdentityOfFile(rename.old_path).value_or(FileIdentity{});
+    AppendPiece(content, AsBytes(rename.old_path));
+    AppendPiece(content, AsBytes(rename.new_path));
+    AppendLong(content, identity.number);
+    AppendLong(content, static_cast<std::uint64_t>(identity.made));
+  }
+  Bytes record;
+  AppendRecord(record, content);
+  return record;
+}
+
+void AppendState(InPlaceFile& file, std::int64_t& end, std::size_t index, KeptState state) {
+  Bytes content;
+  AppendNumber(content, static_cast<std::uint32_t>(index), 4);
+  AppendNumber(content, static_cast<std::uint32_t>(state), 4);
+  Bytes record;
+  AppendRecord(record, content);
+  file.WriteAt(end, record);
+  end += static_cast<std::int64_t>(record.size());
+}
 
 KeptRun ReadKeptRun(std::unique_ptr<InputFile> file) {
   const RunRecords records(kRenameRuns, std::move(file));

@@ -1,12 +1,11 @@
 #include <gtest/gtest.h>
 
 #include "support/forwarding_file_system.h"
-#include "support/rename_test_base.h"
+#include "support/ordinary_user.h"
+#include "support/renamer_run_test_base.h"
 
 namespace qublet {
 namespace {
-
-using Message = ScriptedDialogs::Message;
 
 constexpr const char* kWarning =
     "Warning, you are about to RENAME ALL FILTERABLE SELECTED mp3 files, If two filenames match after filtering only "
@@ -27,39 +26,7 @@ class RowNotices : public RowListener {
   std::pair<int, int> range;
 };
 
-class RenamerRunTest : public RenameTestBase {
- protected:
-  void Run() {
-    fakes_.dialogs.answers.push_back(MessageAnswer::kYes);
-    RunAsking();
-  }
-  void RunAsking() {
-    Renamer::Watch watch;
-    watch.report = [this](const std::string& text) {
-      reports_.push_back(text + (renamer_.view.process ? " +" : ""));
-    };
-    watch.progress = [this](int value, int maximum) {
-      progress_.push_back(std::to_string(value) + "/" + std::to_string(maximum));
-    };
-    renamer_.Activate();
-    renamer_.CmdProcess_Click(watch);
-  }
-  void Undo() { renamer_.cmdUndo_Click({}); }
-  // Rules that do nothing but what the test sets.
-  void Quiet() {
-    renamer_.Option_Click(&RenameConfig::Capitalise, false);
-    renamer_.RemoveRule_Click(0);
-  }
-  void Number() {
-    Quiet();
-    renamer_.Option_Click(&RenameConfig::Increment, true);
-  }
-  std::vector<Message>& Asked() { return fakes_.dialogs.messages; }
-
-  Renamer renamer_{engine_};
-  std::vector<std::string> reports_;
-  std::vector<std::string> progress_;
-};
+class RenamerRunTest : public RenamerRunTestBase {};
 
 TEST_F(RenamerRunTest, ActivationTellsHowManyAreSelected) {
   AddSongs({"a.mp3", "b.mp3", "c.mp3"});
@@ -313,72 +280,6 @@ TEST_F(RenamerRunTest, ARunThatChangesNothingForgetsTheLast) {
   EXPECT_EQ(renamer_.view.report, "Done: 0/0 Items were Restored");
 }
 
-TEST_F(RenamerRunTest, UndoRestoresNamesAndSelectsTheirRows) {
-  AddSongs({"a_1.mp3", "B.mp3", "a_2.mp3"});
-  Run();
-  engine_.document.PlaylistChanged = false;
-  Undo();
-  EXPECT_EQ(FilesOfC(), "B.mp3|a_1.mp3|a_2.mp3");
-  EXPECT_EQ(RowNames(), "a_1.mp3|B.mp3|a_2.mp3");
-  EXPECT_EQ(Selection(), "x-x");
-  EXPECT_EQ(renamer_.view.report, "Done: 2/2 Items were Restored");
-  EXPECT_FALSE(engine_.document.PlaylistChanged);
-}
-
-TEST_F(RenamerRunTest, UndoTakesTheLastRenameBackFirst) {
-  Quiet();
-  renamer_.AddRule_Click("b", "c");
-  renamer_.AddRule_Click("a", "b");
-  AddSongs({"b.mp3", "a.mp3"});
-  Run();
-  ASSERT_EQ(RowNames(), "c.mp3|b.mp3");
-  Undo();
-  EXPECT_EQ(FilesOfC(), "a.mp3|b.mp3");
-  EXPECT_EQ(RowNames(), "b.mp3|a.mp3");
-  EXPECT_EQ(drives_.Read("b.mp3"), "b.mp3");
-  EXPECT_EQ(renamer_.view.report, "Done: 2/2 Items were Restored");
-}
-
-TEST_F(RenamerRunTest, UndoChangesTheFirstRowOfAFile) {
-  AddSongs({"a_1.mp3"});
-  Run();
-  AddRows({"A 1.mp3"});
-  Select("xx");
-  Undo();
-  EXPECT_EQ(RowNames(), "a_1.mp3|A 1.mp3");
-  EXPECT_EQ(Selection(), "x-");
-}
-
-TEST_F(RenamerRunTest, UndoWithoutARowRenamesTheFileAllTheSame) {
-  AddSongs({"a_1.mp3", "a_2.mp3"});
-  Run();
-  Rows().Remove(1);
-  Undo();
-  EXPECT_EQ(FilesOfC(), "a_1.mp3|a_2.mp3");
-  EXPECT_EQ(RowNames(), "a_2.mp3");
-  EXPECT_EQ(renamer_.view.report, "Done: 2/2 Items were Restored");
-}
-
-TEST_F(RenamerRunTest, UndoNeverReplacesAFileAndCanBeTriedAgain) {
-  AddSongs({"a_1.mp3", "a_2.mp3", "a_3.mp3"});
-  Run();
-  drives_.Write("a_2.mp3", "another");
-  Undo();
-  EXPECT_EQ(renamer_.view.report, "Done: 2/3 Items were Restored");
-  EXPECT_TRUE(renamer_.view.undo);
-  EXPECT_FALSE(renamer_.view.timer);
-  EXPECT_EQ(drives_.Read("a_2.mp3"), "another");
-  EXPECT_EQ(RowNames(), "a_1.mp3|A 2.mp3|a_3.mp3");
-  EXPECT_EQ(Selection(), "x-x");
-  std::filesystem::remove(drives_.C() / "a_2.mp3");
-  Undo();
-  EXPECT_EQ(renamer_.view.report, "Done: 1/1 Items were Restored");
-  EXPECT_FALSE(renamer_.view.undo);
-  EXPECT_EQ(RowNames(), "a_1.mp3|a_2.mp3|a_3.mp3");
-  EXPECT_EQ(Selection(), "-x-");
-  EXPECT_EQ(drives_.Read("a_2.mp3"), "a_2.mp3");
-}
-
 TEST_F(RenamerRunTest, AFolderThatRefusesCostsOnlyItsFiles) {
   AddSongs({"locked\\a_1.mp3", "a_2.mp3"});
   class Refusing : public ForwardingFileSystem {
@@ -397,6 +298,18 @@ TEST_F(RenamerRunTest, AFolderThatRefusesCostsOnlyItsFiles) {
   renamer.CmdProcess_Click({});
   EXPECT_EQ(renamer.view.report, "Done: 1/2 Items were Processed");
   EXPECT_EQ(FilesOfC(), "A 2.mp3|locked/a_1.mp3");
+}
+
+TEST_F(RenamerRunTest, AReadOnlyFolderKeepsItsNames) {
+  AddSongs({"locked\\a_1.mp3", "a_2.mp3"});
+  const OrdinaryUser user(drives_.Root());
+  std::filesystem::permissions(drives_.C() / "locked", std::filesystem::perms(0555));
+  Run();
+  EXPECT_EQ(renamer_.view.report, "Done: 1/2 Items were Processed");
+  EXPECT_EQ(FilesOfC(), "A 2.mp3|locked/a_1.mp3");
+  Undo();
+  EXPECT_EQ(FilesOfC(), "a_2.mp3|locked/a_1.mp3");
+  std::filesystem::permissions(drives_.C() / "locked", std::filesystem::perms(0755));
 }
 
 TEST_F(RenamerRunTest, AFileMovedIntoAFolderKeepsItsRowsPath) {

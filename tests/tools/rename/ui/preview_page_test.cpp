@@ -68,6 +68,19 @@ TEST_F(PreviewPageTest, SeesAFileThatHasGone) {
   EXPECT_EQ(Preview(), "1 a_b.mp3 > A B.mp3: missing\n");
 }
 
+TEST_F(PreviewPageTest, AFileThatVanishesBeforeTheRunCostsOnlyItself) {
+  AddSongs({"a_b.mp3", "c_d.mp3"});
+  Open();
+  Turn("Preview");
+  EXPECT_EQ(Preview(), "1 a_b.mp3 > A B.mp3: renamed\n2 c_d.mp3 > C D.mp3: renamed\n");
+  std::filesystem::remove(drives_.C() / "a_b.mp3");
+  fakes_.dialogs.answers = {MessageAnswer::kYes, MessageAnswer::kYes};
+  Click("CmdProcess");
+  EXPECT_EQ(Report(), "Done: 1/2 Items were Processed");
+  EXPECT_EQ(Preview(), "1 a_b.mp3 > A B.mp3: missing\n2 C D.mp3 > C D.mp3: unchanged\n");
+  EXPECT_EQ(FilesOfC(), "C D.mp3");
+}
+
 TEST_F(PreviewPageTest, ShowsTheNumbersForBothAnswers) {
   AddSongs({"1\\a.mp3", "2\\b.mp3"});
   Open();
