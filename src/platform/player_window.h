@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
@@ -16,6 +17,7 @@ using PlayerHandle = std::string;
 enum PlayingState : std::int32_t { kStopped = 0, kPlaying = 1, kPaused = 3 };
 
 inline constexpr int kPlayerPatience = 1000;  // milliseconds
+inline constexpr std::int32_t kNoAnswer = std::numeric_limits<std::int32_t>::min();
 
 // How this system's players start, and so how one is waited for.
 struct PlayerStart {
@@ -55,7 +57,7 @@ class PlayerWindows {
 
   virtual void Stop(const PlayerHandle& player) = 0;
   virtual PlayingState State(const PlayerHandle& player) = 0;
-  // Where it plays, in milliseconds; -1 when it is stopped or doesn't say.
+  // Where it plays, in milliseconds; -1 when it is stopped, kNoAnswer when it doesn't say.
   virtual std::int32_t Position(const PlayerHandle& player) = 0;
   // Goes on from there, playing or paused as it was.
   virtual void Jump(const PlayerHandle& player, std::int32_t milliseconds) = 0;

@@ -188,10 +188,10 @@ TEST_F(TagCommandTest, CopiesNothingFromAFileWithoutTags) {
 
 TEST_F(TagCommandTest, ChangesAttributes) {
   drives_.Write("a.mp3", kSong);
+  EXPECT_EQ(Run({"--attributes", "readonly=SET,readonly=CLR", "c:\\a.mp3"}), 2);
   EXPECT_EQ(Run({"--attributes", "readonly=SET", "c:\\a.mp3"}), 0);
   EXPECT_TRUE(files_->IsReadOnly("c:\\a.mp3"));
   EXPECT_EQ(Run({"--attributes", "readonly=CLR,archive=SET", "c:\\a.mp3", "c:\\gone.mp3"}), 1);
-  EXPECT_EQ(Run({"--attributes", "readonly=SET,readonly=CLR", "c:\\a.mp3"}), 2);
   EXPECT_FALSE(files_->IsReadOnly("c:\\a.mp3"));
   EXPECT_EQ(err_.str(), "qublet: c:\\gone.mp3: no such file or folder\n");
 }

@@ -37,7 +37,7 @@ class GetMediaInfoTest : public testing::Test {
 };
 
 TEST_F(GetMediaInfoTest, DressesTheFactsOfAnMp3) {
-  drives_.Write("music/a.mp3", TextOf(Joined({Frames(100), Id3v1Tag()})));
+  drives_.Write("music/a.mp3", TextOf(Joined({Frames(100), Id3v1TagOf()})));
   const MediaInfo info = Info("c:\\music\\a.mp3");
   EXPECT_TRUE(info.Valid);
   EXPECT_EQ(info.FileName, "a.mp3");

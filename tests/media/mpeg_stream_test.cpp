@@ -132,14 +132,14 @@ TEST(ReadStreamInfo, LooksForACountInLayerIIIOnly) {
 }
 
 TEST(ReadStreamInfo, XingWithoutCountsIsVaryingAtTheRateOfTheAudio) {
-  const StreamFacts facts = FactsOf(Joined({CountFrame("Xing", BigEndian(0)), Frames(99), Id3v1Tag()}));
+  const StreamFacts facts = FactsOf(Joined({CountFrame("Xing", BigEndian(0)), Frames(99), Id3v1TagOf()}));
   EXPECT_EQ(facts.StreamBitrate, "128 Kbit (VBR)");
   EXPECT_DOUBLE_EQ(facts.StreamLength, 100 * 417 * 8 / 128000.0);
 }
 
 TEST(ReadStreamInfo, XingWithFramesOnlyCountsTheAudioBytesOfTheFile) {
   const Bytes flags = Joined({BigEndian(1), BigEndian(200)});
-  const StreamFacts facts = FactsOf(Joined({CountFrame("Xing", flags), Frames(99), ApeTag(500, true), Id3v1Tag()}));
+  const StreamFacts facts = FactsOf(Joined({CountFrame("Xing", flags), Frames(99), ApeTag(500, true), Id3v1TagOf()}));
   // 41,700 bytes in 200 frames of 26.122 ms
   EXPECT_EQ(facts.StreamBitrate, "64 Kbit (VBR)");
   EXPECT_DOUBLE_EQ(facts.StreamLength, 200 * 1152 / 44100.0);
@@ -190,11 +190,11 @@ TEST(ReadStreamInfo, SurvivesTheLargestCounts) {
 
 TEST(ReadStreamInfo, CountsNoTagAtTheEndAsAudio) {
   const double length = 100 * 417 * 8 / 128000.0;
-  EXPECT_DOUBLE_EQ(FactsOf(Joined({Frames(100), Id3v1Tag()})).StreamLength, length);
+  EXPECT_DOUBLE_EQ(FactsOf(Joined({Frames(100), Id3v1TagOf()})).StreamLength, length);
   EXPECT_DOUBLE_EQ(FactsOf(Joined({Frames(100), ApeTag(3000, true)})).StreamLength, length);
-  EXPECT_DOUBLE_EQ(FactsOf(Joined({Frames(100), LyricsTag(3000), Id3v1Tag()})).StreamLength, length);
+  EXPECT_DOUBLE_EQ(FactsOf(Joined({Frames(100), LyricsTag(3000), Id3v1TagOf()})).StreamLength, length);
   EXPECT_DOUBLE_EQ(
-      FactsOf(Joined({Id3v2Tag(5000), Frames(100), LyricsTag(9), ApeTag(8, false), Id3v1Tag()})).StreamLength,
+      FactsOf(Joined({Id3v2TagOf(5000), Frames(100), LyricsTag(9), ApeTag(8, false), Id3v1TagOf()})).StreamLength,
       length);
 }
 
@@ -202,28 +202,29 @@ TEST(ReadStreamInfo, SkipsTagsInFront) {
   const Bytes audio = Frames(100);
   const double length = 100 * 417 * 8 / 128000.0;
   const Bytes footer = Joined({BytesOf("3DI"), {4, 0, 0x10}, SyncSafe(600)});
-  const Bytes with_footer = Joined({Overwritten(Id3v2Tag(600, 4), 5, {0x10}), footer});
-  EXPECT_DOUBLE_EQ(FactsOf(Joined({Id3v2Tag(600), audio})).StreamLength, length);
-  EXPECT_DOUBLE_EQ(FactsOf(Joined({Id3v2Tag(100'000), audio})).StreamLength, length);
-  EXPECT_DOUBLE_EQ(FactsOf(Joined({Id3v2Tag(600), Id3v2Tag(70'000, 2), Id3v2Tag(0), audio})).StreamLength, length);
-  EXPECT_DOUBLE_EQ(FactsOf(Joined({with_footer, audio})).StreamLength, length);
-  EXPECT_DOUBLE_EQ(FactsOf(Joined({Id3v2Tag(600), Bytes(2000), Id3v2Tag(600), BytesOf("junk"), audio})).StreamLength,
+  const Bytes with_footer = Joined({Overwritten(Id3v2TagOf(600, 4), 5, {0x10}), footer});
+  EXPECT_DOUBLE_EQ(FactsOf(Joined({Id3v2TagOf(600), audio})).StreamLength, length);
+  EXPECT_DOUBLE_EQ(FactsOf(Joined({Id3v2TagOf(100'000), audio})).StreamLength, length);
+  EXPECT_DOUBLE_EQ(FactsOf(Joined({Id3v2TagOf(600), Id3v2TagOf(70'000, 2), Id3v2TagOf(0), audio})).StreamLength,
                    length);
+  EXPECT_DOUBLE_EQ(FactsOf(Joined({with_footer, audio})).StreamLength, length);
+  EXPECT_DOUBLE_EQ(
+      FactsOf(Joined({Id3v2TagOf(600), Bytes(2000), Id3v2TagOf(600), BytesOf("junk"), audio})).StreamLength, length);
 }
 
 TEST(ReadStreamInfo, SeesTheFirstFrameBehindATagWhoseFooterIsOnlyClaimed) {
-  const Bytes tag = Overwritten(Id3v2Tag(600, 4), 5, {0x10});
+  const Bytes tag = Overwritten(Id3v2TagOf(600, 4), 5, {0x10});
   EXPECT_DOUBLE_EQ(FactsOf(Joined({tag, CountFrame("Info", Counts(1000, 1)), Frames(9)})).StreamLength,
                    1000 * 1152 / 44100.0);
 }
 
 TEST(ReadStreamInfo, LooksAtNothingInsideATag) {
-  const Bytes tag = Overwritten(Id3v2Tag(5000), 10, Frames(10, {0xFF, 0xF3, 0x80, 0x64}, 208));
+  const Bytes tag = Overwritten(Id3v2TagOf(5000), 10, Frames(10, {0xFF, 0xF3, 0x80, 0x64}, 208));
   EXPECT_EQ(FactsOf(Joined({tag, Frames(10)})).StreamVersion, "1.0");
 }
 
 TEST(ReadStreamInfo, SearchesBehindTheHeadOfATagThatClaimsMoreThanTheFile) {
-  const Bytes broken = Overwritten(Id3v2Tag(600), 6, SyncSafe(200'000'000));
+  const Bytes broken = Overwritten(Id3v2TagOf(600), 6, SyncSafe(200'000'000));
   EXPECT_EQ(FactsOf(Joined({broken, Frames(10)})).StreamBitrate, "128");
   ExpectNoFrame(broken);
 }
@@ -239,7 +240,7 @@ TEST(ReadStreamInfo, SkipsJunkAndFalseHeaders) {
 TEST(ReadStreamInfo, SearchesOneMebibyteAndNoMore) {
   EXPECT_EQ(FactsOf(Joined({Bytes((1 << 20) - 1), Frames(10)})).StreamBitrate, "128");
   ExpectNoFrame(Joined({Bytes(1 << 20), Frames(10)}));
-  EXPECT_EQ(FactsOf(Joined({Id3v2Tag(3'000'000), Bytes(1'000'000), Frames(10)})).StreamBitrate, "128");
+  EXPECT_EQ(FactsOf(Joined({Id3v2TagOf(3'000'000), Bytes(1'000'000), Frames(10)})).StreamBitrate, "128");
 }
 
 TEST(ReadStreamInfo, FailsWithoutAFrame) {
@@ -248,8 +249,8 @@ TEST(ReadStreamInfo, FailsWithoutAFrame) {
   ExpectNoFrame(BytesOf("This is a text, not a song. It says ID3 and TAG."));
   ExpectNoFrame(Bytes(100'000));
   ExpectNoFrame(Bytes(100'000, 0xFF));
-  ExpectNoFrame(Id3v2Tag(600));
-  ExpectNoFrame(Joined({Id3v2Tag(600), Id3v1Tag()}));
+  ExpectNoFrame(Id3v2TagOf(600));
+  ExpectNoFrame(Joined({Id3v2TagOf(600), Id3v1TagOf()}));
 }
 
 TEST(ReadStreamInfo, FailsOnFreeFormat) {
@@ -258,8 +259,8 @@ TEST(ReadStreamInfo, FailsOnFreeFormat) {
 
 TEST(ReadStreamInfo, TakesTheOnlyFrameOfAFileWhenItEndsWithTheAudio) {
   EXPECT_DOUBLE_EQ(FactsOf(Frame()).StreamLength, 417 * 8 / 128000.0);
-  EXPECT_DOUBLE_EQ(FactsOf(Joined({Id3v2Tag(50), Frame(), Id3v1Tag()})).StreamLength, 417 * 8 / 128000.0);
-  EXPECT_DOUBLE_EQ(FactsOf(Joined({Frame(), ApeTag(50, true), Id3v1Tag()})).StreamLength, 417 * 8 / 128000.0);
+  EXPECT_DOUBLE_EQ(FactsOf(Joined({Id3v2TagOf(50), Frame(), Id3v1TagOf()})).StreamLength, 417 * 8 / 128000.0);
+  EXPECT_DOUBLE_EQ(FactsOf(Joined({Frame(), ApeTag(50, true), Id3v1TagOf()})).StreamLength, 417 * 8 / 128000.0);
   ExpectNoFrame(Joined({Frame(), Bytes(1)}));
   ExpectNoFrame(Frame(kHead128, kLength128 - 1));
 }
@@ -281,12 +282,12 @@ TEST(ReadStreamInfo, ReadsOncePerPlaceThatMatters) {
   EXPECT_EQ(counted.Reads(), 1);
   EXPECT_EQ(counted.BytesRead(), 4096u);
 
-  MemoryFile behind_tag(Joined({Id3v2Tag(100'000), CountFrame("Xing", Counts(1000, 1)), Frames(1000)}));
+  MemoryFile behind_tag(Joined({Id3v2TagOf(100'000), CountFrame("Xing", Counts(1000, 1)), Frames(1000)}));
   ReadStreamInfo(behind_tag);
   EXPECT_EQ(behind_tag.Reads(), 2);
   EXPECT_EQ(behind_tag.BytesRead(), 8192u);
 
-  MemoryFile without_count(Joined({Frames(1000), Id3v1Tag()}));
+  MemoryFile without_count(Joined({Frames(1000), Id3v1TagOf()}));
   ReadStreamInfo(without_count);
   EXPECT_EQ(without_count.Reads(), 2);
   EXPECT_EQ(without_count.BytesRead(), 4096u + 160u);

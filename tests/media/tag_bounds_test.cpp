@@ -15,8 +15,8 @@ std::int64_t EndOf(const Bytes& content, std::int64_t first = 0) {
 }
 
 TEST(Id3v2Length, CountsHeadBodyAndFooter) {
-  EXPECT_EQ(Id3v2Length(Id3v2Tag(0)), 10);
-  EXPECT_EQ(Id3v2Length(Id3v2Tag(300)), 310);
+  EXPECT_EQ(Id3v2Length(Id3v2TagOf(0)), 10);
+  EXPECT_EQ(Id3v2Length(Id3v2TagOf(300)), 310);
   EXPECT_EQ(Id3v2Length(Bytes{'I', 'D', '3', 4, 0, 0x10, 0, 0, 2, 0x2C}), 320);
   EXPECT_EQ(Id3v2Length(Bytes{'I', 'D', '3', 2, 0, 0, 127, 127, 127, 127}), 268'435'465);
 }
@@ -41,18 +41,18 @@ TEST(AudioEnd, IsTheSizeOfAFileWithoutTags) {
 }
 
 TEST(AudioEnd, LeavesOutEachKindOfTag) {
-  EXPECT_EQ(EndOf(Joined({kAudio, Id3v1Tag()})), 5000);
+  EXPECT_EQ(EndOf(Joined({kAudio, Id3v1TagOf()})), 5000);
   EXPECT_EQ(EndOf(Joined({kAudio, ApeTag(400, true)})), 5000);
   EXPECT_EQ(EndOf(Joined({kAudio, ApeTag(400, false)})), 5000);
   EXPECT_EQ(EndOf(Joined({kAudio, LyricsTag(700)})), 5000);
   EXPECT_EQ(EndOf(Joined({kAudio, BytesOf("LYRICSBEGIN la la la LYRICSEND")})), 5000);
-  EXPECT_EQ(EndOf(Joined({kAudio, Id3v2Tag(300, 4), BytesOf("3DI"), {4, 0, 0x10}, SyncSafe(300)})), 5000);
+  EXPECT_EQ(EndOf(Joined({kAudio, Id3v2TagOf(300, 4), BytesOf("3DI"), {4, 0, 0x10}, SyncSafe(300)})), 5000);
 }
 
 TEST(AudioEnd, LeavesOutSeveralTagsInAnyOrder) {
-  EXPECT_EQ(EndOf(Joined({kAudio, ApeTag(9000, true), LyricsTag(700), Id3v1Tag()})), 5000);
-  EXPECT_EQ(EndOf(Joined({kAudio, LyricsTag(6000), ApeTag(40, false), Id3v1Tag()})), 5000);
-  EXPECT_EQ(EndOf(Joined({kAudio, ApeTag(40, true), BytesOf("LYRICSBEGINlaLYRICSEND"), Id3v1Tag()})), 5000);
+  EXPECT_EQ(EndOf(Joined({kAudio, ApeTag(9000, true), LyricsTag(700), Id3v1TagOf()})), 5000);
+  EXPECT_EQ(EndOf(Joined({kAudio, LyricsTag(6000), ApeTag(40, false), Id3v1TagOf()})), 5000);
+  EXPECT_EQ(EndOf(Joined({kAudio, ApeTag(40, true), BytesOf("LYRICSBEGINlaLYRICSEND"), Id3v1TagOf()})), 5000);
 }
 
 TEST(AudioEnd, ReadsOnceForAFileWithoutTagsAndForOneWithId3v1) {
@@ -61,7 +61,7 @@ TEST(AudioEnd, ReadsOnceForAFileWithoutTagsAndForOneWithId3v1) {
   EXPECT_EQ(plain.Reads(), 1);
   EXPECT_EQ(plain.BytesRead(), 160u);
 
-  MemoryFile tagged(Joined({kAudio, Id3v1Tag()}));
+  MemoryFile tagged(Joined({kAudio, Id3v1TagOf()}));
   AudioEnd(tagged, 0);
   EXPECT_EQ(tagged.Reads(), 1);
 }

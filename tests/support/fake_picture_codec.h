@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
-#include "media/id3/bytes.h"
 #include "platform/picture_codec.h"
+#include "support/memory_file.h"
 
 namespace qublet {
 
@@ -32,9 +32,5 @@ class FakePictureCodec : public PictureCodec {
     return std::nullopt;
   }
 };
-
-inline Bytes BytesOf(std::string_view text) {
-  return {text.begin(), text.end()};
-}
 
 }  // namespace qublet

@@ -54,11 +54,11 @@ inline Bytes VaryingRate(std::uint32_t length = 333'000) {
 }
 
 // A tag of this version with `length` bytes of body, zeros unless told otherwise.
-inline Bytes Id3v2Tag(std::uint32_t length, std::uint8_t version = 3, std::uint8_t filler = 0) {
+inline Bytes Id3v2TagOf(std::uint32_t length, std::uint8_t version = 3, std::uint8_t filler = 0) {
   return Joined({BytesOf("ID3"), {version, 0, 0}, SyncSafe(length), Bytes(length, filler)});
 }
 
-inline Bytes Id3v1Tag() {
+inline Bytes Id3v1TagOf() {
   return Overwritten(Bytes(128), 0, BytesOf("TAG"));
 }
 

@@ -74,7 +74,7 @@ void TimePositions::TPSItimer_Timer(const std::function<void()>& answered) {
     if (alive.expired()) return;
     engine_.player.PlayerWindow = answer->player;
     if (answer->player.empty()) TPSIautoupdate = false;
-    if (position && TPSIautoupdate) TakePosition(answer->position);
+    if (position && TPSIautoupdate && answer->position != kNoAnswer) TakePosition(answer->position);
     answered();
   });
 }

@@ -159,8 +159,10 @@ class BusPlayers : public PlayerWindows {
     if (program.id.empty()) return player;
     ResumeNext([&] {
       const Time deadline = Deadline();
-      // Half the time is kept for the choice: who doesn't answer may be no player of ours.
-      player = Best(Candidates(program, deadline - std::chrono::milliseconds(kPlayerPatience / 2)), deadline);
+      // Half the time is kept for the choice: who doesn't answer may be no player of ours. And some of it for what
+      // the one that is chosen will be asked.
+      player = Best(Candidates(program, deadline - std::chrono::milliseconds(kPlayerPatience / 2)),
+                    deadline - std::chrono::milliseconds(kPlayerPatience / 4));
     });
     return player;
   }
@@ -188,12 +190,14 @@ class BusPlayers : public PlayerWindows {
   std::int32_t Position(const PlayerHandle& player) override {
     std::int32_t position = -1;
     if (player.empty()) return position;
+    const Time deadline = Deadline();
     ResumeNext([&] {
       std::vector<BusMessage> calls;
       calls.push_back(Property(player, kPlayer, "PlaybackStatus"));
       calls.push_back(Property(player, kPlayer, "Position"));
-      const std::vector<BusMessage> answers = bus_.Ask(calls, Deadline());
+      const std::vector<BusMessage> answers = bus_.Ask(calls, deadline);
       const std::optional<std::int64_t> microseconds = NumberOf(answers[1]);
+      if (!answers[0] && std::chrono::steady_clock::now() >= deadline) position = kNoAnswer;
       if (StateFrom(TextOf(answers[0])) == kStopped || !microseconds) return;
       // At the start of a track some are a little before it, which is no reason to call them stopped.
       position = static_cast<std::int32_t>(

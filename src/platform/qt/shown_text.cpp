@@ -89,9 +89,10 @@ QString ShownTip(std::string_view text) {
 }
 
 QString ShownMessage(std::string_view text, qsizetype longest) {
-  // Lines of a message end in CR.
+  // Lines of a message end in CR, or in LF and CR.
+  QString whole = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
   QStringList lines;
-  for (const QString& line : QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).split(u'\r'))
+  for (const QString& line : whole.replace(u"\n\r"_qs, u"\r"_qs).split(u'\r'))
     lines << WithBreaks(Isolated(WithoutMiddle(ShownText(line), longest)));
   return lines.join(u'\n');
 }

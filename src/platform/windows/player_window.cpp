@@ -38,7 +38,7 @@ class MessagePlayers : public PlayerWindows {
   }
 
   std::int32_t Position(const PlayerHandle& player) override {
-    return player.empty() ? -1 : static_cast<std::int32_t>(Send(player, WM_USER, 0, kAskPosition, -1));
+    return player.empty() ? -1 : static_cast<std::int32_t>(Send(player, WM_USER, 0, kAskPosition, kNoAnswer));
   }
 
   void Jump(const PlayerHandle& player, std::int32_t milliseconds) override {

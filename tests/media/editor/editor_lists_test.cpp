@@ -425,10 +425,13 @@ TEST_F(EditorListsTest, TakesThePlayersPositionWithEachTickWhileTheBoxIsChecked)
   EXPECT_EQ(positions_.TPSImin, 2);
   EXPECT_EQ(positions_.TPSIsec, 6) << "rounded";
   EXPECT_EQ(engine_.player.PlayerWindow, "p");
+  fakes_.players.position = kNoAnswer;
+  tick();
+  EXPECT_EQ(positions_.TPSIsec, 6) << "a player that hangs changes nothing";
   fakes_.players.running = "";
   tick();
   EXPECT_FALSE(positions_.TPSIautoupdate);
-  EXPECT_EQ(answered, 3);
+  EXPECT_EQ(answered, 4);
 }
 
 }  // namespace

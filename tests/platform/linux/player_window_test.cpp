@@ -115,7 +115,7 @@ TEST_F(PlayerWindowsTest, WaitASecondForAllThatAnActionAsks) {
   EXPECT_LT(TimeOf([&] {
               const PlayerWindows::Action action(*players_);
               EXPECT_EQ(players_->State(handle), kStopped);
-              EXPECT_EQ(players_->Position(handle), -1);
+              EXPECT_EQ(players_->Position(handle), kNoAnswer);
               players_->Jump(handle, 1);
               players_->Stop(handle);
             }),
@@ -246,7 +246,7 @@ TEST_F(PlayerWindowsTest, WaitASecondForAPlayerThatHangsAndGoOnWhenItComesBack) 
   const PlayerHandle handle = players_->Find(kFake);
   player->Process().Freeze();
   EXPECT_LT(TimeOf([&] { EXPECT_EQ(players_->State(handle), kStopped); }), kAfterOnePatience);
-  EXPECT_LT(TimeOf([&] { EXPECT_EQ(players_->Position(handle), -1); }), kAfterOnePatience);
+  EXPECT_LT(TimeOf([&] { EXPECT_EQ(players_->Position(handle), kNoAnswer); }), kAfterOnePatience);
   EXPECT_LT(TimeOf([&] { players_->Jump(handle, 1); }), kAfterOnePatience);
   EXPECT_LT(TimeOf([&] { players_->Stop(handle); }), kAfterOnePatience);
   EXPECT_LT(TimeOf([&] { EXPECT_EQ(players_->Find(kFake), handle); }), kPromptly) << "nothing to choose, none asked";

@@ -303,9 +303,8 @@ class JumpInARealPlayer : public RealPlayer {
   JumpInARealPlayer() { Add("c:\\long.wav", 100, true); }
 
   void ExpectAJumpTo(std::int32_t milliseconds) {
-    players_->Stop(link_.PlayerWindow);
-    Play(kPlaySelected);
-    link_.PlayerWindow = JumpWhenPlaying(*players_, link_.PlayerProgram(), milliseconds);
+    Background here;
+    PlaySelectedFrom(link_, preview_, *players_, milliseconds, here);
     ASSERT_NE(link_.PlayerWindow, "");
     const auto jumped = std::chrono::steady_clock::now();
     std::int32_t position = -1;
@@ -346,9 +345,12 @@ TEST_F(JumpInARealPlayer, ThatRunsTwice) {
   WaitForPlaying();
   Play(kPlayList);
   Eventually([&] { return Played(1).size() == 1; });
-  link_.FindPlayerWindow();
+  const PlayerHandle stopped = link_.FindPlayerWindow();
   ExpectAJumpTo(42000);
   EXPECT_EQ(Numbers().size(), 3u);
+  EXPECT_NE(link_.PlayerWindow, stopped);
+  const std::vector<std::string> played = Native({"c:\\long.wav"});
+  EXPECT_TRUE(Eventually([&] { return Played(2) == played; }));
 }
 
 }  // namespace

@@ -5,13 +5,14 @@
 #include "media/editor/ui/list_rows.h"
 #include "media/editor/ui/signature_buttons.h"
 #include "platform/qt/shown_text.h"
+#include "playlist/paths/text.h"
 
 namespace qublet {
 
 namespace {
 
 QString InOneLine(const std::string& text) {
-  return ShownText(text).replace(u"\r\n"_qs, u" "_qs).replace(u'\n', u' ');
+  return ShownText(ReplaceAll(ReplaceAll(text, "\r\n", " "), "\n", " "));
 }
 
 }  // namespace

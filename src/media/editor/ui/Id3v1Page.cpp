@@ -31,7 +31,9 @@ void Id3v1Page::Show(const EditorView& view) {
   for (std::size_t i = 0; i < boxes_.size(); ++i) boxes_[i].Show(form.v1[i]);
   ID3v1Track->setText(QString::fromStdString(form.v1_track));
   ID3v1Genre->setCurrentIndex(form.v1_genre);
-  ID3v1Controls->setEnabled(view.v1_enabled);
+  // The button makes the tag that it fills.
+  for (auto* control : ID3v1Controls->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+    control->setEnabled(control == ID3v2Duplicate ? view.tag_pages : view.v1_enabled);
 }
 
 void Id3v1Page::Collect(TagForm& form) const {

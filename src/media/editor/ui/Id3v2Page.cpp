@@ -25,7 +25,11 @@ void Id3v2Page::Show(const TagEditor& editor, const std::string& thousands_separ
   for (auto& [box, shown] : boxes_) shown.Show(form.v2[box]);
   CommentsTab->Show(editor.comments);
   ImagesTab->Show(editor.pictures, thousands_separator);
-  for (int page = 0; page < Id3v2SubTab->count(); ++page) Id3v2SubTab->widget(page)->setEnabled(view.v2_enabled);
+  for (int page = 0; page < Id3v2SubTab->count(); ++page) {
+    QWidget* shown = Id3v2SubTab->widget(page);
+    if (shown != MiscTab) shown->setEnabled(view.v2_enabled);
+  }
+  MiscTab->Enable(view);
   TpsiTab->Show(editor.positions, view.positions_played);
 }
 

@@ -17,6 +17,8 @@ class MiscPage : public QWidget, private Ui::MiscPage {
   explicit MiscPage(QWidget* parent = nullptr);
 
   void Bind(TagEditor& editor, const CommandRunner& run);
+  // The button makes the tag that it fills, so it can be used without one.
+  void Enable(const EditorView& view);
   std::map<Id3v2Box, FormBox> Boxes() const;
 };
 

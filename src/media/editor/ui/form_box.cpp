@@ -3,7 +3,7 @@
 namespace qublet {
 
 FormBox::FormBox(QLineEdit& box)
-    : read_([&box] { return box.text(); }), write_([&box](const QString& text) {
+    : most_(box.maxLength()), read_([&box] { return box.text(); }), write_([&box](const QString& text) {
         box.setText(text);
         box.setCursorPosition(0);
       }) {}
@@ -20,8 +20,9 @@ FormBox::FormBox(QComboBox& box)
 
 void FormBox::Show(const std::string& text) {
   if (Text() != text) write_(QString::fromStdString(text));
-  given_ = text;
   shown_ = read_();
+  const bool cut = most_ && QString::fromStdString(text).size() > *most_;
+  given_ = cut ? shown_.toStdString() : text;
 }
 
 std::string FormBox::Text() const {

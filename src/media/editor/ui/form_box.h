@@ -4,12 +4,13 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace qublet {
 
 // A box of the form. A text that the user doesn't touch comes back byte for byte, though the toolkit's boxes turn
-// line ends and odd blanks into others.
+// line ends and odd blanks into others. What a box has no room for is gone.
 class FormBox {
  public:
   explicit FormBox(QLineEdit& box);
@@ -21,6 +22,7 @@ class FormBox {
   std::string Text() const;
 
  private:
+  std::optional<qsizetype> most_;  // letters
   std::function<QString()> read_;
   std::function<void(const QString&)> write_;
   std::string given_;

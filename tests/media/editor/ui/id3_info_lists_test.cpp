@@ -200,21 +200,27 @@ TEST_F(Id3InfoListsTest, AddsSavesOpensAndRemovesPictures) {
 
 TEST_F(Id3InfoListsTest, CopiesBetweenTheTags) {
   OpenAt(kMisc, "---x--");
-  EXPECT_FALSE(Enabled("ID3v1Duplicate")) << "there is no tag";
+  EXPECT_TRUE(Enabled("ID3v1Duplicate")) << "it makes the tag that it fills";
+  Click("ID3v1Duplicate");
+  EXPECT_FALSE(Check("ID3v2Present").isChecked()) << "there is nothing to copy";
   Turn(1);
   EXPECT_EQ(Button("ID3v2Duplicate").text(), u"<<Copy from ID3v2"_qs);
   Click("ID3v1Present");
   Box("ID3v1Title").setText(u"Copied"_qs);
   Turn(2);
-  Click("ID3v2Present");
   Find<QTabWidget>("Id3v2SubTab").setCurrentIndex(kMisc);
   EXPECT_EQ(Button("ID3v1Duplicate").text(), u"<<Copy from ID3v1"_qs);
   Click("ID3v1Duplicate");
+  EXPECT_TRUE(Check("ID3v2Present").isChecked());
   EXPECT_EQ(Text("ID3v2Title"), "Copied");
-  Box("ID3v2Title").setText(u"Back"_qs);
+  const QString longer = QString(40, u'x');
+  Box("ID3v2Title").setText(longer);
   Turn(1);
   Click("ID3v2Duplicate");
-  EXPECT_EQ(Text("ID3v1Title"), "Back");
+  EXPECT_EQ(Text("ID3v1Title"), std::string(30, 'x'));
+  Box("ID3v2Title").clear();
+  Click("ID3v1Duplicate");
+  EXPECT_EQ(Text("ID3v2Title"), std::string(30, 'x')) << "what the box shows";
 }
 
 TEST_F(Id3InfoListsTest, ListsThePositionsAndTellsTheNumberOfTheSelectedOne) {
