@@ -88,6 +88,7 @@ class Parser {
 
   bool TakeRule(const std::string& word) {
     if (word == "--rules") {
+      if (options_.rules_file) throw Failure(word + " is given twice");
       options_.rules_file = Next(word);
     } else if (word == "--set") {
       options_.settings.push_back(SettingOf(Next(word)));

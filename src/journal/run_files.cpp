@@ -68,6 +68,13 @@ std::string RunTime(const LocalTime& now) {
   return text;
 }
 
+std::unique_ptr<HeldFile> HoldRun(const FileSystem& files, const std::string& path) {
+  std::unique_ptr<HeldFile> lock;
+  const Outcome asked = Attempt([&] { lock = HoldFile(files, path + ".lock"); });
+  if (asked && !lock) throw Failure("another program is at work on this run");
+  return lock;
+}
+
 // The number is free when the file can be made: another program may begin a run at the same time.
 NewRun BeginRun(const FileSystem& files, const RunKind& kind, const std::string& folder,
                 const std::vector<RunFile>& present, const RunHead& head) {
@@ -80,7 +87,10 @@ NewRun BeginRun(const FileSystem& files, const RunKind& kind, const std::string&
     if (number == first + kTries) made.OrThrow();
   }
   const std::string header = RunHeader(kind, head);
-  const Outcome written = Attempt([&] { run.file->WriteAt(0, AsBytes(header)); });
+  const Outcome written = Attempt([&] {
+    run.lock = HoldRun(files, run.path);
+    run.file->WriteAt(0, AsBytes(header));
+  });
   if (!written) {
     run.file.reset();
     ResumeNext([&] { files.DeleteFile(run.path); });

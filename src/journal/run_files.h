@@ -8,6 +8,7 @@
 
 #include "platform/clock.h"
 #include "platform/file_system.h"
+#include "platform/held_file.h"
 
 namespace qublet {
 
@@ -43,9 +44,14 @@ std::string RunHeader(const RunKind& kind, const RunHead& head);
 RunHead ReadRunHead(const RunKind& kind, InputFile& file);
 std::string RunTime(const LocalTime& now);
 
+// Holds a run against every other program, while it goes on and while it is undone. Throws Failure when another one
+// has it in hand; null where files can't be held.
+std::unique_ptr<HeldFile> HoldRun(const FileSystem& files, const std::string& path);
+
 // A run's file that has just been made, with its lines.
 struct NewRun {
   std::string path;
+  std::unique_ptr<HeldFile> lock;
   std::unique_ptr<InPlaceFile> file;
   std::int64_t size = 0;
 };

@@ -57,7 +57,7 @@ class RenameFormTestBase : public RenameTestBase {
 
   // The preview, once it is worked out: "name > name: result" a row.
   std::string Preview() {
-    EXPECT_TRUE(QTest::qWaitFor([this] { return Find<QLabel>("Counts").text().contains(u"files:"); }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Find<QLabel>("Counts").text().contains(u" renamed, "); }));
     const QAbstractItemModel& model = *Find<QTreeView>("PreviewTable").model();
     std::string text;
     for (int row = 0; row < model.rowCount(); ++row) {

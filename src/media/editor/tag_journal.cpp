@@ -13,6 +13,7 @@ void TagRunRecord::Begin() {
   }
   NewRun run = BeginRun(files_, kTagRuns, folder, runs, {RunTime(clock_.Now()), origin_});
   path_ = run.path;
+  lock_ = std::move(run.lock);
   file_ = std::move(run.file);
   size_ = run.size;
   waiting_ = true;
@@ -60,6 +61,7 @@ void TagRunRecord::Flush() {
 }
 
 void TagRunRecord::End() {
+  lock_.reset();
   if (!file_ || changed_ == noted_) return;
   if (changed_ > 0) return ResumeNext([&] { Append(ClosingRecordBytes(changed_)); });
   // A change may have been made and failed only afterwards.

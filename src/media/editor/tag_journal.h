@@ -10,6 +10,7 @@
 #include "media/tag_write.h"
 #include "platform/clock.h"
 #include "platform/file_system.h"
+#include "platform/held_file.h"
 
 namespace qublet {
 
@@ -64,6 +65,7 @@ class TagRunRecord {
   std::string origin_;
   std::int64_t most_;
   std::string path_;
+  std::unique_ptr<HeldFile> lock_;
   std::unique_ptr<InPlaceFile> file_;
   std::int64_t size_ = 0;
   std::vector<Older> older_;  // the oldest last

@@ -84,6 +84,7 @@ bool ChangedNothing(const FileSystem& files, const RunReader& run) {
 TagUndo UndoTagRun(const FileSystem& files, int number) {
   const std::string folder = RunFolder(files, kTagRuns);
   const RunFile run = FindRun(files, folder, number);
+  const std::unique_ptr<HeldFile> lock = HoldRun(files, run.path);
   Undo undo(files);
   {
     const RunReader reader(files.OpenForReading(run.path));

@@ -27,6 +27,12 @@ TitleReader TitlesOf(const FileSystem& files) {
   return [&files](const std::string& path) { return TagTitle(files, path); };
 }
 
+// The line of a playlist may name a folder.
+bool IsFolder(const FileSystem& files, const std::string& path) {
+  const std::optional<unsigned> attributes = files.Attributes(path);
+  return attributes && (*attributes & kFolder) != 0;
+}
+
 }  // namespace
 
 std::string TagTitle(const FileSystem& files, const std::string& path) {
@@ -83,6 +89,7 @@ RenameResult RenameTo(const FileSystem& files, const std::string& path, const st
   const Outcome renamed = Attempt([&] {
     const std::string refusal = NameRefusal(GetFileName(new_path));
     if (!refusal.empty()) throw Failure(refusal);
+    if (IsFolder(files, path)) throw Failure("it is a folder");
     files.Rename(path, new_path);
   });
   return {renamed ? new_path : path, renamed};

@@ -63,6 +63,7 @@ Outcome RenameRunRecord::Begin(const Clock& clock, const std::vector<PlannedRena
     const Bytes record = PlanRecord(files_, plan);
     NewRun run = BeginRun(files_, kRenameRuns, folder, runs, {RunTime(clock.Now()), "qublet"});
     path = run.path;
+    lock_ = std::move(run.lock);
     file_ = std::move(run.file);
     file_->WriteAt(run.size, record);
     size_ = run.size + static_cast<std::int64_t>(record.size());
@@ -71,6 +72,7 @@ Outcome RenameRunRecord::Begin(const Clock& clock, const std::vector<PlannedRena
   });
   if (!begun) {
     file_.reset();
+    lock_.reset();
     if (!path.empty()) ResumeNext([&] { files_.DeleteFile(path); });
   }
   return begun;
@@ -115,6 +117,7 @@ std::optional<int> NewestRenameRun(const FileSystem& files) {
 RenameUndo UndoRenameRun(const FileSystem& files, int number) {
   const std::string folder = RunFolder(files, kRenameRuns);
   const RunFile run = FindRun(files, folder, number);
+  const std::unique_ptr<HeldFile> lock = HoldRun(files, run.path);
   RenameUndo result;
   {
     const KeptRun kept = ReadKeptRun(files.OpenForReading(run.path));

@@ -8,6 +8,7 @@
 
 #include "platform/clock.h"
 #include "platform/file_system.h"
+#include "platform/held_file.h"
 
 namespace qublet {
 
@@ -33,6 +34,7 @@ class RenameRunRecord {
 
  private:
   const FileSystem& files_;
+  std::unique_ptr<HeldFile> lock_;
   std::unique_ptr<InPlaceFile> file_;
   std::int64_t size_ = 0;
 };

@@ -213,6 +213,19 @@ TEST_F(TagJournalTest, CountsTheFilesThatWereChangedOnly) {
   for (const char* name : {"a.mp3", "b.mp3", "c.mp3"}) EXPECT_EQ(drives_.Read(name), TaggedSong("One"));
 }
 
+TEST_F(TagJournalTest, LeavesARunAloneThatGoesOn) {
+  for (const char* name : {"a.mp3", "b.mp3"}) drives_.Write(name, TaggedSong("One"));
+  TagRunRecord record(*files_, fakes_.clock, kWindowRun);
+  TagRun::Watch watch;
+  bool refused = false;
+  watch.done = [&](const std::string&, const Outcome&) { refused = !Guarded([&] { UndoTagRun(*files_, 1); }); };
+  TagRun(
+      *files_, record, [&](const std::string& path) { return PlanUpdate(*files_, path, Form("New")); }, watch)
+      .Over({"c:\\a.mp3", "c:\\b.mp3"});
+  EXPECT_TRUE(refused);
+  EXPECT_EQ(Loaded("a.mp3").Frame("TIT2"), "New");
+}
+
 // Nothing more can be written but what is open already.
 class FullDisk : public ForwardingFileSystem {
  public:

@@ -200,6 +200,15 @@ TEST_F(ApplyRulesTest, RenamesNothingWhenItIsToTry) {
   EXPECT_TRUE(IsThere("a_song.mp3"));
 }
 
+TEST_F(ApplyRulesTest, RenamesNoFolder) {
+  drives_.Write("m/x.mp3/x.mp3", "abc");
+  config_.Capitalise = true;
+  const std::string row = "c:\\m\\\\x.mp3";  // what the list makes of it
+  EXPECT_EQ(Rename(row), row);
+  EXPECT_TRUE(IsThere("m/x.mp3/x.mp3"));
+  EXPECT_EQ(Rename("c:\\m\\x.mp3"), "c:\\m\\x.mp3");
+}
+
 TEST_F(ApplyRulesTest, NeverReplacesAFile) {
   drives_.Write("a.mp3", "first");
   drives_.Write("b.mp3", "second");

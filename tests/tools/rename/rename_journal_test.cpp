@@ -75,12 +75,24 @@ TEST_F(RenameJournalTest, TellsTheTimeAndTheNewestFirst) {
 TEST_F(RenameJournalTest, KnowsWithoutAWordWhichFilesWereRenamed) {
   Songs({"a.mp3", "b.mp3"});
   std::vector<PlannedRename> plan{{"c:\\a.mp3", "c:\\c.mp3"}, {"c:\\b.mp3", "c:\\d.mp3"}};
-  RenameRunRecord record(*files_);
-  ASSERT_TRUE(record.Begin(fakes_.clock, plan));
+  ASSERT_TRUE(RenameRunRecord(*files_).Begin(fakes_.clock, plan));
   files_->Rename("c:\\a.mp3", "c:\\c.mp3");
   EXPECT_EQ(History(), "1: 1\n");
   EXPECT_EQ(Undo(), "c:\\c.mp3 > c:\\a.mp3\n");
   EXPECT_EQ(FilesOfC(), "a.mp3|b.mp3");
+}
+
+TEST_F(RenameJournalTest, LeavesARunAloneThatGoesOn) {
+  Songs({"a.mp3"});
+  {
+    RenameRunRecord record(*files_);
+    ASSERT_TRUE(record.Begin(fakes_.clock, {{"c:\\a.mp3", "c:\\b.mp3"}}));
+    EXPECT_TRUE(RenameTo(*files_, "c:\\a.mp3", "c:\\b.mp3").outcome);
+    EXPECT_THROW(UndoRenameRun(*files_, 1), Failure);
+    EXPECT_EQ(FilesOfC(), "b.mp3");
+    record.Note(0, true);
+  }
+  EXPECT_EQ(Undo(1), "c:\\b.mp3 > c:\\a.mp3\n");
 }
 
 TEST_F(RenameJournalTest, NeverReplacesAFile) {

@@ -11,7 +11,7 @@ namespace qublet {
 namespace {
 
 constexpr qint64 kRepaintEvery = 20;  // milliseconds
-constexpr int kLettersAcross = 104;   // two names, and what becomes of a file, side by side
+constexpr int kLettersAcross = 116;   // two names, and what becomes of a file, side by side
 
 void FillSummary(QTreeWidget& list, const std::vector<std::string>& sentences) {
   list.clear();

@@ -51,11 +51,8 @@ QString PreviewModel::Counts() const {
   const int renamed = count([](const PreviewRow& row) { return row.fate == RenameFate::kRenamed; });
   const int unchanged = count([](const PreviewRow& row) { return row.fate == RenameFate::kUnchanged; });
   const int problems = count([](const PreviewRow& row) { return Fails(row); });
-  return tr("%1 files: %2 renamed, %3 unchanged, %4 with a problem")
-      .arg(rows_.size())
-      .arg(renamed)
-      .arg(unchanged)
-      .arg(problems);
+  const QString files = rows_.size() == 1 ? tr("1 file") : tr("%1 files").arg(rows_.size());
+  return tr("%1: %2 renamed, %3 unchanged, %4 with a problem").arg(files).arg(renamed).arg(unchanged).arg(problems);
 }
 
 QString PreviewModel::AsText() const {
