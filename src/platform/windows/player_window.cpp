@@ -38,7 +38,9 @@ class MessagePlayers : public PlayerWindows {
   }
 
   std::int32_t Position(const PlayerHandle& player) override {
-    return player.empty() ? -1 : static_cast<std::int32_t>(Send(player, WM_USER, 0, kAskPosition, kNoAnswer));
+    if (player.empty()) return -1;
+    const auto position = static_cast<std::int32_t>(Send(player, WM_USER, 0, kAskPosition, kNoAnswer));
+    return position == kNoAnswer && IsWindow(WindowOf(player)) == 0 ? -1 : position;
   }
 
   void Jump(const PlayerHandle& player, std::int32_t milliseconds) override {

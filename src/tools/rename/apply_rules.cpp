@@ -27,12 +27,6 @@ TitleReader TitlesOf(const FileSystem& files) {
   return [&files](const std::string& path) { return TagTitle(files, path); };
 }
 
-// The line of a playlist may name a folder.
-bool IsFolder(const FileSystem& files, const std::string& path) {
-  const std::optional<unsigned> attributes = files.Attributes(path);
-  return attributes && (*attributes & kFolder) != 0;
-}
-
 }  // namespace
 
 std::string TagTitle(const FileSystem& files, const std::string& path) {
@@ -84,22 +78,22 @@ void RenameRules::ApplyTo(std::string& name, std::int16_t index, std::int16_t to
   name = Trim(name);
 }
 
-RenameResult RenameTo(const FileSystem& files, const std::string& path, const std::string& new_path) {
+RenameResult RenameTo(const FileSystem& files, const std::string& path, const std::string& new_path, PathIs known) {
   if (new_path == path) return {path, {}};
   const Outcome renamed = Attempt([&] {
     const std::string refusal = NameRefusal(GetFileName(new_path));
     if (!refusal.empty()) throw Failure(refusal);
-    if (IsFolder(files, path)) throw Failure("it is a folder");
+    if (known != PathIs::kFile && files.IdentityOf(path)) throw Failure("it is a folder");
     files.Rename(path, new_path);
   });
   return {renamed ? new_path : path, renamed};
 }
 
 RenameResult RenameByRules(const FileSystem& files, const RenameRules& rules, const std::string& path,
-                           std::int16_t Index, std::int16_t Total) {
+                           std::int16_t Index, std::int16_t Total, PathIs known) {
   std::string new_path;
   const Outcome worked_out = Attempt([&] { new_path = rules.NewPath(path, Index, Total, TitlesOf(files)); });
-  return worked_out ? RenameTo(files, path, new_path) : RenameResult{path, worked_out};
+  return worked_out ? RenameTo(files, path, new_path, known) : RenameResult{path, worked_out};
 }
 
 std::string ApplyRenameRules(const FileSystem& files, const RenameConfig& config, const std::string& path,

@@ -39,10 +39,15 @@ struct RenameResult {
   Outcome outcome;   // done also where there was nothing to do
 };
 
-// Renames a file, and never replaces another. A new name with "/" in it is refused on every system. Never throws.
-RenameResult RenameTo(const FileSystem& files, const std::string& path, const std::string& new_path);
+// Whether somebody has looked at what a path leads to: the line of a playlist may name a folder.
+enum class PathIs { kNotKnown, kFile };
+
+// Renames a file, and never replaces another; folders are refused. A new name with "/" in it is refused on every
+// system. Never throws.
+RenameResult RenameTo(const FileSystem& files, const std::string& path, const std::string& new_path,
+                      PathIs known = PathIs::kNotKnown);
 RenameResult RenameByRules(const FileSystem& files, const RenameRules& rules, const std::string& path,
-                           std::int16_t Index, std::int16_t Total);
+                           std::int16_t Index, std::int16_t Total, PathIs known = PathIs::kNotKnown);
 
 // The path that the file has afterwards: `path` itself if nothing could be done. Never throws.
 std::string ApplyRenameRules(const FileSystem& files, const RenameConfig& config, const std::string& path,

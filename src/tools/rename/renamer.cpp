@@ -88,8 +88,14 @@ bool Renamer::AskForRun() {
 }
 
 bool Renamer::AskAboutMissing(const Watch& watch) {
-  const bool all_there = std::ranges::all_of(
-      engine_.document.FileArray, [&](const std::string& path) { return FileExists(engine_.services.files, path); });
+  const FileSystem& files = engine_.services.files;
+  bool all_there = true;
+  not_files_.clear();
+  for (const std::string& path : engine_.document.FileArray) {
+    const std::optional<unsigned> attributes = files.Attributes(path);
+    if (!attributes || (*attributes & kFolder) != 0) not_files_.insert(path);
+    all_there = all_there && (attributes || FileExists(files, path));
+  }
   if (all_there || Ask(kMissing, MessageIcon::kQuestion, MessageButtons::kYesNoCancel) == MessageAnswer::kYes)
     return true;
   Report(watch, "Use 'Remove Non-Existent Items' to Purge Missing Files...");
@@ -144,7 +150,8 @@ Renamer::Count Renamer::RenameSelection(const Watch& watch, bool ResetPerFolder)
     if (rows.At(i).selected) {
       const std::string& path = paths.at(static_cast<std::size_t>(count.tried++));
       const Numbering::Number number = rules.CountsFiles() ? numbering.Next(path) : Numbering::Number{};
-      const std::string new_path = RenameByRules(files, rules, path, number.Index, number.Total).path;
+      const PathIs known = not_files_.contains(path) ? PathIs::kNotKnown : PathIs::kFile;
+      const std::string new_path = RenameByRules(files, rules, path, number.Index, number.Total, known).path;
       UndoOldPaths.push_back(path);
       UndoNewPaths.push_back(new_path);
       if (new_path != path) {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "engine/engine.h"
@@ -93,6 +94,7 @@ class Renamer {
   RenameConfig config_;
   Collection UndoOldPaths;
   Collection UndoNewPaths;
+  std::unordered_set<std::string> not_files_;  // of the selected paths: missing, or folders
 };
 
 }  // namespace qublet

@@ -28,6 +28,15 @@ class RowNotices : public RowListener {
 
 class RenamerRunTest : public RenamerRunTestBase {};
 
+TEST_F(RenamerRunTest, RenamesNoFolderThatAPlaylistNames) {
+  AddSongs({"a_b.mp3", "c_d.mp3"});
+  std::filesystem::remove(drives_.C() / "c_d.mp3");
+  drives_.Write("c_d.mp3/x.txt", "mine");
+  Run();
+  EXPECT_EQ(FilesOfC(), "A B.mp3|c_d.mp3/x.txt");
+  EXPECT_EQ(renamer_.view.report, "Done: 1/2 Items were Processed");
+}
+
 TEST_F(RenamerRunTest, ActivationTellsHowManyAreSelected) {
   AddSongs({"a.mp3", "b.mp3", "c.mp3"});
   Select("x-x");
