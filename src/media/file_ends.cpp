@@ -11,6 +11,7 @@ namespace {
 constexpr std::size_t kChunk = 256 * 1024;
 // A file has one tag in front, or two by mistake; more than this is a heap of forged ones.
 constexpr int kMostTags = 100;
+constexpr std::int64_t kMostInFront = 64 * 1024;  // bytes ahead of a tag
 constexpr auto kId3v1Size = static_cast<std::int64_t>(Id3v1Tag::kSize);
 constexpr auto kId3v1MostCut = static_cast<std::int64_t>(Id3v1Tag::kMostCut);
 
@@ -66,6 +67,41 @@ std::int64_t FindLaterHead(InputFile& file, std::int64_t most_in_front) {
   }
   return 0;
 }
+
+// A file as it will be with another tag in front, never written.
+class WithHead : public InputFile {
+ public:
+  WithHead(InputFile& file, const FileEnds& ends, const Bytes& head)
+      : file_(file), head_(head), start_(ends.head_start), moved_(ends.head_start + length() - ends.head_end) {}
+
+  std::int64_t Size() const override { return file_.Size() + moved_; }
+  std::size_t ReadAt(std::int64_t offset, std::span<std::uint8_t> buffer) override {
+    std::size_t done = 0;
+    while (done < buffer.size()) {
+      const std::int64_t at = offset + static_cast<std::int64_t>(done);
+      const std::size_t step = Piece(at, buffer.subspan(done));
+      if (step == 0) break;
+      done += step;
+    }
+    return done;
+  }
+
+ private:
+  std::int64_t length() const { return static_cast<std::int64_t>(head_.size()); }
+  std::size_t Piece(std::int64_t at, std::span<std::uint8_t> room) {
+    if (at >= start_ + length()) return file_.ReadAt(at - moved_, room);
+    const std::int64_t left = (at < start_ ? start_ : start_ + length()) - at;
+    room = room.first(std::min(room.size(), static_cast<std::size_t>(left)));
+    if (at < start_) return file_.ReadAt(at, room);
+    std::copy_n(head_.begin() + static_cast<std::ptrdiff_t>(at - start_), room.size(), room.begin());
+    return room.size();
+  }
+
+  InputFile& file_;
+  const Bytes& head_;
+  std::int64_t start_;
+  std::int64_t moved_;
+};
 
 // Size of the ID3v1 tag at the end: 128 bytes, or up to four less where a program has cut the year short; 0 for none.
 std::int64_t SizeOfId3v1(InputFile& file, std::int64_t room) {
@@ -193,7 +229,7 @@ FileEnds FindEnds(InputFile& file) {
   FileEnds ends;
   ends.size = file.Size();
   ends.head = ReadHeader(file, 0);
-  if (!ends.head) ends.head_start = FindLaterHead(file, 64 * 1024);
+  if (!ends.head) ends.head_start = FindLaterHead(file, kMostInFront);
   if (ends.head_start > 0) ends.head = ReadHeader(file, ends.head_start);
   if (ends.head) ends.head_end = ends.head_start + ends.head->Extent();
   ends.heads_end = ends.head_end;
@@ -208,6 +244,12 @@ FileEnds FindEnds(InputFile& file) {
 
 bool HasHeadOutOfReach(InputFile& file, const FileEnds& ends) {
   return !ends.head && FindLaterHead(file, 16 * 1024 * 1024) > 0;
+}
+
+bool IsHeadFoundAgain(InputFile& file, const FileEnds& ends, const Bytes& head) {
+  if (ends.head_start == 0) return true;
+  WithHead changed(file, ends, head);
+  return FindLaterHead(changed, kMostInFront) == ends.head_start;
 }
 
 std::optional<RawTag> ReadHead(InputFile& file, const FileEnds& ends) {

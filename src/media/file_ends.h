@@ -39,6 +39,10 @@ std::optional<RawTag> ReadHead(InputFile& file, const FileEnds& ends);
 bool IsHeadReadOtherwise(InputFile& file, const FileEnds& ends);
 std::optional<Id3v1Tag> ReadId3v1(InputFile& file, const FileEnds& ends);
 
+// Whether a tag that replaces the present one where it stands is found there afterwards: what precedes it may look
+// like audio beside other bytes behind. Throws Failure on an input error.
+bool IsHeadFoundAgain(InputFile& file, const FileEnds& ends, const Bytes& head);
+
 // A file that begins and ends anew, with everything between as it was.
 struct EndsChange {
   std::int64_t before = 0;    // bytes at the start that stay

@@ -109,6 +109,7 @@ void TagObject::PlanID3v2(InputFile& file, const FileEnds& ends, TagStep step, E
     if (IsHeadReadOtherwise(file, ends)) throw Failure("other programs see other frames in its tag");
     wanted.EnsureNotEmpty();
     head = FittedTag(wanted.Raw(), static_cast<std::size_t>(extent));
+    if (!IsHeadFoundAgain(file, ends, head)) throw Failure("its tag wouldn't be found again");
   }
   RefuseOverrun(ends);
   if (!ends.head && head.empty()) return;

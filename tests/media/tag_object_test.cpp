@@ -323,5 +323,27 @@ TEST_F(TagObjectTest, KnowsAllGenres) {
   EXPECT_TRUE(list.ends_with("|Psybient"));
 }
 
+// Four bytes in front look like audio, which other audio follows in a picture at the right place.
+TEST_F(TagObjectTest, WritesNoTagThatWouldNotBeFoundAgain) {
+  int refused = 0;
+  for (std::size_t shift = 0; shift < 4; ++shift) {
+    drives_.Write("a.mp3", "....\xFF\xFB\x90\x64" +
+                               TagBytes(3, TextFrameBytes(3, "TIT2", "T") + std::string(600, '\0')) + AudioBytes());
+    Bytes data(shift, '.');
+    for (int i = 0; i < 200; ++i) data.insert(data.end(), {0xFF, 0xFB, 0x90, 0x64});
+    TagObject tag(*files_);
+    tag.ReadTags("c:\\a.mp3", false);
+    ASSERT_TRUE(tag.HasID3v2());
+    tag.Images().Append({"", "image/bmp", data});
+    const bool written = Guarded([&] { tag.WriteID3v2("c:\\a.mp3"); });
+    refused += written ? 0 : 1;
+    TagObject after(*files_);
+    after.ReadTags("c:\\a.mp3", false);
+    EXPECT_TRUE(after.HasID3v2());
+    EXPECT_EQ(after.Images().Count(), written ? 1u : 0u);
+  }
+  EXPECT_GE(refused, 1);
+}
+
 }  // namespace
 }  // namespace qublet
