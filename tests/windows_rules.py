@@ -14,7 +14,7 @@ import subprocess
 import sys
 import tempfile
 
-RULES = ["platform", "paths", "settings", "id3", "media", "journal", "editor", "playlist", "player", "engine", "rename",
+RULES = ["platform", "paths", "settings", "schemes", "id3", "media", "journal", "editor", "playlist", "player", "engine", "rename",
          "cli"]
 WINDOWS = ["platform_qt", "desk", "editor_ui", "rename_ui", "app"]
 TABLE = pathlib.Path(__file__).with_name("windows_unavailable.txt")
