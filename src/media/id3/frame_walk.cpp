@@ -93,6 +93,12 @@ Reach ReachBySizes(BytesView body, int version, unsigned bits_per_byte) {
   return reach;
 }
 
+// Whether a program that counts proper frames takes the other form of sizes for the better explanation.
+bool IsBetter(const Reach& other, const Reach& own, std::size_t Reach::*count, int version) {
+  if (other.*count > own.*count) return version == 4 || other.clean;
+  return other.*count == own.*count && other.clean && !own.clean;
+}
+
 bool HasIdAt(BytesView body, std::size_t at) {
   return at + 4 <= body.size() && IsFrameId(body.subspan(at, 4));
 }
@@ -136,12 +142,16 @@ bool HoldsFramesToOthers(BytesView tail) {
   return ReachBySizes(tail, 4, 8).named > 0 || ReachBySizes(tail, 4, 7).named > 0;
 }
 
+bool LooksWantedToOthers(BytesView body, int version) {
+  const Reach own = ReachBySizes(body, version, version == 4 ? 7 : 8);
+  const Reach other = ReachBySizes(body, version, version == 4 ? 8 : 7);
+  return !IsBetter(other, own, &Reach::named, version) || !IsBetter(other, own, &Reach::whole, version);
+}
+
 bool LooksPlainToOthers(BytesView body) {
   const Reach own = ReachBySizes(body, 4, 7);
   const Reach plain = ReachBySizes(body, 4, 8);
-  const bool exact = plain.clean && !own.clean;
-  if (plain.named > own.named || (plain.named == own.named && exact)) return true;
-  if (plain.whole > own.whole || (plain.whole == own.whole && exact)) return true;
+  if (IsBetter(plain, own, &Reach::named, 4) || IsBetter(plain, own, &Reach::whole, 4)) return true;
   const FrameWalk walk = WalkBySizes(body, 4, true);
   return std::ranges::any_of(walk.starts, [&](std::size_t start) { return NextIdSaysPlain(body, start); });
 }
