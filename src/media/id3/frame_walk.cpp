@@ -150,10 +150,10 @@ bool HoldsFramesToOthers(BytesView tail) {
   return ReachBySizes(tail, 4, 8).named > 0 || ReachBySizes(tail, 4, 7).named > 0;
 }
 
-bool LooksWantedToOthers(BytesView body, int version) {
+bool LooksOtherwiseToOthers(BytesView body, int version) {
   const Reach own = ReachBySizes(body, version, version == 4 ? 7 : 8);
   const Reach other = ReachBySizes(body, version, version == 4 ? 8 : 7);
-  return !IsBetter(other, own, &Reach::named, &Reach::exact, version) ||
+  return other.cut || !IsBetter(other, own, &Reach::named, &Reach::exact, version) ||
          !IsBetter(other, own, &Reach::whole, &Reach::exact, version);
 }
 
