@@ -19,7 +19,8 @@ void RecordWriter::Integer(std::int32_t value, int size) {
 
 void RecordReader::Text(std::string& text, std::size_t length) {
   const std::string bytes = Bytes(length);
-  text = Trim(FromCodePage(std::string_view(bytes).substr(0, bytes.find('\0'))));
+  const std::string_view filled = std::string_view(bytes).substr(0, bytes.find('\0'));
+  text = FromCodePage(filled.substr(0, filled.find_last_not_of(' ') + 1));
 }
 
 std::string RecordReader::Bytes(std::size_t length) {

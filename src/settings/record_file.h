@@ -38,7 +38,7 @@ class RecordReader {
   void Flag(bool& value) { value = Integer(2) != 0; }
   void Short(std::int16_t& value) { value = static_cast<std::int16_t>(Integer(2)); }
   void Long(std::int32_t& value) { value = static_cast<std::int32_t>(Integer(4)); }
-  // Up to the first zero, without the blanks around it.
+  // Up to the first zero, without the blanks that fill it up.
   void Text(std::string& text, std::size_t length);
   std::string Bytes(std::size_t length);
 

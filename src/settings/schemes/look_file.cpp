@@ -1,5 +1,6 @@
 #include "settings/schemes/look_file.h"
 
+#include "playlist/paths/text.h"
 #include "settings/record_file.h"
 
 namespace qublet {
@@ -35,6 +36,7 @@ Look LookOfRecord(std::string_view record) {
   std::int16_t size = 0;
   RecordReader reader(record);
   GoThrough(reader, look, size);
+  look.font = Trim(look.font);
   look.size = size;
   return look;
 }

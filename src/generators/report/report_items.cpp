@@ -1,0 +1,206 @@
+#include "generators/report/report_items.h"
+
+#include <algorithm>
+
+#include "media/file_ends.h"
+#include "media/id3/id3v2_tag.h"
+#include "media/media_info.h"
+#include "media/mpeg_stream.h"
+#include "media/vorbis_comments.h"
+#include "media/wav_header.h"
+#include "playlist/paths/file_details.h"
+#include "playlist/paths/formats.h"
+#include "playlist/paths/numbers.h"
+#include "playlist/paths/path_text.h"
+#include "playlist/paths/text.h"
+
+namespace qublet {
+namespace {
+
+constexpr std::size_t kWorthThreads = 16;  // fewer files are read sooner than threads start
+constexpr std::size_t kMostAhead = 64;
+
+std::string Hertz(double rate) {
+  return NumberText(rate) + " Hz";
+}
+
+void FillStream(const StreamFacts& facts, ReportItem& item) {
+  item.shows_time = true;
+  ResumeNext([&] {
+    item.seconds = IsVbr(facts.StreamBitrate) ? VbrLength(item.size.value(), facts.StreamBitrate)
+                                              : RoundHalfEven(facts.StreamLength);
+  });
+  item.cells[kIdCell] = facts.StreamVersion;
+  item.cells[kLayerCell] = facts.StreamLayer;
+  item.cells[kBitrateCell] = facts.StreamBitrate;
+  item.cells[kSamplerateCell] = Hertz(facts.StreamSamplerate);
+  item.cells[kModeCell] = facts.StreamMode;
+  item.cells[kCrcCell] = YesNoText(facts.StreamCrc);
+  item.cells[kEmphasisCell] = facts.StreamEmphasis;
+  item.cells[kCopyrightedCell] = YesNoText(facts.StreamCopyrighted);
+}
+
+void FillV1(const Id3v1Tag& tag, ReportCells& cells) {
+  cells[kV1TitleCell] = tag.Title();
+  cells[kV1ArtistCell] = tag.Artist();
+  cells[kV1AlbumCell] = tag.Album();
+  cells[kV1YearCell] = tag.Year();
+}
+
+void FillV2(const Id3v2Tag& tag, ReportCells& cells) {
+  cells[kV2TitleCell] = tag.Frame("TIT2");
+  cells[kV2ArtistCell] = tag.Frame("TPE1");
+  cells[kV2AlbumCell] = tag.Frame("TALB");
+  cells[kV2YearCell] = tag.Frame("TYER");
+}
+
+// A file that can't be read has empty tags and a stream of no length.
+void FillFromMp3(InputFile* file, const ReportNeeds& needs, ReportItem& item) {
+  StreamFacts facts;
+  if (file != nullptr) {
+    if (needs.id3v1 || needs.id3v2) {
+      ResumeNext([&] {
+        const FileEnds ends = FindEnds(*file);
+        if (needs.id3v1) FillV1(ReadId3v1(*file, ends).value_or(Id3v1Tag()), item.cells);
+        std::optional<RawTag> head = needs.id3v2 ? ReadHead(*file, ends) : std::nullopt;
+        if (head) FillV2(Id3v2Tag(std::move(*head)), item.cells);
+      });
+    }
+    if (needs.media) ResumeNext([&] { facts = ReadStreamInfo(*file); });
+  }
+  FillStream(facts, item);
+}
+
+void FillFromOgg(InputFile* file, ReportCells& cells) {
+  VorbisComments comments;
+  if (file != nullptr) ReadVorbisComments(*file, comments);
+  cells[kIdCell] = "OGG Vorbis";
+  cells[kV1TitleCell] = comments.Title;
+  cells[kV1ArtistCell] = comments.Artist;
+  cells[kV1AlbumCell] = comments.Album;
+}
+
+void FillFromWav(InputFile* file, ReportItem& item) {
+  WavHeader header;
+  if (file != nullptr) ReadWavHeader(*file, header);
+  std::optional<std::int32_t> bit_rate;
+  ResumeNext([&] { bit_rate = WavBitRate(header); });
+  if (bit_rate && item.size) ResumeNext([&] { item.seconds = WavLength(*item.size, *bit_rate); });
+  item.shows_time = true;
+  item.cells[kIdCell] = header.FormatTag == 1 ? "PCM" : "-";
+  item.cells[kLayerCell] = std::to_string(header.BitsPerSample) + " bps";
+  if (bit_rate) item.cells[kBitrateCell] = WavKilobits(*bit_rate);
+  item.cells[kSamplerateCell] = Hertz(header.SampleRate);
+  if (header.Channels == 2) item.cells[kModeCell] = "Stereo";
+  if (header.Channels == 1) item.cells[kModeCell] = "Mono";
+  item.cells[kCrcCell] = item.cells[kCopyrightedCell] = "No";
+  item.cells[kEmphasisCell] = "None";
+  std::fill(item.cells.begin() + kV1TitleCell, item.cells.end(), "-");
+}
+
+// The file's address, or its place from the base on. Of what addresses must not hold only blanks are escaped.
+std::string LinkTo(const FileSystem& files, const std::string& path, const ReportBase& base) {
+  std::string link = "file:///" + path;
+  if (base.relative) {
+    link = ReplaceAll(path, base.folder + "\\", "");
+  } else {
+    std::string native;
+    ResumeNext([&] { native = files.ToNative(path); });
+    // One that isn't in drive form has its "/" already.
+    if (native.starts_with('/')) return "file://" + ReplaceAll(native, " ", "%20");
+  }
+  return ReplaceAll(ReplaceAll(link, "\\", "/"), " ", "%20");
+}
+
+std::string FolderOf(const std::string& path, const ReportBase& base) {
+  std::string folder = GetFolderPath(path);
+  if (base.relative && !base.folder.empty()) folder = ReplaceAll(folder, base.folder + "\\", "");
+  if (folder.empty()) return ".";
+  if (folder.ends_with('\\')) folder.pop_back();
+  return folder;
+}
+
+// One that is read is opened once; one that can't be opened may still have a length.
+void FillFromFile(const FileSystem& files, const std::string& path, const ReportNeeds& needs,
+                  const std::string& thousands_separator, ReportItem& item) {
+  const std::string extension = LowerCase(GetExtension(path));
+  const bool mp3 = extension == ".mp3" && (needs.media || needs.id3v1 || needs.id3v2);
+  const bool ogg = extension == ".ogg" && needs.id3v1;
+  const bool wav = extension == ".wav";
+  std::unique_ptr<InputFile> file;
+  if (mp3 || ogg || wav) ResumeNext([&] { file = files.OpenForReading(path); });
+  ResumeNext([&] { item.size = ToInteger32(file ? file->Size() : files.FileLength(path)); });
+  if (item.size) item.cells[kSizeCell] = FormatSize(*item.size, thousands_separator);
+  if (extension == ".mp3") FillFromMp3(file.get(), needs, item);
+  if (ogg) FillFromOgg(file.get(), item.cells);
+  if (wav) FillFromWav(file.get(), item);
+}
+
+}  // namespace
+
+ReportItem ReadReportItem(const FileSystem& files, const std::string& path, const ReportNeeds& needs,
+                          const ReportBase& base, const std::string& thousands_separator) {
+  ReportItem item;
+  item.cells[kNameCell] = ProperCase(ReplaceAll(GetFileName(path), GetExtension(path), ""));
+  item.cells[kFolderCell] = FolderOf(path, base);
+  item.found = FileExists(files, path);
+  if (!item.found) {
+    item.cells[kSizeCell] = "Not found!";
+    return item;
+  }
+  if (needs.link) item.link = LinkTo(files, path, base);
+  ResumeNext([&] { FillFromFile(files, path, needs, thousands_separator, item); });
+  return item;
+}
+
+ReportItems::ReportItems(const FileSystem& files, const Collection& paths, const ReportNeeds& needs,
+                         const ReportBase& base, const std::string& thousands_separator)
+    : files_(files), paths_(paths), needs_(needs), base_(base), thousands_separator_(thousands_separator) {
+  if (paths_.size() < kWorthThreads) return;
+  const unsigned count = std::max(2u, std::thread::hardware_concurrency());
+  // A system that allows no (more) threads leaves the work to those there are.
+  ResumeNext([&] {
+    for (unsigned i = 0; i < count; ++i) threads_.emplace_back([this] { Work(); });
+  });
+}
+
+ReportItems::~ReportItems() {
+  {
+    const std::lock_guard lock(mutex_);
+    ended_ = true;
+  }
+  changed_.notify_all();
+}
+
+ReportItem ReportItems::Read(std::size_t place) const {
+  return ReadReportItem(files_, paths_[place], needs_, base_, thousands_separator_);
+}
+
+void ReportItems::Work() {
+  std::unique_lock lock(mutex_);
+  while (true) {
+    changed_.wait(lock, [&] { return ended_ || taken_ == paths_.size() || taken_ < given_ + kMostAhead; });
+    if (ended_ || taken_ == paths_.size()) return;
+    const std::size_t place = taken_++;
+    ahead_.emplace_back();
+    lock.unlock();
+    ReportItem item = Read(place);
+    lock.lock();
+    ahead_[place - given_] = std::move(item);
+    changed_.notify_all();
+  }
+}
+
+ReportItem ReportItems::Next() {
+  if (threads_.empty()) return Read(given_++);
+  std::unique_lock lock(mutex_);
+  changed_.wait(lock, [&] { return !ahead_.empty() && ahead_.front().has_value(); });
+  ReportItem item = std::move(*ahead_.front());
+  ahead_.pop_front();
+  ++given_;
+  lock.unlock();
+  changed_.notify_all();
+  return item;
+}
+
+}  // namespace qublet
