@@ -10,6 +10,7 @@
 #include "cli/player_command.h"
 #include "cli/properties_command.h"
 #include "cli/rename_command.h"
+#include "cli/report_command.h"
 #include "cli/save_command.h"
 #include "cli/scheme_command.h"
 #include "cli/settings_command.h"
@@ -61,6 +62,13 @@ constexpr std::array kCliCommands{
                "print what the rules make of a name, or keep them", RenameCommand},
     CliCommand{"rename", "rename --history | --undo [RUN]", "print the runs that renamed files, or take one back",
                RenameCommand},
+    CliCommand{"report",
+               "report [--settings FILE.rpt] [--set FIELD=VALUE]... [--columns N,N,...] [--replace] OUT PATH...",
+               "write a page about what the paths hold, or a table for an OUT that ends in .txt", ReportCommand},
+    CliCommand{
+        "report",
+        "report [--settings FILE.rpt] [--set FIELD=VALUE]... [--columns N,N,...]\n         --save-settings FILE.rpt",
+        "keep the settings of a report", ReportCommand},
     CliCommand{"scheme", "scheme list | save NAME|current FILE.dps [--replace] | apply NAME|FILE.dps",
                "print the looks of the list, keep one as a file, or make one the stored look", SchemeCommand},
     CliCommand{"settings", "settings [list [--json] | get SECTION KEY | set SECTION KEY VALUE]",

@@ -1,9 +1,11 @@
 #include "cli/list_command.h"
 
+#include <functional>
 #include <ostream>
 
 #include "cli/json_text.h"
 #include "platform/program.h"
+#include "playlist/expansion.h"
 #include "playlist/paths/file_details.h"
 
 namespace qublet {
@@ -34,6 +36,10 @@ void PrintJson(const RowStore& rows, std::ostream& out) {
   }
 }
 
+Outcome ListEnds(std::size_t row) {
+  return Outcome::GivenUp("the list ends at row " + std::to_string(row) + ", the rest is left out");
+}
+
 // Adds what one path holds, all of it.
 Outcome AddPath(Engine& engine, const std::string& path) {
   Document& document = engine.document;
@@ -46,13 +52,13 @@ Outcome AddPath(Engine& engine, const std::string& path) {
   const bool full = rows.Count() == RowStore::MaxRows;
   // A file that holds no sound is a row too.
   if (added > 0 && (all_of_it || !full)) return {};
-  if (!full) return outcome;
-  return Outcome::GivenUp("the list ends at row " + std::to_string(rows.Count()) + ", the rest is left out");
+  return full ? ListEnds(RowStore::MaxRows) : outcome;
 }
 
-}  // namespace
-
-bool AddPaths(CommandContext& context, const Arguments& paths) {
+// Calls `take` with each path that is there. False when one isn't or can't be taken: each is told, the others are
+// taken all the same.
+bool ForEachPath(CommandContext& context, const Arguments& paths,
+                 const std::function<Outcome(const std::string& path)>& take) {
   // Playlists change the current folder: what the user typed counts from the folder of the start.
   Collection absolute;
   bool all_there = true;
@@ -68,12 +74,28 @@ bool AddPaths(CommandContext& context, const Arguments& paths) {
   }
   for (std::size_t i = 0; i < absolute.size(); ++i) {
     if (absolute[i].empty()) continue;
-    const Outcome added = AddPath(context.engine, absolute[i]);
-    if (added) continue;
-    Complain(context.err, paths[i] + ": " + added.Reason(), kCouldNot);
+    const Outcome taken = take(absolute[i]);
+    if (taken) continue;
+    Complain(context.err, paths[i] + ": " + taken.Reason(), kCouldNot);
     all_there = false;
   }
   return all_there;
+}
+
+}  // namespace
+
+bool AddPaths(CommandContext& context, const Arguments& paths) {
+  return ForEachPath(context, paths, [&](const std::string& path) { return AddPath(context.engine, path); });
+}
+
+bool ExpandPaths(CommandContext& context, const Arguments& arguments, Collection& paths) {
+  return ForEachPath(context, arguments, [&](const std::string& path) {
+    const Outcome found = ExpandStuff(context.files, context.engine.services.feedback, path, paths);
+    constexpr std::size_t kRoom = RowStore::MaxRows;
+    if (!found || paths.size() <= kRoom) return found;
+    paths.resize(kRoom);
+    return ListEnds(kRoom);
+  });
 }
 
 int ListCommand(CommandContext& context) {

@@ -51,6 +51,11 @@ void FillByExtension(const FileSystem& files, const std::string& path, MediaInfo
 
 }  // namespace
 
+void NameFile(const std::string& path, MediaInfo& info) {
+  info.FileName = GetFileName(path);
+  info.Path = NormalizedPath(ReplaceAll(path, info.FileName, "")) + "\\";
+}
+
 void CompleteFolder(const FileSystem& files, MediaInfo& info) {
   const std::string current = NormalizedPath(files.CurrentFolder());
   info.Path = info.Path == "\\" ? current + "\\" : current + "\\" + info.Path;
@@ -58,8 +63,7 @@ void CompleteFolder(const FileSystem& files, MediaInfo& info) {
 
 void GetMediaInfo(const FileSystem& files, const std::string& path, MediaInfo& info) {
   info.Valid = false;
-  info.FileName = GetFileName(path);
-  info.Path = NormalizedPath(ReplaceAll(path, info.FileName, "")) + "\\";
+  NameFile(path, info);
   info.Valid = Guarded([&] {
     FillByExtension(files, path, info);
     if (!Contains(path, ":")) CompleteFolder(files, info);

@@ -27,6 +27,8 @@ struct MediaInfo {
 // current folder at the end. Never throws. May be called by several threads at once, each with an `info` of its own.
 void GetMediaInfo(const FileSystem& files, const std::string& path, MediaInfo& info);
 
+// Name and folder alone, without a look at the disk.
+void NameFile(const std::string& path, MediaInfo& info);
 // Puts the current folder before the relative folder in `info`; "\" alone becomes the current folder. Throws Failure.
 void CompleteFolder(const FileSystem& files, MediaInfo& info);
 

@@ -4,11 +4,10 @@
 #include <utility>
 #include <vector>
 
+#include "playlist/expansion.h"
 #include "playlist/m3u_lines.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/folder_walk.h"
-#include "playlist/paths/path_text.h"
-#include "playlist/paths/text.h"
 #include "playlist/row_filling.h"
 #include "playlist/row_paths.h"
 #include "playlist/stoppable_change.h"
@@ -26,19 +25,22 @@ Outcome Items::AddFile(const std::string& filename, int Index, int OrigIndex) {
 }
 
 void Items::AddByKind(const FileDetails& details, int InsertPoint) {
-  if (details.IsFolder) {
-    AddFolder(details.Path, InsertPoint);
-    return;
+  switch (KindOfStuff(details)) {
+    case StuffKind::kNothing:
+      break;
+    case StuffKind::kAudioFile:
+      AddFile(details.Path, InsertPoint, 0).OrThrow();
+      break;
+    case StuffKind::kFolder:
+      AddFolder(details.Path, InsertPoint);
+      break;
+    case StuffKind::kPlaylist:
+      files_.SetCurrentFolder(FolderOfPlaylist(details.Path));
+      DestroyFileArray(document_);
+      ReadPlaylistLines(files_, details.Path, document_.FileArray).OrThrow();
+      LoadFileArrayToList(InsertPoint);
+      break;
   }
-  if (!details.IsFile) return;
-  for (const std::string& filter : FileFilters()) {
-    if ("*" + details.Extension == filter) AddFile(details.Path, InsertPoint, 0).OrThrow();
-  }
-  if (!IsPlaylistExtension(details.Extension)) return;
-  files_.SetCurrentFolder(ReplaceAll(details.Path, "\\" + GetFileName(details.Path), ""));
-  DestroyFileArray(document_);
-  ReadPlaylistLines(files_, details.Path, document_.FileArray).OrThrow();
-  LoadFileArrayToList(InsertPoint);
 }
 
 Outcome Items::AddStuff(std::string filename, bool ReSelect, int& InsertPoint) {

@@ -1,0 +1,60 @@
+#include "playlist/expansion.h"
+
+#include <algorithm>
+
+#include "media/media_info.h"
+#include "playlist/m3u_lines.h"
+#include "playlist/paths/folder_walk.h"
+#include "playlist/paths/path_text.h"
+#include "playlist/paths/text.h"
+
+namespace qublet {
+namespace {
+
+// As the row that is made of the path has it.
+std::string FullPath(const FileSystem& files, const std::string& path) {
+  MediaInfo info;
+  NameFile(path, info);
+  if (!Contains(path, ":")) ResumeNext([&] { CompleteFolder(files, info); });
+  return info.Path + info.FileName;
+}
+
+}  // namespace
+
+StuffKind KindOfStuff(const FileDetails& details) {
+  if (details.IsFolder) return StuffKind::kFolder;
+  if (!details.IsFile) return StuffKind::kNothing;
+  if (std::ranges::find(FileFilters(), "*" + details.Extension) != FileFilters().end()) return StuffKind::kAudioFile;
+  return IsPlaylistExtension(details.Extension) ? StuffKind::kPlaylist : StuffKind::kNothing;
+}
+
+std::string FolderOfPlaylist(const std::string& path) {
+  return ReplaceAll(path, "\\" + GetFileName(path), "");
+}
+
+Outcome ExpandStuff(FileSystem& files, Feedback& feedback, std::string filename, Collection& paths) {
+  return Attempt([&] {
+    FileDetails details;
+    GetFileDetails(files, filename, details);
+    Collection found;
+    switch (KindOfStuff(details)) {
+      case StuffKind::kNothing:
+        break;
+      case StuffKind::kAudioFile:
+        found.push_back(details.Path);
+        break;
+      case StuffKind::kFolder:
+        WalkFolder(files, feedback, details.Path, FileFilters(), found, true, false);
+        break;
+      case StuffKind::kPlaylist:
+        files.SetCurrentFolder(FolderOfPlaylist(details.Path));
+        ReadPlaylistLines(files, details.Path, found).OrThrow();
+        break;
+    }
+    if (feedback.Stopped()) throw Failure("stopped");
+    if (found.empty()) throw Failure("nothing to list");
+    for (const std::string& path : found) paths.push_back(FullPath(files, path));
+  });
+}
+
+}  // namespace qublet
