@@ -11,6 +11,7 @@
 #include "cli/properties_command.h"
 #include "cli/rename_command.h"
 #include "cli/save_command.h"
+#include "cli/scheme_command.h"
 #include "cli/search_command.h"
 #include "cli/settings_command.h"
 #include "cli/tag_command.h"
@@ -61,6 +62,8 @@ constexpr std::array kCliCommands{
                "print what the rules make of a name, or keep them", RenameCommand},
     CliCommand{"rename", "rename --history | --undo [RUN]", "print the runs that renamed files, or take one back",
                RenameCommand},
+    CliCommand{"scheme", "scheme list | save NAME|current FILE.dps [--replace] | apply NAME|FILE.dps",
+               "print the looks of the list, keep one as a file, or make one the stored look", SchemeCommand},
     CliCommand{"search", "search [--in COLUMNS] [--case] TEXT PATH...",
                "print the rows that hold a text; COLUMNS of filename, folder, time, size, id, layer, bitrate,\n"
                "      samplerate, mode, parted by commas",

@@ -11,7 +11,7 @@
 namespace qublet {
 namespace {
 
-// So that a setting is one line of three parts whatever it holds.
+// So that a setting is one line of four parts whatever it holds.
 std::string Escaped(const std::string& text) {
   std::string escaped;
   for (const char c : text) {
@@ -35,13 +35,22 @@ std::string Escaped(const std::string& text) {
   return escaped;
 }
 
+// Of a value that can't be read, the caption that the default has.
+std::string CaptionOf(const Setting& setting) {
+  const SettingRow* const row = FindSettingRow(setting.section, setting.key);
+  if (row == nullptr) return "";
+  const std::optional<SettingValue> value = ReadSetting(*row, setting.value);
+  return SettingCaption(*row, value ? *value : ReadSetting(*row, row->default_text).value_or(SettingValue()));
+}
+
 int List(const SettingsStore& store, bool json, std::ostream& out) {
-  for (const auto& [section, key, value] : store.AllSettings(AppKey())) {
+  for (const Setting& setting : store.AllSettings(AppKey())) {
+    const auto& [section, key, value] = setting;
     if (json) {
       out << "{\"section\": " << JsonText(section) << ", \"key\": " << JsonText(key)
-          << ", \"value\": " << JsonText(value) << "}\n";
+          << ", \"value\": " << JsonText(value) << ", \"caption\": " << JsonText(CaptionOf(setting)) << "}\n";
     } else {
-      out << Escaped(section) << '\t' << Escaped(key) << '\t' << Escaped(value) << '\n';
+      out << Escaped(section) << '\t' << Escaped(key) << '\t' << Escaped(value) << '\t' << CaptionOf(setting) << '\n';
     }
   }
   return kDone;
@@ -64,9 +73,9 @@ std::string Wanted(const SettingRow& row) {
     case SettingCode::kFlag:
       return "1 or 0";
     case SettingCode::kText:
-      return "a text of up to " + std::to_string(row.most) + " characters";
+      return "a text of up to " + std::to_string(row.limits.most) + " characters";
     default:
-      return "a number from " + std::to_string(row.least) + " to " + std::to_string(row.most);
+      return "a number from " + std::to_string(row.limits.least) + " to " + std::to_string(row.limits.most);
   }
 }
 
@@ -76,7 +85,7 @@ bool Fits(const SettingRow& row, const std::string& text) {
   if (row.code == SettingCode::kText) return text.empty() || (value && std::get<std::string>(*value) == text);
   if (!value) return false;
   const auto* number = std::get_if<std::int32_t>(&*value);
-  return number == nullptr || (row.least <= *number && *number <= row.most);
+  return number == nullptr || (row.limits.least <= *number && *number <= row.limits.most);
 }
 
 int Set(SettingsStore& store, const Setting& setting, std::ostream& err) {

@@ -22,16 +22,17 @@ TEST_F(SettingsCommandTest, SetsGetsAndLists) {
   EXPECT_EQ(Run({"get", "SSE", "RCount"}), 0);
   EXPECT_EQ(out_.str(), "12\n");
   EXPECT_EQ(Run({"list"}), 0);
-  EXPECT_EQ(out_.str(), "SSE\tRCount\t12\nRF\tW\tc:\\\\winamp.bm\n");
+  EXPECT_EQ(out_.str(), "SSE\tRCount\t12\tRecent files count:\nRF\tW\tc:\\\\winamp.bm\t\n");
   EXPECT_EQ(Run({}), 0);
-  EXPECT_EQ(out_.str(), "SSE\tRCount\t12\nRF\tW\tc:\\\\winamp.bm\n");
+  EXPECT_EQ(out_.str(), "SSE\tRCount\t12\tRecent files count:\nRF\tW\tc:\\\\winamp.bm\t\n");
   EXPECT_EQ(err_.str(), "");
 }
 
-TEST_F(SettingsCommandTest, ListsEachSettingInALineOfThreeParts) {
+TEST_F(SettingsCommandTest, ListsEachSettingInALineOfFourParts) {
   store_.SaveSettings("QUBLET2021", {{"a\tb", "c\\d", "two\r\nlines"}, {"SSE", "DefSName", "\\t"}});
   EXPECT_EQ(Run({"list"}), 0);
-  EXPECT_EQ(out_.str(), "a\\tb\tc\\\\d\ttwo\\r\\nlines\nSSE\tDefSName\t\\\\t\n");
+  EXPECT_EQ(out_.str(),
+            "a\\tb\tc\\\\d\ttwo\\r\\nlines\t\nSSE\tDefSName\t\\\\t\tDefault Playlist Filename for Saving:\n");
 }
 
 TEST_F(SettingsCommandTest, ListsEachSettingAsAJsonObject) {
@@ -40,9 +41,25 @@ TEST_F(SettingsCommandTest, ListsEachSettingAsAJsonObject) {
        std::vector<std::vector<std::string>>{{"list", "--json"}, {"--json"}}) {
     EXPECT_EQ(Run(arguments), 0);
     EXPECT_EQ(out_.str(),
-              "{\"section\": \"a\\u0009b\", \"key\": \"c\", \"value\": \"two\\u000alines\"}\n"
-              "{\"section\": \"SSE\", \"key\": \"Idir\", \"value\": \"c:\\\\m\"}\n");
+              "{\"section\": \"a\\u0009b\", \"key\": \"c\", \"value\": \"two\\u000alines\", \"caption\": \"\"}\n"
+              "{\"section\": \"SSE\", \"key\": \"Idir\", \"value\": \"c:\\\\m\", "
+              "\"caption\": \"Default import directory/folder:\"}\n");
   }
+}
+
+TEST_F(SettingsCommandTest, PutsTheCaptionOfTheChosenOptionBesideASetting) {
+  store_.SaveSettings("QUBLET2021", {{"ToolB", "Flat", "True"},
+                                     {"ToolB", "Align", "2"},
+                                     {"SSE", "SActi", "False"},
+                                     {"SSE", "SHUFFLEINT", "3"},
+                                     {"SSE", "DBLCLKACTN", "odd"},
+                                     {"SSE", "AUDate", "False"},
+                                     {"TableB", "TV1", "80"}});
+  EXPECT_EQ(Run({"list"}), 0);
+  EXPECT_EQ(out_.str(),
+            "ToolB\tFlat\tTrue\tFlat Buttons\nToolB\tAlign\t2\tAlign Bottom\nSSE\tSActi\tFalse\tAbsolute Save\n"
+            "SSE\tSHUFFLEINT\t3\tShuffle Intensity:\nSSE\tDBLCLKACTN\todd\tPlay Selected\n"
+            "SSE\tAUDate\tFalse\tAutomatically check for Updates\nTableB\tTV1\t80\t\n");
 }
 
 TEST_F(SettingsCommandTest, TellsAnAbsentValueFromAnEmptyOne) {

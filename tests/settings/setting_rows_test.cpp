@@ -96,10 +96,10 @@ TEST(SettingRows, NameEachKeyOnce) {
 TEST(SettingRows, HaveDefaultsWithinTheirBounds) {
   int numbers = 0;
   for (const SettingRow& row : SettingRows()) {
-    const SettingValue value = ReadSetting(row, row.default_text).value_or(SettingValue(row.least));
+    const SettingValue value = ReadSetting(row, row.default_text).value_or(SettingValue(row.limits.least));
     const auto* number = std::get_if<std::int32_t>(&value);
     numbers += number != nullptr;
-    EXPECT_TRUE(number == nullptr || (row.least <= *number && *number <= row.most)) << row.key;
+    EXPECT_TRUE(number == nullptr || (row.limits.least <= *number && *number <= row.limits.most)) << row.key;
   }
   EXPECT_GT(numbers, 20);
 }

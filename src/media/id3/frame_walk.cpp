@@ -57,11 +57,14 @@ void GoOn(FrameWalk& walk, BytesView body, int version, bool sync_safe) {
   walk.clean = true;
 }
 
-// Whether the last frame, and not some place in the padding, is where the walk ends. A text may end in a few zeros.
-bool EndsWithItsLastFrame(const FrameWalk& walk, BytesView body) {
+// Whether the last frame, and not some place in the padding, is where a walk ends. A text may end in a few zeros.
+bool EndsWithItsLastFrame(BytesView last) {
   constexpr std::size_t kMostZeros = 3;
-  const BytesView last = body.first(walk.end).subspan(walk.starts.empty() ? 0 : walk.starts.back());
   return last.size() > kMostZeros && !IsPadding(last.last(kMostZeros + 1));
+}
+
+bool EndsWithItsLastFrame(const FrameWalk& walk, BytesView body) {
+  return EndsWithItsLastFrame(body.first(walk.end).subspan(walk.starts.empty() ? 0 : walk.starts.back()));
 }
 
 // How far a program gets that passes over ids it doesn't know.
@@ -69,6 +72,7 @@ struct Reach {
   std::size_t named = 0;
   std::size_t whole = 0;  // those of them that don't run beyond the end
   bool clean = false;     // ends at the end of the bytes or in padding
+  bool exact = false;     // clean, and with the last frame
   bool cut = false;       // ends inside a proper frame
 };
 
@@ -77,10 +81,12 @@ Reach ReachBySizes(BytesView body, int version, unsigned bits_per_byte) {
   const std::size_t header = FrameHeaderSize(version);
   Reach reach;
   std::size_t at = 0;
+  std::size_t last = 0;
   bool proper = false;
   while (at + header <= body.size()) {
     const BytesView frame = body.subspan(at);
     if (IsPadding(frame.first(shape.id_length))) break;
+    last = at;
     proper = IsFrameId(frame.first(shape.id_length));
     reach.named += proper ? 1 : 0;
     const BytesView field = frame.subspan(shape.id_length, shape.size_length);
@@ -89,8 +95,16 @@ Reach ReachBySizes(BytesView body, int version, unsigned bits_per_byte) {
     reach.whole += proper && at <= body.size() ? 1 : 0;
   }
   reach.clean = at <= body.size();
+  reach.exact = reach.clean && EndsWithItsLastFrame(body.subspan(last, at - last));
   reach.cut = proper && !reach.clean;
   return reach;
+}
+
+// Whether a program that counts proper frames takes the other form of sizes for the better explanation. Of as many
+// frames it may want to see the `end` clean or exact.
+bool IsBetter(const Reach& other, const Reach& own, std::size_t Reach::*count, bool Reach::*end, int version) {
+  if (other.*count > own.*count) return version == 4 || other.clean;
+  return other.*count == own.*count && other.*end && !own.clean;
 }
 
 bool HasIdAt(BytesView body, std::size_t at) {
@@ -136,12 +150,18 @@ bool HoldsFramesToOthers(BytesView tail) {
   return ReachBySizes(tail, 4, 8).named > 0 || ReachBySizes(tail, 4, 7).named > 0;
 }
 
+bool LooksWantedToOthers(BytesView body, int version) {
+  const Reach own = ReachBySizes(body, version, version == 4 ? 7 : 8);
+  const Reach other = ReachBySizes(body, version, version == 4 ? 8 : 7);
+  return !IsBetter(other, own, &Reach::named, &Reach::exact, version) ||
+         !IsBetter(other, own, &Reach::whole, &Reach::exact, version);
+}
+
 bool LooksPlainToOthers(BytesView body) {
   const Reach own = ReachBySizes(body, 4, 7);
   const Reach plain = ReachBySizes(body, 4, 8);
-  const bool exact = plain.clean && !own.clean;
-  if (plain.named > own.named || (plain.named == own.named && exact)) return true;
-  if (plain.whole > own.whole || (plain.whole == own.whole && exact)) return true;
+  if (IsBetter(plain, own, &Reach::named, &Reach::clean, 4)) return true;
+  if (IsBetter(plain, own, &Reach::whole, &Reach::clean, 4)) return true;
   const FrameWalk walk = WalkBySizes(body, 4, true);
   return std::ranges::any_of(walk.starts, [&](std::size_t start) { return NextIdSaysPlain(body, start); });
 }

@@ -54,6 +54,10 @@ bool EndsInCutFrame(BytesView tail, int version);
 // through.
 bool HoldsFramesToOthers(BytesView tail);
 
+// The same of a tag whose walk went by the other form of sizes: whether a program that passes over odd ids could take
+// the wanted form for the better explanation.
+bool LooksWantedToOthers(BytesView body, int version);
+
 // How other programs come by the frames of an ID3v2.4 tag: whether one that goes by the sizes alone, or looks only
 // from one frame to the next, could take plain sizes for the better explanation of these bytes.
 bool LooksPlainToOthers(BytesView body);

@@ -24,6 +24,17 @@ std::size_t ExtendedHeaderSize(BytesView body, int version) {
   return std::min(size, body.size());
 }
 
+// The frames and what follows them. Where the whole tag is unsynchronised, `plain` becomes what that stands for.
+BytesView FrameBytes(const TagHeader& header, BytesView body, std::optional<Bytes>& plain) {
+  body = body.first(std::min<std::size_t>(body.size(), header.body_size));
+  if (header.version < 4 && (header.flags & kTagUnsynchronised) != 0 && IsUnsynchronised(body)) {
+    plain = Resynchronise(body);
+    body = *plain;
+  }
+  const bool extended = header.version > 2 && (header.flags & kTagExtendedHeader) != 0;
+  return body.subspan(extended ? ExtendedHeaderSize(body, header.version) : 0);
+}
+
 RawFrame FrameAt(BytesView body, std::size_t start, std::size_t end, int version) {
   const std::size_t id_length = ShapeOf(version, false).id_length;
   const std::size_t header = FrameHeaderSize(version);
@@ -83,20 +94,12 @@ std::optional<TagHeader> ParseTagHeader(BytesView bytes) {
 std::optional<RawTag> ParseTag(const TagHeader& header, BytesView body) {
   const int version = header.version;
   if (version < 2 || version > 4 || (version == 2 && (header.flags & kTagCompressed) != 0)) return std::nullopt;
-  body = body.first(std::min<std::size_t>(body.size(), header.body_size));
+  std::optional<Bytes> plain;
+  body = FrameBytes(header, body, plain);
 
   RawTag tag;
   tag.version = version;
-  tag.unsynchronised = (header.flags & kTagUnsynchronised) != 0 && (version == 4 || IsUnsynchronised(body));
-  Bytes plain;
-  if (tag.unsynchronised && version < 4) {
-    plain = Resynchronise(body);
-    body = plain;
-  }
-  if (version > 2 && (header.flags & kTagExtendedHeader) != 0) {
-    body = body.subspan(ExtendedHeaderSize(body, version));
-  }
-
+  tag.unsynchronised = (header.flags & kTagUnsynchronised) != 0 && (version == 4 || plain);
   const FrameWalk walk = WalkFrames(body, version);
   tag.frames.reserve(walk.starts.size());
   for (std::size_t i = 0; i < walk.starts.size(); ++i) {
@@ -137,10 +140,13 @@ bool IsAmbiguous(BytesView tag) {
 
 bool IsReadOtherwise(BytesView tag) {
   const auto header = ParseTagHeader(tag);
-  if (!header || header->version != 4) return false;
-  const BytesView body = tag.subspan(TagHeader::kSize);
-  const FrameWalk walk = WalkFrames(body, 4);
-  return walk.other_form ? !walk.clean && HoldsFramesToOthers(body.subspan(walk.end)) : LooksPlainToOthers(body);
+  if (!header || header->version < 3 || header->version > 4) return false;
+  std::optional<Bytes> plain;
+  const BytesView body = FrameBytes(*header, tag.subspan(TagHeader::kSize), plain);
+  const FrameWalk walk = WalkFrames(body, header->version);
+  if (!walk.other_form) return header->version == 4 && LooksPlainToOthers(body);
+  return LooksWantedToOthers(body, header->version) ||
+         (header->version == 4 && !walk.clean && HoldsFramesToOthers(body.subspan(walk.end)));
 }
 
 bool PadTag(Bytes& tag, std::size_t extent) {

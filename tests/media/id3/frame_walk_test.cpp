@@ -168,6 +168,30 @@ TEST(IsAmbiguous, IsNoTagOfAnotherKind) {
   EXPECT_FALSE(IsAmbiguous({}));
 }
 
+// A frame with an odd id, of 797 bytes by a plain size and of 413 by a sync-safe one.
+const std::string kOddFrame = "ePIC"s + NumberBytes(797, 4) + "\0\0"s + Data(413);
+const std::string kTwoArtists = TextFrameBytes(4, "TPE1", "one") + TextFrameBytes(4, "TPE2", "two");
+
+TEST(IsReadOtherwise, IsATagWhosePlainSizesHideFramesFromUsThatOthersSee) {
+  const std::string hidden = kTwoArtists + Data(797 - 413 - kTwoArtists.size());
+  const std::string tag = TagBytes(4, kTitle4 + kOddFrame + hidden);
+  ASSERT_EQ(Parsed(4, kTitle4 + kOddFrame + hidden).frames.size(), 2u);
+  EXPECT_TRUE(IsReadOtherwise(AsBytes(tag)));
+}
+
+TEST(IsReadOtherwise, IsATagWhoseSyncSafeSizesHideFramesFromUsThatOthersSee) {
+  const std::string seen = Data(797 - 413 - 10) + kTwoArtists + Data(100 - kTwoArtists.size());
+  const std::string body = kTitle3 + kOddFrame + FrameBytes(4, "odd.", seen);
+  ASSERT_EQ(Parsed(3, body).frames.size(), 3u);
+  EXPECT_TRUE(IsReadOtherwise(AsBytes(TagBytes(3, body))));
+}
+
+TEST(IsReadOtherwise, IsNoTagWithTheSizesOfAnotherVersionThroughout) {
+  const std::string mistaken = FrameBytes(3, "APIC", Data(702)) + TextFrameBytes(3, "TALB", "Album");
+  EXPECT_FALSE(IsReadOtherwise(AsBytes(TagBytes(4, kTitle4 + mistaken))));
+  EXPECT_FALSE(IsReadOtherwise(AsBytes(TagBytes(3, kTitle3 + kPicture4 + TextFrameBytes(4, "TALB", "Album")))));
+}
+
 TEST(IsAmbiguous, IsATagWhereAProgramThatLooksForTheNextIdFindsItAtThePlainSize) {
   std::string behind = "x" + std::string(639, 'y');
   const std::string next = TextFrameBytes(4, "TPE1", "x");
