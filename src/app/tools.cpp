@@ -4,6 +4,7 @@
 #include "player/ui/play_commands.h"
 #include "playlist/ui/menu_commands.h"
 #include "tools/rename/ui/add_rename.h"
+#include "tools/search/ui/add_search.h"
 
 namespace qublet {
 
@@ -16,6 +17,7 @@ void AddTools(Commands& commands, const Desk& desk) {
   AddPlayCommands(commands, desk);
   AddTagEditor(commands, desk);
   AddRename(commands, desk);
+  AddSearch(commands, desk);
 }
 
 }  // namespace qublet

@@ -13,6 +13,7 @@
 #include "cli/report_command.h"
 #include "cli/save_command.h"
 #include "cli/scheme_command.h"
+#include "cli/search_command.h"
 #include "cli/settings_command.h"
 #include "cli/tag_command.h"
 #include "settings/application.h"
@@ -71,6 +72,10 @@ constexpr std::array kCliCommands{
         "keep the settings of a report", ReportCommand},
     CliCommand{"scheme", "scheme list | save NAME|current FILE.dps [--replace] | apply NAME|FILE.dps",
                "print the looks of the list, keep one as a file, or make one the stored look", SchemeCommand},
+    CliCommand{"search", "search [--in COLUMNS] [--case] TEXT PATH...",
+               "print the rows that hold a text; COLUMNS of filename, folder, time, size, id, layer, bitrate,\n"
+               "      samplerate, mode, parted by commas",
+               SearchCommand},
     CliCommand{"settings", "settings [list [--json] | get SECTION KEY | set SECTION KEY VALUE]",
                "print or change the stored settings", SettingsCommand},
 };

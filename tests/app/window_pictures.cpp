@@ -14,6 +14,7 @@
 #include "desk/Status.h"
 #include "editor_pictures.h"
 #include "rename_pictures.h"
+#include "search_pictures.h"
 #include "support/main_window.h"
 #include "support/mpeg_frames.h"
 
@@ -101,6 +102,7 @@ class Pictures {
     const TakePicture take = [this](const std::string& name, QWidget* window) { Take(name.c_str(), window); };
     TakeEditorPictures(window_, take);
     TakeRenamePictures(window_, take);
+    TakeSearchPictures(window_, take);
   }
 
   bool Failed() const { return failed_; }
