@@ -55,6 +55,7 @@ void GoOn(FrameWalk& walk, BytesView body, int version, bool sync_safe) {
   walk.named += rest.named;
   walk.end += rest.end;
   walk.clean = true;
+  walk.mixed = rest.named > 0;
 }
 
 // Whether the last frame, and not some place in the padding, is where a walk ends. A text may end in a few zeros.
@@ -150,10 +151,10 @@ bool HoldsFramesToOthers(BytesView tail) {
   return ReachBySizes(tail, 4, 8).named > 0 || ReachBySizes(tail, 4, 7).named > 0;
 }
 
-bool LooksOtherwiseToOthers(BytesView body, int version) {
+bool LooksWantedToOthers(BytesView body, int version) {
   const Reach own = ReachBySizes(body, version, version == 4 ? 7 : 8);
   const Reach other = ReachBySizes(body, version, version == 4 ? 8 : 7);
-  return other.cut || !IsBetter(other, own, &Reach::named, &Reach::exact, version) ||
+  return !IsBetter(other, own, &Reach::named, &Reach::exact, version) ||
          !IsBetter(other, own, &Reach::whole, &Reach::exact, version);
 }
 

@@ -34,6 +34,7 @@ struct FrameWalk {
   std::size_t proven = 0;   // how many are too long for both forms of sizes to agree, and lead to a proper id
   bool clean = false;       // nothing but padding follows
   bool other_form = false;  // by the sizes that the version doesn't want
+  bool mixed = false;       // more proper frames by those that it wants, where the others led nowhere
 };
 
 // A frame is worth more memory than its bytes, so their number has a limit; what follows is kept as the tail.
@@ -55,8 +56,8 @@ bool EndsInCutFrame(BytesView tail, int version);
 bool HoldsFramesToOthers(BytesView tail);
 
 // Of a tag whose walk went by the other form of sizes: whether a program that passes over odd ids could take the
-// wanted form for the better explanation, or sees a frame cut off where the walk went on by the wanted form.
-bool LooksOtherwiseToOthers(BytesView body, int version);
+// wanted form for the better explanation.
+bool LooksWantedToOthers(BytesView body, int version);
 
 // How other programs come by the frames of an ID3v2.4 tag: whether one that goes by the sizes alone, or looks only
 // from one frame to the next, could take plain sizes for the better explanation of these bytes.

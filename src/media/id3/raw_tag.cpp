@@ -145,7 +145,7 @@ bool IsReadOtherwise(BytesView tag) {
   const BytesView body = FrameBytes(*header, tag.subspan(TagHeader::kSize), plain);
   const FrameWalk walk = WalkFrames(body, header->version);
   if (!walk.other_form) return header->version == 4 && LooksPlainToOthers(body);
-  return LooksOtherwiseToOthers(body, header->version) ||
+  return walk.mixed || LooksWantedToOthers(body, header->version) ||
          (header->version == 4 && !walk.clean && HoldsFramesToOthers(body.subspan(walk.end)));
 }
 
