@@ -42,9 +42,8 @@ TEST_F(ReportCommandTest, WritesATableWhereTheNameEndsInTxt) {
 }
 
 TEST_F(ReportCommandTest, KeepsMissingItemsOfPlaylists) {
-  EXPECT_EQ(
-      Table({"--columns", "2,1,4", "c:\\list\\list.m3u", "c:\\music\\b c"}),
-      "\r\n\r\nlist|Gone|Not found!|\r\nlist\\..\\music|A|2 Bytes|\r\nmusic\\b c|D|2 Bytes|\r\n\r\n");
+  EXPECT_EQ(Table({"--columns", "2,1,4", "c:\\list\\list.m3u", "c:\\music\\b c"}),
+            "\r\n\r\nlist|Gone|Not found!|\r\nlist\\..\\music|A|2 Bytes|\r\nmusic\\b c|D|2 Bytes|\r\n\r\n");
 }
 
 TEST_F(ReportCommandTest, WritesNothingWhereAPathIsNotThere) {
