@@ -1,5 +1,6 @@
 #include "app/tools.h"
 
+#include "generators/report/ui/add_report.h"
 #include "media/editor/ui/add_tag_editor.h"
 #include "player/ui/play_commands.h"
 #include "playlist/ui/menu_commands.h"
@@ -18,6 +19,7 @@ void AddTools(Commands& commands, const Desk& desk) {
   AddTagEditor(commands, desk);
   AddRename(commands, desk);
   AddSearch(commands, desk);
+  AddReport(commands, desk);
 }
 
 }  // namespace qublet
