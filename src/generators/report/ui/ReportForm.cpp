@@ -35,7 +35,6 @@ ReportForm::ReportForm(Engine& engine, QWidget* parent) : BarlessDialog(parent),
   SettingsToForm(defaults);
   new Activation(*this, [this](Activation::Cause) { Activate(); });
   Render();
-
   resize(sizeHint().expandedTo({kLettersAcross * fontMetrics().averageCharWidth(), 0}));
 }
 
