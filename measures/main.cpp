@@ -2,6 +2,7 @@
 #include "order_measures.h"
 #include "playlist_measures.h"
 #include "rename_measures.h"
+#include "report_measures.h"
 #include "search_measures.h"
 #include "tag_measures.h"
 
@@ -24,6 +25,7 @@ int Main(int argc, char** argv) {
   add(TagMeasures());
   add(RenameMeasures());
   add(SearchMeasures());
+  add(ReportMeasures());
   add(OrderMeasures());
 #ifdef QUBLET_MEASURES_WINDOWS
   // Painted in memory, as fast as this machine can, whatever display it has.

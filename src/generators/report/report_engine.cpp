@@ -16,6 +16,7 @@ namespace qublet {
 namespace {
 
 constexpr std::string_view kBreak = "\r\n";
+constexpr std::string_view kCellEnd = "</font></td>\r\n";
 
 std::string Filled(std::string text, std::size_t width) {
   const std::size_t count = CharacterCount(text);
@@ -87,7 +88,8 @@ class ReportLines {
         text_(settings.RepType == kTextReport),
         aligned_(settings.SpaceAligned),
         delimiter_(DelimiterOf(settings)),
-        font_(Trim(settings.FontName)) {
+        font_(Trim(settings.FontName)),
+        cell_font_(Font(font_)) {
     for (const SelectedColumn& selected : columns_) total_width_ += selected.column->width;
   }
 
@@ -118,6 +120,7 @@ class ReportLines {
   const bool aligned_;
   const std::string delimiter_;
   const std::string font_;
+  const std::string cell_font_;  // the start of what stands in it
   int total_width_ = 0;
 
   std::int32_t seconds_ = 0;  // of the last file that had a length
@@ -163,7 +166,7 @@ std::string ReportLines::Headers() const {
   if (settings_.ColumnHeaders) {
     for (const auto& [column, cell] : columns_) {
       const std::string key(column->key);
-      if (html_) line.append("<td>" + Font(font_) + "<b>" + key + "</b></font></td>").append(kBreak);
+      if (html_) line.append("<td>" + cell_font_ + "<b>" + key + "</b></font></td>").append(kBreak);
       if (text_) ResumeNext([&] { line += TextCell(key, *column); });
     }
     if (text_) line.append(kBreak).append(Rule());
@@ -207,7 +210,13 @@ void ReportLines::AddCell(const SelectedColumn& selected, const ReportItem& item
     return;
   }
   const std::string& value = selected.cell == kTimeCell ? time_ : item.cells[selected.cell];
-  if (html_) line += "<td" + colour + ">" + Font(font_) + (value.empty() ? "-" : value) + "</font></td>\r\n";
+  if (html_)
+    line.append("<td")
+        .append(colour)
+        .append(">")
+        .append(cell_font_)
+        .append(value.empty() ? "-" : value)
+        .append(kCellEnd);
   if (text_) line += TextCell(value, *selected.column);
 }
 
@@ -224,8 +233,8 @@ std::string ReportLines::Foot(std::size_t items, const LocalTime& now, const std
   if (settings_.Summary) {
     const std::string summary = Summary(items, now, thousands_separator);
     if (html_) {
-      line = "<tr><td colspan=" + std::to_string(columns_.size()) + ">" + Font(font_) + summary +
-             "</font></td></tr>" + std::string(kBreak);
+      line = "<tr><td colspan=" + std::to_string(columns_.size()) + ">" + cell_font_ + summary + "</font></td></tr>" +
+             std::string(kBreak);
     }
     if (text_) line = Rule() + std::string(kBreak) + summary + std::string(kBreak) + Rule();
   }

@@ -21,7 +21,10 @@ ReportFile::ReportFile(const FileSystem& files, const std::string& path, Encodin
 
 void ReportFile::WriteLine(std::string_view text) {
   if (!so_far_) return;
-  waiting_ += encoding_ == Encoding::kUtf8 ? std::string(text) : CodePageText(text);
+  if (encoding_ == Encoding::kUtf8 || IsAscii(text))
+    waiting_ += text;
+  else
+    waiting_ += CodePageText(text);
   waiting_ += "\r\n";
   if (waiting_.size() >= kPiece) WriteOut();
 }

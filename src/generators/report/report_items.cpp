@@ -17,8 +17,44 @@
 namespace qublet {
 namespace {
 
-constexpr std::size_t kWorthThreads = 16;  // fewer files are read sooner than threads start
-constexpr std::size_t kMostAhead = 64;
+constexpr std::size_t kPart = 16;  // fewer files are read sooner than threads start
+constexpr std::size_t kMostAhead = 16;
+
+// A file of which start and end are read once: tags and stream facts are in them, but for long tags.
+class BothEnds : public InputFile {
+ public:
+  explicit BothEnds(std::unique_ptr<InputFile> file) : file_(std::move(file)), size_(file_->Size()) {}
+
+  std::int64_t Size() const override { return size_; }
+  std::size_t ReadAt(std::int64_t offset, std::span<std::uint8_t> buffer) override {
+    const std::int64_t end = offset + static_cast<std::int64_t>(buffer.size());
+    if (offset >= 0 && end <= std::min(kHead, size_)) return Copy(head_, 0, kHead, offset, buffer);
+    const std::int64_t tail = std::max<std::int64_t>(0, size_ - kTail);
+    if (offset >= tail && end <= size_) return Copy(tail_, tail, kTail, offset, buffer);
+    return file_->ReadAt(offset, buffer);
+  }
+
+ private:
+  static constexpr std::int64_t kHead = 8192;
+  static constexpr std::int64_t kTail = 512;
+
+  // From a piece of the file that begins at `start` and is read when it is asked for first.
+  std::size_t Copy(std::vector<std::uint8_t>& piece, std::int64_t start, std::int64_t length, std::int64_t offset,
+                   std::span<std::uint8_t> buffer) {
+    if (piece.empty()) {
+      piece.resize(static_cast<std::size_t>(length));
+      piece.resize(file_->ReadAt(start, piece));
+    }
+    const auto from = std::min(static_cast<std::size_t>(offset - start), piece.size());
+    const std::size_t count = std::min(buffer.size(), piece.size() - from);
+    std::copy_n(piece.begin() + static_cast<std::ptrdiff_t>(from), count, buffer.begin());
+    return count;
+  }
+
+  const std::unique_ptr<InputFile> file_;
+  const std::int64_t size_;
+  std::vector<std::uint8_t> head_, tail_;
+};
 
 std::string Hertz(double rate) {
   return NumberText(rate) + " Hz";
@@ -120,20 +156,21 @@ std::string FolderOf(const std::string& path, const ReportBase& base) {
   return folder;
 }
 
-// One that is read is opened once; one that can't be opened may still have a length.
-void FillFromFile(const FileSystem& files, const std::string& path, const ReportNeeds& needs,
-                  const std::string& thousands_separator, ReportItem& item) {
+bool IsRead(const std::string& extension, const ReportNeeds& needs) {
+  if (extension == ".mp3") return needs.media || needs.id3v1 || needs.id3v2;
+  return extension == ".wav" || (extension == ".ogg" && needs.id3v1);
+}
+
+// One that can't be opened may still have a length.
+void FillFromFile(const FileSystem& files, const std::string& path, std::unique_ptr<InputFile> file,
+                  const ReportNeeds& needs, const std::string& thousands_separator, ReportItem& item) {
   const std::string extension = LowerCase(GetExtension(path));
-  const bool mp3 = extension == ".mp3" && (needs.media || needs.id3v1 || needs.id3v2);
-  const bool ogg = extension == ".ogg" && needs.id3v1;
-  const bool wav = extension == ".wav";
-  std::unique_ptr<InputFile> file;
-  if (mp3 || ogg || wav) ResumeNext([&] { file = files.OpenForReading(path); });
   ResumeNext([&] { item.size = ToInteger32(file ? file->Size() : files.FileLength(path)); });
   if (item.size) item.cells[kSizeCell] = FormatSize(*item.size, thousands_separator);
+  if (file) file = std::make_unique<BothEnds>(std::move(file));
   if (extension == ".mp3") FillFromMp3(file.get(), needs, item);
-  if (ogg) FillFromOgg(file.get(), item.cells);
-  if (wav) FillFromWav(file.get(), item);
+  if (extension == ".ogg" && needs.id3v1) FillFromOgg(file.get(), item.cells);
+  if (extension == ".wav") FillFromWav(file.get(), item);
 }
 
 }  // namespace
@@ -143,20 +180,22 @@ ReportItem ReadReportItem(const FileSystem& files, const std::string& path, cons
   ReportItem item;
   item.cells[kNameCell] = ProperCase(ReplaceAll(GetFileName(path), GetExtension(path), ""));
   item.cells[kFolderCell] = FolderOf(path, base);
-  item.found = FileExists(files, path);
+  std::unique_ptr<InputFile> file;
+  if (IsRead(LowerCase(GetExtension(path)), needs)) ResumeNext([&] { file = files.OpenForReading(path); });
+  item.found = file != nullptr || FileExists(files, path);
   if (!item.found) {
     item.cells[kSizeCell] = "Not found!";
     return item;
   }
   if (needs.link) item.link = LinkTo(files, path, base);
-  ResumeNext([&] { FillFromFile(files, path, needs, thousands_separator, item); });
+  ResumeNext([&] { FillFromFile(files, path, std::move(file), needs, thousands_separator, item); });
   return item;
 }
 
 ReportItems::ReportItems(const FileSystem& files, const Collection& paths, const ReportNeeds& needs,
                          const ReportBase& base, const std::string& thousands_separator)
     : files_(files), paths_(paths), needs_(needs), base_(base), thousands_separator_(thousands_separator) {
-  if (paths_.size() < kWorthThreads) return;
+  if (PartCount() < 2) return;
   const unsigned count = std::max(2u, std::thread::hardware_concurrency());
   // A system that allows no (more) threads leaves the work to those there are.
   ResumeNext([&] {
@@ -172,35 +211,51 @@ ReportItems::~ReportItems() {
   changed_.notify_all();
 }
 
-ReportItem ReportItems::Read(std::size_t place) const {
-  return ReadReportItem(files_, paths_[place], needs_, base_, thousands_separator_);
+std::size_t ReportItems::PartCount() const {
+  return (paths_.size() + kPart - 1) / kPart;
+}
+
+ReportItems::Part ReportItems::ReadPart(std::size_t number) const {
+  const std::size_t end = std::min(paths_.size(), (number + 1) * kPart);
+  Part part;
+  for (std::size_t place = number * kPart; place < end; ++place)
+    part.push_back(ReadReportItem(files_, paths_[place], needs_, base_, thousands_separator_));
+  return part;
 }
 
 void ReportItems::Work() {
   std::unique_lock lock(mutex_);
   while (true) {
-    changed_.wait(lock, [&] { return ended_ || taken_ == paths_.size() || taken_ < given_ + kMostAhead; });
-    if (ended_ || taken_ == paths_.size()) return;
-    const std::size_t place = taken_++;
+    changed_.wait(lock, [&] { return ended_ || taken_ == PartCount() || taken_ < given_ + kMostAhead; });
+    if (ended_ || taken_ == PartCount()) return;
+    const std::size_t number = taken_++;
     ahead_.emplace_back();
     lock.unlock();
-    ReportItem item = Read(place);
+    Part part = ReadPart(number);
     lock.lock();
-    ahead_[place - given_] = std::move(item);
+    ahead_[number - given_] = std::move(part);
     changed_.notify_all();
   }
 }
 
-ReportItem ReportItems::Next() {
-  if (threads_.empty()) return Read(given_++);
+ReportItems::Part ReportItems::NextPart() {
+  if (threads_.empty()) return ReadPart(given_++);
   std::unique_lock lock(mutex_);
   changed_.wait(lock, [&] { return !ahead_.empty() && ahead_.front().has_value(); });
-  ReportItem item = std::move(*ahead_.front());
+  Part part = std::move(*ahead_.front());
   ahead_.pop_front();
   ++given_;
   lock.unlock();
   changed_.notify_all();
-  return item;
+  return part;
+}
+
+ReportItem ReportItems::Next() {
+  if (next_ == part_.size()) {
+    part_ = NextPart();
+    next_ = 0;
+  }
+  return std::move(part_[next_++]);
 }
 
 }  // namespace qublet

@@ -44,7 +44,7 @@ struct ReportItem {
 ReportItem ReadReportItem(const FileSystem& files, const std::string& path, const ReportNeeds& needs,
                           const ReportBase& base, const std::string& thousands_separator);
 
-// Reads files ahead by a thread for each processor, a few dozen at most, and gives them in their order.
+// Reads files ahead by a thread for each processor, a few hundred at most, and gives them in their order.
 class ReportItems {
  public:
   // What is named here outlives this.
@@ -58,8 +58,13 @@ class ReportItems {
   ReportItem Next();
 
  private:
+  // What a thread reads at once.
+  using Part = std::vector<ReportItem>;
+
   void Work();
-  ReportItem Read(std::size_t place) const;
+  Part ReadPart(std::size_t number) const;
+  Part NextPart();
+  std::size_t PartCount() const;
 
   const FileSystem& files_;
   const Collection& paths_;
@@ -67,10 +72,13 @@ class ReportItems {
   const ReportBase base_;
   const std::string thousands_separator_;
 
+  Part part_;             // the one that is being given
+  std::size_t next_ = 0;  // item of it
+
   std::mutex mutex_;  // of what stands below
   std::condition_variable changed_;
-  std::deque<std::optional<ReportItem>> ahead_;  // from the next one on
-  std::size_t given_ = 0;
+  std::deque<std::optional<Part>> ahead_;  // from the next one on
+  std::size_t given_ = 0;                  // parts
   std::size_t taken_ = 0;
   bool ended_ = false;
   std::vector<std::jthread> threads_;  // the last member: they end before what they use
