@@ -9,7 +9,9 @@
 #include "cli/play_command.h"
 #include "cli/player_command.h"
 #include "cli/properties_command.h"
+#include "cli/purge_command.h"
 #include "cli/rename_command.h"
+#include "cli/restore_command.h"
 #include "cli/save_command.h"
 #include "cli/settings_command.h"
 #include "cli/tag_command.h"
@@ -60,6 +62,14 @@ constexpr std::array kCliCommands{
                "print what the rules make of a name, or keep them", RenameCommand},
     CliCommand{"rename", "rename --history | --undo [RUN]", "print the runs that renamed files, or take one back",
                RenameCommand},
+    CliCommand{"purge",
+               "purge --duplicates [--by name|folder|path] [--fold-case] [--all]\n"
+               "        [--save OUT [--relative] [--replace]] PATH...",
+               "print the rows that repeat others, or save the list without them", PurgeCommand},
+    CliCommand{"purge", "purge --missing [--save OUT [--relative] [--replace]] PATH...",
+               "print the rows whose file is missing, or save the list without them", PurgeCommand},
+    CliCommand{"restore", "restore [--in FOLDER]... [--use-folders] [--save OUT [--relative] [--replace]] PATH...",
+               "look for missing files on all drives or in folders, and print where they are", RestoreCommand},
     CliCommand{"settings", "settings [list [--json] | get SECTION KEY | set SECTION KEY VALUE]",
                "print or change the stored settings", SettingsCommand},
 };
