@@ -1,6 +1,7 @@
 #include "measure.h"
 #include "order_measures.h"
 #include "playlist_measures.h"
+#include "purge_measures.h"
 #include "rename_measures.h"
 #include "tag_measures.h"
 
@@ -21,6 +22,7 @@ int Main(int argc, char** argv) {
   };
   add(PlaylistMeasures());
   add(TagMeasures());
+  add(PurgeMeasures());
   add(RenameMeasures());
   add(OrderMeasures());
 #ifdef QUBLET_MEASURES_WINDOWS

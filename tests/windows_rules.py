@@ -14,9 +14,9 @@ import subprocess
 import sys
 import tempfile
 
-RULES = ["platform", "paths", "settings", "id3", "media", "journal", "editor", "playlist", "player", "engine", "rename",
-         "cli"]
-WINDOWS = ["platform_qt", "desk", "editor_ui", "rename_ui", "app"]
+RULES = ["platform", "paths", "settings", "id3", "media", "journal", "editor", "playlist", "player", "engine", "purge",
+         "rename", "cli"]
+WINDOWS = ["platform_qt", "desk", "editor_ui", "purge_ui", "rename_ui", "app"]
 TABLE = pathlib.Path(__file__).with_name("windows_unavailable.txt")
 PATIENCE = 300  # seconds for one room
 

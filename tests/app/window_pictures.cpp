@@ -13,6 +13,7 @@
 #include "app/appearance.h"
 #include "desk/Status.h"
 #include "editor_pictures.h"
+#include "purge_pictures.h"
 #include "rename_pictures.h"
 #include "support/main_window.h"
 #include "support/mpeg_frames.h"
@@ -101,6 +102,7 @@ class Pictures {
     const TakePicture take = [this](const std::string& name, QWidget* window) { Take(name.c_str(), window); };
     TakeEditorPictures(window_, take);
     TakeRenamePictures(window_, take);
+    TakePurgePictures(window_, take);
   }
 
   bool Failed() const { return failed_; }
