@@ -1,6 +1,7 @@
 #include "measure.h"
 #include "order_measures.h"
 #include "playlist_measures.h"
+#include "purge_measures.h"
 #include "rename_measures.h"
 #include "report_measures.h"
 #include "search_measures.h"
@@ -23,6 +24,7 @@ int Main(int argc, char** argv) {
   };
   add(PlaylistMeasures());
   add(TagMeasures());
+  add(PurgeMeasures());
   add(RenameMeasures());
   add(SearchMeasures());
   add(ReportMeasures());

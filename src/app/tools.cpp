@@ -4,6 +4,7 @@
 #include "media/editor/ui/add_tag_editor.h"
 #include "player/ui/play_commands.h"
 #include "playlist/ui/menu_commands.h"
+#include "tools/purge/ui/add_purge.h"
 #include "tools/rename/ui/add_rename.h"
 #include "tools/search/ui/add_search.h"
 
@@ -17,6 +18,7 @@ void AddTools(Commands& commands, const Desk& desk) {
   AddPlaylistStats(commands, desk);
   AddPlayCommands(commands, desk);
   AddTagEditor(commands, desk);
+  AddPurge(commands, desk);
   AddRename(commands, desk);
   AddSearch(commands, desk);
   AddReport(commands, desk);

@@ -9,8 +9,10 @@
 #include "cli/play_command.h"
 #include "cli/player_command.h"
 #include "cli/properties_command.h"
+#include "cli/purge_command.h"
 #include "cli/rename_command.h"
 #include "cli/report_command.h"
+#include "cli/restore_command.h"
 #include "cli/save_command.h"
 #include "cli/scheme_command.h"
 #include "cli/search_command.h"
@@ -55,6 +57,14 @@ constexpr std::array kCliCommands{
                "change attributes: normal, readonly, archive, system, hidden", TagCommand},
     CliCommand{"tag", "tag --history [--json] | --undo RUN",
                "print the runs that changed tags, or undo one: a number, or \"last\"", TagCommand},
+    CliCommand{"purge",
+               "purge --duplicates [--by name|folder|path] [--fold-case] [--all]\n"
+               "        [--save OUT [--relative] [--replace]] PATH...",
+               "print the rows that repeat others, or save the list without them", PurgeCommand},
+    CliCommand{"purge", "purge --missing [--save OUT [--relative] [--replace]] PATH...",
+               "print the rows whose file is missing, or save the list without them", PurgeCommand},
+    CliCommand{"restore", "restore [--in FOLDER]... [--use-folders] [--save OUT [--relative] [--replace]] PATH...",
+               "look for missing files on all drives or in folders, and print where they are", RestoreCommand},
     CliCommand{"rename",
                "rename [--rules FILE.rps] [--set FIELD=VALUE]... [--no-rules] [--rule FIND REPLACEMENT]...\n"
                "         [--reset-per-folder | --no-reset] [--dry-run] [--json] PATH...",

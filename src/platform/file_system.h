@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/absent_places.h"
 #include "platform/failure.h"
 
 namespace qublet {
@@ -122,6 +123,9 @@ class FileSystem {
   virtual std::optional<FolderIdentity> IdentityOf(const std::string& folder) const = 0;
   // The same for a file.
   virtual std::optional<FileIdentity> IdentityOfFile(const std::string& path) const = 0;
+
+  // Which places aren't there now. Ends before this does.
+  virtual std::unique_ptr<AbsentPlaces> FindAbsentPlaces() const = 0;
 
   // Throws Failure when the file can't be opened for reading or is no regular file.
   virtual std::unique_ptr<InputFile> OpenForReading(const std::string& path) const = 0;

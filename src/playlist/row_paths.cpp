@@ -16,4 +16,23 @@ Collection PathsOf(const RowStore& rows, WhichRows which) {
   return paths;
 }
 
+RowsByPath::RowsByPath(const RowStore& rows) {
+  for (int i = 1; i <= rows.Count(); ++i) rows_[rows.At(i).FullPath()].insert(i);
+}
+
+std::vector<int> RowsByPath::All(const std::string& path) const {
+  const auto found = rows_.find(path);
+  return found == rows_.end() ? std::vector<int>() : std::vector<int>(found->second.begin(), found->second.end());
+}
+
+int RowsByPath::First(const std::string& path) const {
+  const auto found = rows_.find(path);
+  return found == rows_.end() || found->second.empty() ? 0 : *found->second.begin();
+}
+
+void RowsByPath::Move(int row, const std::string& from, const std::string& to) {
+  rows_[from].erase(row);
+  rows_[to].insert(row);
+}
+
 }  // namespace qublet

@@ -47,6 +47,18 @@ class TemporaryDrives {
     return root_ / "d";
   }
 
+  // Another drive, empty. It is known to file systems that are opened from now on.
+  void AddDrive(char letter) const {
+    std::filesystem::create_directories(root_ / std::string(1, letter));
+#ifndef _WIN32
+    LinkDrive(letter, root_ / std::string(1, letter));
+#endif
+  }
+  // A drive that leads to this folder.
+  void LinkDrive(char letter, const std::filesystem::path& place) const {
+    std::filesystem::create_directory_symlink(place, root_ / "dosdevices" / (std::string(1, letter) + ":"));
+  }
+
   // A native path given in UTF-8, whatever this system's own code page is.
   static std::filesystem::path PathOf(const std::string& utf8) {
     return std::u8string(utf8.begin(), utf8.end());

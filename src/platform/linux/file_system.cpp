@@ -8,6 +8,7 @@
 #include <cstdlib>
 
 #include "platform/drive_form.h"
+#include "platform/linux/absent_places.h"
 #include "platform/linux/attributes.h"
 #include "platform/linux/descriptor.h"
 #include "platform/linux/drives.h"
@@ -70,6 +71,7 @@ class LinuxFileSystem : public FileSystem {
   std::vector<FolderEntry> ReadFolder(const std::string& folder) const override;
   std::optional<FolderIdentity> IdentityOf(const std::string& folder) const override;
   std::optional<FileIdentity> IdentityOfFile(const std::string& path) const override;
+  std::unique_ptr<AbsentPlaces> FindAbsentPlaces() const override { return FindUnmountedPlaces(*this); }
 
   std::unique_ptr<InputFile> OpenForReading(const std::string& path) const override {
     return OpenInput(ToNative(path));

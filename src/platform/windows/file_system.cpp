@@ -1,6 +1,7 @@
 #include "platform/file_system.h"
 
 #include "platform/drive_form.h"
+#include "platform/windows/absent_places.h"
 #include "platform/windows/drives.h"
 #include "platform/windows/move.h"
 #include "platform/windows/open_files.h"
@@ -83,6 +84,9 @@ class WindowsFileSystem : public FileSystem {
   std::vector<FolderEntry> ReadFolder(const std::string& folder) const override;
   std::optional<FolderIdentity> IdentityOf(const std::string& folder) const override;
   std::optional<FileIdentity> IdentityOfFile(const std::string& path) const override;
+  std::unique_ptr<AbsentPlaces> FindAbsentPlaces() const override {
+    return std::make_unique<UnreachableRoots>(*this);
+  }
 
   std::unique_ptr<InputFile> OpenForReading(const std::string& path) const override {
     return OpenInput(PlaceOf(path));

@@ -1,148 +1,57 @@
 #include "playlist/paths/folder_walk.h"
 
-#include <algorithm>
+#include <cstdint>
 #include <map>
 #include <optional>
-#include <tuple>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
-#include "playlist/paths/path_text.h"
-#include "playlist/paths/text.h"
+#include "playlist/paths/filter_set.h"
+#include "playlist/paths/similar_names.h"
 
 namespace qublet {
 namespace {
-
-struct ListedName {
-  std::string name;
-  std::string folded;
-  bool is_folder = false;
-  bool hidden = false;
-};
-
-using Listing = std::vector<ListedName>;
-
-Listing ListNames(const FileSystem& files, const std::string& folder) {
-  Listing listing;
-  for (FolderEntry& entry : files.ReadFolder(folder)) {
-    std::string folded = FoldCase(entry.name);
-    listing.push_back({std::move(entry.name), std::move(folded), entry.is_folder, entry.hidden});
-  }
-  std::sort(listing.begin(), listing.end(), [](const ListedName& a, const ListedName& b) {
-    return std::tie(a.folded, a.name) < std::tie(b.folded, b.name);
-  });
-  return listing;
-}
 
 std::string WithSlash(std::string folder) {
   if (!folder.ends_with('\\')) folder += '\\';
   return folder;
 }
 
-bool HasWildcard(std::string_view name) {
-  return name.find_first_of("*?") != name.npos;
-}
-
-bool FitsPattern(const ListedName& entry, std::string_view folded_pattern) {
-  return !entry.is_folder && !entry.hidden && MatchesFoldedWildcard(entry.folded, folded_pattern);
-}
-
-// How many files a path stands for: more than one only when its last piece is a pattern.
-std::size_t CountFilesAt(const FileSystem& files, const std::string& path) {
-  const std::string name = GetFileName(path);
-  if (!HasWildcard(name)) {
-    const std::optional<unsigned> attributes = files.Attributes(path);
-    return attributes && (*attributes & (kFolder | kVolumeLabel)) == 0 ? 1 : 0;
-  }
-  std::size_t count = 0;
-  ResumeNext([&] {
-    const Listing listing = ListNames(files, path.substr(0, path.size() - name.size()));
-    count = static_cast<std::size_t>(std::count_if(
-        listing.begin(), listing.end(), [&](const ListedName& entry) { return FitsPattern(entry, FoldCase(name)); }));
-  });
-  return count;
-}
-
-// Filters made ready to be held against many folders. The cost for a folder grows with its names and the patterns
-// only: plain names, of which a search for missing files has thousands, are looked up.
-class FilterSet {
- public:
-  explicit FilterSet(const Collection& filters) : filters_(filters) {
-    for (std::size_t i = 0; i < filters.size(); ++i) {
-      const std::size_t end = filters[i].find('\\');
-      const std::string first = FoldCase(std::string_view(filters[i]).substr(0, end));
-      if (end == std::string::npos && HasWildcard(first))
-        patterns_.push_back({i, first, IsKnown(filters[i])});
-      else if (first.empty() || first == "." || first == "..")
-        always_probed_.push_back(i);
-      else
-        by_first_name_[first].push_back(i);
-    }
-  }
-
-  // `folder` ends in "\", and `listing` is what it holds.
-  void AppendMatches(const FileSystem& files, const std::string& folder, const Listing& listing,
-                     Collection& results) const {
-    std::vector<Match> matches;
-    std::vector<std::size_t> candidates = always_probed_;
-    for (const ListedName& entry : listing) {
-      AppendPatternMatches(entry, matches);
-      const auto found = by_first_name_.find(entry.folded);
-      if (found != by_first_name_.end())
-        candidates.insert(candidates.end(), found->second.begin(), found->second.end());
-    }
-    // Two names that differ only in case make the same filter a candidate twice.
-    std::sort(candidates.begin(), candidates.end());
-    candidates.erase(std::unique(candidates.begin(), candidates.end()), candidates.end());
-    for (const std::size_t filter : candidates)
-      matches.insert(matches.end(), CountFilesAt(files, folder + filters_[filter]), Match{filter, nullptr});
-
-    std::stable_sort(matches.begin(), matches.end(),
-                     [](const Match& a, const Match& b) { return a.filter < b.filter; });
-    for (const Match& match : matches)
-      results.push_back(folder + (match.entry != nullptr ? match.entry->name : filters_[match.filter]));
-  }
-
- private:
-  struct Pattern {
-    std::size_t filter;
-    std::string folded;
-    bool known;
-  };
-  struct Match {
-    std::size_t filter;
-    const ListedName* entry;  // whose name is given; the filter's own text when there is none
-  };
-
-  static bool IsKnown(const std::string& filter) {
-    const Collection& known = FileFilters();
-    return filter == "*.*" || std::find(known.begin(), known.end(), filter) != known.end();
-  }
-
-  void AppendPatternMatches(const ListedName& entry, std::vector<Match>& matches) const {
-    for (const Pattern& pattern : patterns_)
-      if (FitsPattern(entry, pattern.folded)) matches.push_back({pattern.filter, pattern.known ? &entry : nullptr});
-  }
-
-  const Collection& filters_;
-  std::vector<Pattern> patterns_;
-  std::unordered_map<std::string, std::vector<std::size_t>> by_first_name_;
-  std::vector<std::size_t> always_probed_;  // what they begin with stands in no listing
+// What stands in a folder for the filters of a walk.
+struct FolderContent {
+  std::vector<std::string> subfolders;  // names
+  FilterSet::Matches matches;
 };
+
+using FolderNumber = std::pair<std::uint64_t, std::uint64_t>;
+
+FolderNumber NumberOf(const FolderIdentity& identity) {
+  return {identity.device, identity.number};
+}
+
+// The folders that a search has read.
+using ReadFolders = std::map<FolderNumber, std::shared_ptr<const FolderContent>>;
 
 class Walk {
  public:
-  Walk(const FileSystem& files, Feedback& feedback, const Collection& filters, Collection& results,
-       const std::function<void()>& folder_done)
-      : files_(files), feedback_(feedback), filters_(filters), results_(results), folder_done_(folder_done) {}
+  // Takes what one folder gives; the folder ends in "\".
+  using Take = std::function<void(const std::string& folder, FilterSet::Matches matches)>;
+
+  Walk(const FileSystem& files, Feedback& feedback, const FilterSet& filters, Take take)
+      : files_(files), feedback_(feedback), filters_(filters), take_(std::move(take)) {}
+
+  // Folders that are among these aren't read again; the others come to them. `similar` sees each once.
+  void Remember(ReadFolders& read, SimilarNames& similar) {
+    read_ = &read;
+    similar_ = &similar;
+  }
 
   void Run(const std::string& folder, bool recurse, bool quiet) {
     Enter(folder, quiet);
     while (!levels_.empty() && !feedback_.Stopped()) {
       Level& level = levels_.back();
-      if (recurse && level.next < level.subfolders.size()) {
-        Enter(level.folder + level.subfolders[level.next++], false);
+      if (recurse && level.next < level.content->subfolders.size()) {
+        Enter(level.folder + level.content->subfolders[level.next++], false);
       } else {
         if (!level.quiet) feedback_.ShowActivity("");
         levels_.pop_back();
@@ -157,15 +66,22 @@ class Walk {
     std::string folder;  // ends in "\"
     bool quiet = false;
     std::optional<FolderIdentity> identity;
-    std::vector<std::string> subfolders;  // names
+    std::shared_ptr<const FolderContent> content = std::make_shared<FolderContent>();
     std::size_t next = 0;
   };
 
   void Enter(const std::string& folder, bool quiet) {
     if (!quiet) feedback_.ShowActivity(folder);
-    Level level{WithSlash(folder), quiet, files_.IdentityOf(WithSlash(folder)), {}, 0};
-    if (MayEnter(level)) ResumeNext([&] { Collect(level); });
-    if (folder_done_) folder_done_();
+    Level level{.folder = WithSlash(folder), .quiet = quiet, .identity = files_.IdentityOf(WithSlash(folder))};
+    FilterSet::Matches matches;
+    if (MayEnter(level)) {
+      ResumeNext([&] {
+        level.content = ContentOf(level);
+        matches = level.content->matches;
+        filters_.AddUnlisted(files_, level.folder, matches);
+      });
+    }
+    take_(level.folder, std::move(matches));
     levels_.push_back(std::move(level));
   }
 
@@ -174,24 +90,39 @@ class Walk {
     if (!level.identity) return false;
     for (const Level& parent : levels_)
       if (parent.identity == level.identity) return false;
-    return ++ways_[{level.identity->device, level.identity->number}] <= kMostWays;
+    return ++ways_[NumberOf(*level.identity)] <= kMostWays;
   }
 
-  void Collect(Level& level) {
-    const Listing listing = ListNames(files_, level.folder);
+  std::shared_ptr<const FolderContent> ContentOf(const Level& level) {
+    if (read_ == nullptr) return Read(level.folder);
+    const auto [place, fresh] = read_->try_emplace(NumberOf(*level.identity), level.content);
+    if (fresh) place->second = Read(level.folder);
+    return place->second;
+  }
+
+  std::shared_ptr<const FolderContent> Read(const std::string& folder) {
+    auto content = std::make_shared<FolderContent>();
+    const Listing listing = filters_.ReadListing(files_, folder);
     for (const ListedName& entry : listing)
-      if (entry.is_folder && !entry.hidden) level.subfolders.push_back(entry.name);
-    filters_.AppendMatches(files_, level.folder, listing, results_);
+      if (entry.is_folder && !entry.hidden) content->subfolders.push_back(entry.name);
+    content->matches = filters_.MatchesIn(files_, folder, listing);
+    if (similar_ != nullptr) similar_->Look(folder, listing);
+    return content;
   }
 
   const FileSystem& files_;
   Feedback& feedback_;
-  const FilterSet filters_;
-  Collection& results_;
-  const std::function<void()>& folder_done_;
+  const FilterSet& filters_;
+  const Take take_;
+  ReadFolders* read_ = nullptr;
+  SimilarNames* similar_ = nullptr;
   std::vector<Level> levels_;
-  std::map<std::pair<std::uint64_t, std::uint64_t>, int> ways_;  // times each folder has been entered
+  std::map<FolderNumber, int> ways_;  // times each folder has been entered
 };
+
+void AppendPaths(const std::string& folder, const FilterSet::Matches& matches, Collection& results) {
+  for (const FilterSet::Match& match : matches) results.push_back(folder + match.name);
+}
 
 }  // namespace
 
@@ -210,13 +141,57 @@ void ListFolderFiles(const FileSystem& files, const std::string& folder, const s
   ResumeNext([&] {
     const std::string place = WithSlash(folder);
     const Collection filters = {filter};
-    FilterSet(filters).AppendMatches(files, place, ListNames(files, place), results);
+    const FilterSet set(filters);
+    FilterSet::Matches matches = set.MatchesIn(files, place, set.ReadListing(files, place));
+    set.AddUnlisted(files, place, matches);
+    AppendPaths(place, matches, results);
   });
 }
 
 void WalkFolder(const FileSystem& files, Feedback& feedback, const std::string& folder, const Collection& filters,
                 Collection& results, bool Recurse, bool Quiet, const std::function<void()>& folder_done) {
-  ResumeNext([&] { Walk(files, feedback, filters, results, folder_done).Run(folder, Recurse, Quiet); });
+  ResumeNext([&] {
+    const FilterSet set(filters);
+    Walk walk(files, feedback, set, [&](const std::string& place, const FilterSet::Matches& matches) {
+      AppendPaths(place, matches, results);
+      if (folder_done) folder_done();
+    });
+    walk.Run(folder, Recurse, Quiet);
+  });
+}
+
+struct FolderSearch::State {
+  State(const FileSystem& all_files, Feedback& shown_by, const Collection& wanted)
+      : files(all_files), feedback(shown_by), names(wanted) {}
+
+  const FileSystem& files;
+  Feedback& feedback;
+  const Collection names;
+  const FilterSet filters{names, FilterSet::Stars::kAreLetters};
+  SimilarNames similar{names};
+  ReadFolders read;
+};
+
+FolderSearch::FolderSearch(const FileSystem& files, Feedback& feedback, const Collection& names)
+    : state_(std::make_unique<State>(files, feedback, names)) {}
+
+FolderSearch::~FolderSearch() = default;
+
+void FolderSearch::Walk(const std::string& folder, std::vector<FoundName>& results) {
+  if (state_->feedback.Stopped()) return;
+  ResumeNext([&] {
+    qublet::Walk walk(state_->files, state_->feedback, state_->filters,
+                      [&](const std::string& place, const FilterSet::Matches& matches) {
+                        for (const FilterSet::Match& match : matches)
+                          results.push_back({match.filter, place + match.name});
+                      });
+    walk.Remember(state_->read, state_->similar);
+    walk.Run(folder, true, false);
+  });
+}
+
+const std::string& FolderSearch::SimilarTo(std::size_t name) const {
+  return state_->similar.Of(name);
 }
 
 }  // namespace qublet

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/feedback.h"
 #include "platform/file_system.h"
@@ -31,5 +34,33 @@ void ListFolderFiles(const FileSystem& files, const std::string& folder, const s
 // stops ends behind the present folder.
 void WalkFolder(const FileSystem& files, Feedback& feedback, const std::string& folder, const Collection& filters,
                 Collection& results, bool Recurse, bool Quiet, const std::function<void()>& folder_done = {});
+
+// A file that bears a wanted name.
+struct FoundName {
+  std::size_t name;  // place among the wanted names, from 0
+  std::string path;
+};
+
+// One search for files over several folders, drives above all: in each it is a WalkFolder with all below, shown from
+// the first level on. The wanted names may have folders in front, and "*" and "?" in them stand for themselves. A
+// folder that two ways lead to gives its files under both, and is read from disk once.
+class FolderSearch {
+ public:
+  FolderSearch(const FileSystem& files, Feedback& feedback, const Collection& names);
+  ~FolderSearch();
+  FolderSearch(const FolderSearch&) = delete;
+  FolderSearch& operator=(const FolderSearch&) = delete;
+
+  // Appends what is found below `folder`, until the user stops the search. Throws nothing.
+  void Walk(const std::string& folder, std::vector<FoundName>& results);
+
+  // A file met on the way that differs from that name only in letter case or in how accents are written, the first
+  // one; "" when there was none.
+  const std::string& SimilarTo(std::size_t name) const;
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
 
 }  // namespace qublet

@@ -2,6 +2,10 @@
 
 #include <utf8proc.h>
 
+#include <algorithm>
+#include <cstdlib>
+#include <memory>
+
 namespace qublet {
 namespace {
 
@@ -139,6 +143,18 @@ std::string ProperCase(std::string_view text) {
 
 std::string FoldCase(std::string_view text) {
   return Changed(text, FoldOf);
+}
+
+std::string Decomposed(std::string_view text) {
+  if (std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
+    return std::string(text);
+  utf8proc_uint8_t* decomposed = nullptr;
+  const auto length =
+      utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()), static_cast<utf8proc_ssize_t>(text.size()),
+                   &decomposed, static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_DECOMPOSE));
+  if (length < 0) return std::string(text);
+  const std::unique_ptr<utf8proc_uint8_t, void (*)(void*)> owned(decomposed, std::free);
+  return {reinterpret_cast<const char*>(decomposed), static_cast<std::size_t>(length)};
 }
 
 std::size_t CharacterLength(std::string_view text, std::size_t at) {

@@ -1,9 +1,6 @@
 #include "tools/rename/renamer.h"
 
 #include <algorithm>
-#include <map>
-#include <set>
-#include <unordered_map>
 
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/path_text.h"
@@ -30,27 +27,6 @@ constexpr const char* kFolders =
 std::string DoneLine(int done, int tried, const char* what) {
   return "Done: " + std::to_string(done) + "/" + std::to_string(tried) + " Items were " + what;
 }
-
-// The rows by their paths, kept up to date while names change.
-class RowsByPath {
- public:
-  explicit RowsByPath(const RowStore& rows) {
-    for (int i = 1; i <= rows.Count(); ++i) rows_[rows.At(i).FullPath()].insert(i);
-  }
-
-  // 0 when there is none.
-  int First(const std::string& path) const {
-    const auto found = rows_.find(path);
-    return found == rows_.end() || found->second.empty() ? 0 : *found->second.begin();
-  }
-  void Move(int row, const std::string& from, const std::string& to) {
-    rows_[from].erase(row);
-    rows_[to].insert(row);
-  }
-
- private:
-  std::unordered_map<std::string, std::set<int>> rows_;
-};
 
 }  // namespace
 

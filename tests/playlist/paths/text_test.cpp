@@ -73,6 +73,15 @@ TEST(ProperCase, StartsWordsAfterWhiteSpaceAndPunctuation) {
   for (const auto& c : cases) EXPECT_EQ(ProperCase(c.text), c.expected);
 }
 
+TEST(Decomposed, SetsAccentsBehindTheirLetters) {
+  EXPECT_EQ(Decomposed("plain"), "plain");
+  EXPECT_EQ(Decomposed(""), "");
+  EXPECT_EQ(Decomposed("caf\u00E9"), "cafe\u0301");
+  EXPECT_EQ(Decomposed("cafe\u0301"), "cafe\u0301");
+  EXPECT_EQ(Decomposed("\u1EAD"), Decomposed("a\u0302\u0323"));
+  EXPECT_EQ(Decomposed("\xC3 \u00E9"), "\xC3 \u00E9");
+}
+
 TEST(FoldCase, MakesTextsEqualThatDifferOnlyInCase) {
   EXPECT_EQ(FoldCase("ABC äÖ ΣΑΣ Ж"), FoldCase("abc Äö σας ж"));
   EXPECT_EQ(FoldCase("ẞ"), FoldCase("ß"));

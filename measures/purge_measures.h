@@ -1,0 +1,12 @@
+#pragma once
+
+#include <vector>
+
+#include "measure.h"
+
+namespace qublet::measures {
+
+// Finding duplicates and missing items, and looking for what is missing.
+std::vector<Measure> PurgeMeasures();
+
+}  // namespace qublet::measures

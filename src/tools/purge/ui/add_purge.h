@@ -1,0 +1,12 @@
+#pragma once
+
+#include "desk/commands.h"
+#include "desk/desk.h"
+
+namespace qublet {
+
+// "Purge Playlist Entries...": the window that selects, removes or restores duplicates and missing items. It is made
+// at its first use and then only hides, so that its choices stay until the program ends.
+void AddPurge(Commands& commands, const Desk& desk);
+
+}  // namespace qublet
