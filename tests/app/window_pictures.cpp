@@ -13,6 +13,7 @@
 #include "app/appearance.h"
 #include "desk/Status.h"
 #include "editor_pictures.h"
+#include "options_pictures.h"
 #include "rename_pictures.h"
 #include "search_pictures.h"
 #include "support/main_window.h"
@@ -103,6 +104,7 @@ class Pictures {
     TakeEditorPictures(window_, take);
     TakeRenamePictures(window_, take);
     TakeSearchPictures(window_, take);
+    TakeOptionsPictures(window_, take);
   }
 
   bool Failed() const { return failed_; }

@@ -78,7 +78,10 @@ bool Preferences::MenuStays(bool menu, bool toolbar) {
 }
 
 std::optional<std::string> Preferences::Command1_Click(const std::string& present) {
-  return engine_.services.dialogs.BrowseForFolder("Select Folder...", present, false);
+  auto folder = engine_.services.dialogs.BrowseForFolder("Select Folder...", present, false);
+  // A pattern is put behind it.
+  if (folder && !folder->ends_with('\\')) *folder += '\\';
+  return folder;
 }
 
 // Of a file that isn't there every field is zero.

@@ -27,7 +27,7 @@ class Preferences {
   // Whether the menu is to be shown: also where it wasn't wanted, when the toolbar isn't either, which the user is
   // told.
   bool MenuStays(bool menu, bool toolbar);
-  // The folder that imports begin in, nothing when the user cancels.
+  // The folder that imports begin in, "\" at its end; nothing when the user cancels.
   std::optional<std::string> Command1_Click(const std::string& present);
 
   // Looks as files. A failure is silent: what was set until then stays.

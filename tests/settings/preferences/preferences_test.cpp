@@ -82,7 +82,7 @@ TEST_F(PreferencesTest, KeepTheMenuWhereTheToolbarIsHidden) {
 TEST_F(PreferencesTest, BrowseFromTheFolderThatIsThere) {
   Asked().folders = {std::nullopt, "c:\\new"};
   EXPECT_FALSE(preferences_.Command1_Click("c:\\old"));
-  EXPECT_EQ(preferences_.Command1_Click("c:\\old"), "c:\\new");
+  EXPECT_EQ(preferences_.Command1_Click("c:\\old"), "c:\\new\\");
   EXPECT_EQ(Asked().browse_titles.front(), "Select Folder...");
   EXPECT_EQ(Asked().browse_starts.front(), "c:\\old");
 }

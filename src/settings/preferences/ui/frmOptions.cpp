@@ -1,6 +1,6 @@
 #include "settings/preferences/ui/frmOptions.h"
 
-#include <QHeaderView>
+#include <QScrollBar>
 
 namespace qublet {
 namespace {
@@ -56,8 +56,9 @@ void frmOptions::BuildTree() {
     nodes.insert(QString::fromUtf8(page.key), node);
   }
   OptionsTree->expandAll();
-  OptionsTree->setSizeAdjustPolicy(QTreeWidget::AdjustToContents);
-  OptionsTree->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+  OptionsTree->resizeColumnToContents(0);
+  OptionsTree->setFixedWidth(OptionsTree->columnWidth(0) + 2 * OptionsTree->frameWidth() +
+                             OptionsTree->verticalScrollBar()->sizeHint().width());
 }
 
 void frmOptions::ShowOptionsPage(int page) {

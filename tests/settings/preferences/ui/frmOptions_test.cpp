@@ -370,7 +370,7 @@ TEST_F(OptionsTest, BrowseForTheImportFolder) {
   hand_->Click("Command1");
   EXPECT_EQ(hand_->Text("txtImportLoc"), "c:\\old");
   hand_->Click("Command1");
-  EXPECT_EQ(hand_->Text("txtImportLoc"), "c:\\new");
+  EXPECT_EQ(hand_->Text("txtImportLoc"), "c:\\new\\");
   EXPECT_EQ(Asked().browse_titles.back(), "Select Folder...");
   hand_->Type("txtImportLoc", "");
   hand_->Click("cmdApply");
