@@ -2,6 +2,7 @@
 #include <QStatusBar>
 #include <map>
 
+#include "desk/report_line.h"
 #include "settings/preferences/ui/option_controls.h"
 #include "support/options_test_base.h"
 
@@ -77,7 +78,7 @@ TEST_F(PreferencesKept, EveryControlIsStoredAndThereAgainAfterARestart) {
       if (row.place.page == SettingPage::kNone) continue;
       EXPECT_EQ(ShownOption(form, row).value_or(row.field.Get(changed)), row.field.Get(changed)) << row.key;
     }
-    EXPECT_EQ(hand.Find<QLabel>("FontText").text().toStdString(), "DejaVu Sans 14");
+    EXPECT_EQ(hand.Find<ReportLine>("FontText").Reported().toStdString(), "DejaVu Sans 14");
     EXPECT_EQ(hand.Find<QPushButton>("BackColorChange").text().toStdString(), "#E8E8FF");
   });
 }

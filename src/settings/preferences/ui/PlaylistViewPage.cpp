@@ -31,6 +31,12 @@ void TakeChanges(const QFont& shown, const QFont& chosen, Look& look) {
 
 PlaylistViewPage::PlaylistViewPage(QWidget* parent) : OptionsPage(SettingPage::kPlaylistView, parent) {
   setupUi(this);
+  // Whatever the colour and the font, nothing beside and below the buttons moves.
+  BackColorChange->setIcon(Swatch(*this, 0));
+  BackColorChange->setText(QStringLiteral("#DDDDDD"));
+  const QSize room = BackColorChange->sizeHint();
+  for (QPushButton* button : {BackColorChange, ForeColorChange, FontChange}) button->setMinimumWidth(room.width());
+  FontChange->setFixedHeight(room.height());
   connect(BackColorChange, &QPushButton::clicked, this,
           [this] { ChooseColour(look_.background, CaptionBackColor->text()); });
   connect(ForeColorChange, &QPushButton::clicked, this,
@@ -84,8 +90,8 @@ void PlaylistViewPage::ShowFaces() {
   face.setPointSizeF(font().pointSizeF());
   FontChange->setFont(face);
   const QString size = QString::fromStdString(NumberText(look_.size));
-  FontText->setText(ShownText(look_.font) + u' ' + size);
-  FontChange->setAccessibleDescription(FontText->text());
+  FontText->Report(ShownText(look_.font) + u' ' + size);
+  FontChange->setAccessibleDescription(FontText->Reported());
   for (const Scheme& scheme : Schemes()) {
     auto* const button = findChild<QPushButton*>(Named(scheme.name));
     button->setIcon(Swatch(*this, scheme.background, scheme.text));

@@ -1,12 +1,12 @@
 #include "settings/preferences/ui/SampleList.h"
 
-#include <QHeaderView>
+#include <QApplication>
 
 namespace qublet {
 namespace {
 
 constexpr int kShownColumns = kPath + 1;
-constexpr int kLinesHigh = 5;
+constexpr int kLinesHigh = 6;  // of the window's own font: what is below stays where it is
 
 Row SampleRow(const char* name, const char* time, const char* size, const char* folder) {
   Row row;
@@ -32,7 +32,7 @@ void SampleList::FitColumns() {
 }
 
 QSize SampleList::sizeHint() const {
-  return {RowList::sizeHint().width(), kLinesHigh * fontMetrics().height() + header()->sizeHint().height()};
+  return {RowList::sizeHint().width(), kLinesHigh * QFontMetrics(QApplication::font()).height()};
 }
 
 }  // namespace qublet

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include "desk/report_line.h"
 #include "platform/qt/colours.h"
 #include "settings/preferences/ui/SampleList.h"
 #include "settings/preferences/ui/frmOptions.h"
@@ -34,6 +35,7 @@ class PlaylistView : public PreferencesTestBase {
   QColor Background() { return Sample().palette().color(QPalette::Base); }
   QColor Text() { return Sample().palette().color(QPalette::Text); }
   std::string Face(const char* button) { return hand_->Find<QPushButton>(button).text().toStdString(); }
+  std::string FontShown() { return hand_->Find<ReportLine>("FontText").Reported().toStdString(); }
   // Has `answer` work in the dialog that a click on the button opens.
   template <typename Dialog>
   void Answer(const char* button, const std::function<void(Dialog& dialog)>& answer) {
@@ -83,7 +85,7 @@ TEST_F(PlaylistView, ShowsTheRecordsLook) {
   EXPECT_EQ(Sample().font().pointSizeF(), 8);
   EXPECT_EQ(Face("BackColorChange"), "#3A5300");
   EXPECT_EQ(Face("ForeColorChange"), "#C4DF00");
-  EXPECT_EQ(hand_->Find<QLabel>("FontText").text().toStdString(), "Arial Narrow 8");
+  EXPECT_EQ(FontShown(), "Arial Narrow 8");
 }
 
 TEST_F(PlaylistView, WearsEachScheme) {
@@ -106,7 +108,7 @@ TEST_F(PlaylistView, WearsEachScheme) {
     EXPECT_EQ(Face(worn.button), worn.caption);
     EXPECT_EQ(Face("BackColorChange"), worn.background) << worn.caption;
     EXPECT_EQ(Face("ForeColorChange"), worn.text) << worn.caption;
-    EXPECT_EQ(hand_->Find<QLabel>("FontText").text().toStdString(), worn.font);
+    EXPECT_EQ(FontShown(), worn.font);
     EXPECT_EQ(hand_->Ticked("chkShowGrid"), worn.grid) << worn.caption;
     const bool system = std::string(worn.background) == "System";
     EXPECT_EQ(Background(), system ? QApplication::palette().color(QPalette::Base) : QColor(worn.background));
@@ -116,6 +118,26 @@ TEST_F(PlaylistView, WearsEachScheme) {
     EXPECT_FALSE(font.bold() || font.italic() || font.underline() || font.strikeOut());
   }
   EXPECT_EQ(Settings().BC, 21306) << "nothing is applied";
+}
+
+TEST_F(PlaylistView, MovesNothingBelowTheSample) {
+  const auto places = [this] {
+    QList<QRect> rects{form_->geometry()};
+    for (const char* name :
+         {"lblTestArea", "BackColorChange", "FontChange", "chkHotTracking", "schDefault", "schSave"}) {
+      auto& control = hand_->Find<QWidget>(name);
+      rects << QRect(control.mapToGlobal(QPoint()), control.size());
+    }
+    return rects;
+  };
+  hand_->Click("schGreenLCD");
+  const QList<QRect> before = places();
+  for (const Scheme& scheme : Schemes()) {
+    hand_->Click(scheme.name);
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(places(), before) << scheme.caption;
+  }
 }
 
 TEST_F(PlaylistView, ShowsAFractionAndStoresItRounded) {
@@ -208,7 +230,7 @@ TEST_F(PlaylistView, KeepsTheNameOfAFontThatIsNotThere) {
   Settings().Name = "No Such Font";
   Settings().Size = 9;
   Open();
-  EXPECT_EQ(hand_->Find<QLabel>("FontText").text().toStdString(), "No Such Font 9");
+  EXPECT_EQ(FontShown(), "No Such Font 9");
   Answer<QFontDialog>("FontChange", [](QFontDialog& dialog) { dialog.accept(); });
   hand_->Click("cmdApply");
   EXPECT_EQ(Settings().Name, "No Such Font");
