@@ -9,6 +9,8 @@
 namespace qublet {
 namespace {
 
+constexpr int kSettled = 500;  // milliseconds: a window manager has a word in where a window stands
+
 const char* NodeOf(SettingPage page) {
   static const std::map<SettingPage, const char*> kNodes{
       {SettingPage::kGeneral, "General"},   {SettingPage::kPlaylistView, "Playlist"},
@@ -120,7 +122,7 @@ TEST_F(PreferencesKept, ApplyMovesNothingAndResetsNoWidth) {
   window.main->move(93, 141);
   window.main->resize(611, 377);
   window.List().setColumnWidth(kPath, 234);
-  QCoreApplication::processEvents();
+  QTest::qWait(kSettled);
   const QRect before = PlaceOfMain();
   Open([](const OptionsHand& hand, QWidget&) {
     hand.Click("cmdApply");
@@ -134,7 +136,7 @@ TEST_F(PreferencesKept, ApplyMovesNothingAndResetsNoWidth) {
 TEST_F(PreferencesKept, ApplyMovesNothingFarOutEither) {
   window.main->move(2500, 141);
   window.main->resize(2300, 377);
-  QCoreApplication::processEvents();
+  QTest::qWait(kSettled);
   const QRect before = PlaceOfMain();
   Open([](const OptionsHand& hand, QWidget&) { hand.Click("cmdApply"); });
   EXPECT_EQ(PlaceOfMain(), before);
@@ -142,7 +144,7 @@ TEST_F(PreferencesKept, ApplyMovesNothingFarOutEither) {
 
 TEST_F(PreferencesKept, ApplyLeavesAMaximisedWindowMaximised) {
   window.main->showMaximized();
-  QTest::qWait(500);
+  QTest::qWait(kSettled);
   const QRect before = PlaceOfMain();
   Open([](const OptionsHand& hand, QWidget&) { hand.Click("cmdApply"); });
   EXPECT_TRUE(window.main->isMaximized());

@@ -53,6 +53,7 @@ PlaylistViewPage::PlaylistViewPage(QWidget* parent) : OptionsPage(SettingPage::k
       Show();
     });
   }
+  ShowFaces();
 }
 
 void PlaylistViewPage::Attach(Preferences& preferences) {

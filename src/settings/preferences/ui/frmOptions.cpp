@@ -56,13 +56,14 @@ void frmOptions::BuildTree() {
     nodes.insert(QString::fromUtf8(page.key), node);
   }
   OptionsTree->expandAll();
+  const int beside = OptionsTree->verticalScrollBar()->sizeHint().width();
   OptionsTree->resizeColumnToContents(0);
-  OptionsTree->setFixedWidth(OptionsTree->columnWidth(0) + 2 * OptionsTree->frameWidth() +
-                             OptionsTree->verticalScrollBar()->sizeHint().width());
+  OptionsTree->setFixedWidth(OptionsTree->columnWidth(0) + 2 * OptionsTree->frameWidth() + beside);
 }
 
 void frmOptions::ShowOptionsPage(int page) {
   frameOption->setCurrentIndex(page);
+  PageArea->verticalScrollBar()->setValue(0);
   PageCaption->setText(frameOption->currentWidget()->windowTitle());
 }
 
