@@ -289,7 +289,8 @@ void Main::ApplyQUBLETSettings() {
   ShowBars();
   addToolBar(engine_.settings.Align == 1 ? Qt::TopToolBarArea : Qt::BottomToolBarArea, Toolbar1);
   ApplyListLook(engine_.settings, *ListView1);
-  ApplyPlace(engine_.settings, normal_place_);
+  // A record that has the window's own place moves nothing, even where it can't hold how far out the window stands.
+  if (copied_place_ != PlaceIn(engine_.settings)) ApplyPlace(engine_.settings, normal_place_);
 }
 
 void Main::ShowBars() {
@@ -307,8 +308,8 @@ void Main::Relayout() {
 }
 
 void Main::CopyState(AppSettings& settings) {
-  engine_.session.Keep(kMaximised, isMaximized() ? "1" : "0");
   CopyWindowState(StateOf(*this, normal_place_, *ListView1, *Toolbar1, *StatusBar1, settings), settings);
+  copied_place_ = PlaceIn(settings);
 }
 
 ColumnWidths Main::DefColumnWidths() const {

@@ -11,6 +11,7 @@
 
 #include "app/StatusPanel.h"
 #include "app/Toolbar.h"
+#include "app/appearance.h"
 #include "app/list_events.h"
 #include "desk/commands.h"
 #include "desk/menus.h"
@@ -43,7 +44,7 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   bool PrepareEnd(const std::function<bool()>& may_ask);
 
  signals:
-  // Everything is stored: the process ends now, other windows aren't asked.
+  // All that is to be stored is: the process ends now, other windows aren't asked.
   void ended();
 
  protected:
@@ -78,9 +79,11 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   // Session::Window
   void ApplyQUBLETSettings() override;
   void CopyState(AppSettings& settings) override;
+  bool Maximised() const override { return isMaximized(); }
   ColumnWidths DefColumnWidths() const override;
   ScreenSize Screen() const override;
   void Relayout() override;
+  void EndUnsaved() override { emit ended(); }
 
   Engine& engine_;
   Commands& commands_;
@@ -90,6 +93,7 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   std::array<StatusPanel*, 4> Panels{};
   std::array<QAction*, kRecentMenuRoom> MFileRecent{};
   NormalPlace normal_place_{*this};
+  std::optional<RecordedPlace> copied_place_;  // what the record got when the window's state was copied last
   std::optional<Menus> menus_;
   std::unique_ptr<ListEvents> list_events_;
   QTimer RecoveryTimer;

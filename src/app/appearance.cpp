@@ -1,50 +1,16 @@
 #include "app/appearance.h"
 
-#include <QFont>
 #include <QGuiApplication>
-#include <QHeaderView>
 #include <QScreen>
 #include <algorithm>
 #include <limits>
 
-#include "platform/qt/colours.h"
+#include "playlist/ui/list_look.h"
 
 namespace qublet {
 
-namespace {
-
-// The font with each of its traits said, so that a widget takes none from its parent.
-QFont OwnFont(QFont font) {
-  font.setResolveMask(QFont::AllPropertiesResolved);
-  return font;
-}
-
-}  // namespace
-
 void ApplyListLook(const AppSettings& settings, RowList& list) {
-  QPalette palette;
-  // The colours of the desktop follow it from light to dark.
-  if (SystemColour(settings.BC) != QPalette::Base) palette.setColor(QPalette::Base, ColourFromSetting(settings.BC));
-  if (SystemColour(settings.FC) != QPalette::Text) palette.setColor(QPalette::Text, ColourFromSetting(settings.FC));
-  list.setPalette(palette);
-
-  QFont font(QString::fromStdString(settings.Name), settings.Size);
-  // Where there is no such font, the one of the menus is easier on the eyes than any other. Elsewhere than on Windows
-  // the system finds the nearest itself.
-  if (QGuiApplication::platformName() == QLatin1String("windows")) {
-    font.setFamilies({font.family(), QGuiApplication::font().family()});
-  }
-  font.setItalic(settings.Italic);
-  font.setBold(settings.Bold);
-  font.setStrikeOut(settings.Strikethrough);
-  font.setUnderline(settings.Underline);
-  // First, so that the header isn't measured in the list's font.
-  QFont header = QGuiApplication::font();
-  header.setPointSizeF(font.pointSizeF());
-  list.header()->setFont(OwnFont(header));
-  list.setFont(font);
-
-  list.SetGridLines(settings.GRID);
+  ApplyLook(LookOf(settings), list);
   list.SetHotTracking(settings.HOTTRACK);
 
   for (std::size_t i = 0; i < settings.TV.size(); ++i) {
@@ -52,6 +18,10 @@ void ApplyListLook(const AppSettings& settings, RowList& list) {
     list.setColumnHidden(column, !settings.TX[i] || settings.TV[i] <= 0);
     if (settings.TX[i] && settings.TV[i] > 0) list.setColumnWidth(column, settings.TV[i]);
   }
+}
+
+RecordedPlace PlaceIn(const AppSettings& settings) {
+  return {settings.T, settings.L, settings.W, settings.H};
 }
 
 void ApplyPlace(const AppSettings& settings, NormalPlace& place) {

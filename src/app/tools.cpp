@@ -4,6 +4,7 @@
 #include "media/editor/ui/add_tag_editor.h"
 #include "player/ui/play_commands.h"
 #include "playlist/ui/menu_commands.h"
+#include "settings/preferences/ui/add_preferences.h"
 #include "tools/purge/ui/add_purge.h"
 #include "tools/rename/ui/add_rename.h"
 #include "tools/search/ui/add_search.h"
@@ -22,6 +23,7 @@ void AddTools(Commands& commands, const Desk& desk) {
   AddRename(commands, desk);
   AddSearch(commands, desk);
   AddReport(commands, desk);
+  AddPreferences(commands, desk);
 }
 
 }  // namespace qublet

@@ -5,6 +5,7 @@
 #include "playlist/own_playlists.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/text_files.h"
+#include "playlist/recent_files.h"
 #include "playlist/row_paths.h"
 #include "settings/kept_values.h"
 
@@ -37,7 +38,8 @@ void Session::StoreState() {
   if (StoreList()) recovery_.Drop();
   StoreTwin();
   Keep(kWorkFolder, document_.WorkFolder);
-  window_->CopyState(settings_);
+  Keep(kMaximised, window_->Maximised() ? "1" : "0");
+  TakeWindowState();
   SaveSettings(services_.store, places_.AppKey, settings_, services_.startup, LastPlaylist(places_.program_folder));
 }
 
@@ -50,6 +52,17 @@ void Session::RestoreState() {
   window_->ApplyQUBLETSettings();
   items_.MEditSelNone_Click();
   window_->Relayout();
+}
+
+void Session::ApplyRecord() {
+  window_->ApplyQUBLETSettings();
+  view_.RefreshRecentMenu();
+  view_.Refresh();
+}
+
+void Session::ForgetRecentFiles() {
+  const std::vector<std::string> nothing(kRecentMenuRoom);
+  ResumeNext([&] { services_.store.SaveSettings(places_.AppKey, StoredRecentFiles(nothing)); });
 }
 
 bool Session::RestoreLastList() {

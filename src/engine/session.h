@@ -20,9 +20,11 @@ class Session {
     virtual ~Window() = default;
     virtual void ApplyQUBLETSettings() = 0;
     virtual void CopyState(AppSettings& settings) = 0;  // what the window looks like now, into the record
+    virtual bool Maximised() const = 0;
     virtual ColumnWidths DefColumnWidths() const = 0;
     virtual ScreenSize Screen() const = 0;
     virtual void Relayout() = 0;
+    virtual void EndUnsaved() = 0;  // the process ends, and nothing is stored on the way
   };
 
   struct Places {
@@ -52,6 +54,15 @@ class Session {
   void RestoreOrBeginAnew();
   // Stores what is to be kept (`SetReg` True) or brings it back. A step that fails is skipped and the next one runs.
   void SetFormState(bool SetReg);
+
+  // Takes what the window looks like now into the record, as an end does.
+  void TakeWindowState() { window_->CopyState(settings_); }
+  // Has the window follow a record that has changed.
+  void ApplyRecord();
+  // Empties the stored list of recent files.
+  void ForgetRecentFiles();
+  // Ends the process at once, without a question and without storing anything.
+  void EndUnsaved() { window_->EndUnsaved(); }
 
   // Adds the list of the last session: "last.m3u", or the newest recovery list that nobody owns when that is not
   // older. True when it was such a one.

@@ -13,6 +13,7 @@
 #include "app/appearance.h"
 #include "desk/Status.h"
 #include "editor_pictures.h"
+#include "options_pictures.h"
 #include "purge_pictures.h"
 #include "rename_pictures.h"
 #include "search_pictures.h"
@@ -105,6 +106,7 @@ class Pictures {
     TakeRenamePictures(window_, take);
     TakeSearchPictures(window_, take);
     TakePurgePictures(window_, take);
+    TakeOptionsPictures(window_, take);
   }
 
   bool Failed() const { return failed_; }

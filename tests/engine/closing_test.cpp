@@ -16,7 +16,9 @@ class NoWindow : public Session::Window {
   void CopyState(AppSettings& settings) override { settings.W = 1234; }
   ColumnWidths DefColumnWidths() const override { return {}; }
   ScreenSize Screen() const override { return {20'000, 20'000}; }
+  bool Maximised() const override { return false; }
   void Relayout() override {}
+  void EndUnsaved() override {}
 };
 
 // A feedback that says whether a command runs.

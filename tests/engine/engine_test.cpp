@@ -13,7 +13,9 @@ class NoWindow : public Session::Window {
   void CopyState(AppSettings& /*settings*/) override { copied = true; }
   ColumnWidths DefColumnWidths() const override { return {}; }
   ScreenSize Screen() const override { return {}; }
+  bool Maximised() const override { return false; }
   void Relayout() override {}
+  void EndUnsaved() override {}
 
   bool applied = false;
   bool copied = false;

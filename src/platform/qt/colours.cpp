@@ -91,4 +91,8 @@ QColor ColourFromSetting(std::int32_t colour) {
   return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
 }
 
+std::int32_t SettingFromColour(const QColor& colour) {
+  return colour.red() | colour.green() << 8 | colour.blue() << 16;
+}
+
 }  // namespace qublet

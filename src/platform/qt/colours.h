@@ -20,6 +20,7 @@ QColor StrongestOn(const QColor& background);
 // Colours as settings and files hold them: red in the low byte. With the highest bit set the number is one of the
 // system's colours, and the low byte says which.
 QColor ColourFromSetting(std::int32_t colour);
+std::int32_t SettingFromColour(const QColor& colour);
 // The palette's role that a system's colour stands for; nothing for other colours.
 std::optional<QPalette::ColorRole> SystemColour(std::int32_t colour);
 

@@ -372,7 +372,7 @@ TEST_F(SearchFormTest, TheTabKeyFollowsTheEye) {
     order << QApplication::focusWidget()->objectName();
     Press(Qt::Key_Tab);
   }
-  EXPECT_EQ(order.join(u' ').toStdString(), "txtSearch cmdSelAl cmdBack cmdNext cmdPreview cmdOptions cmdClose");
+  EXPECT_EQ(order.join(u' ').toStdString(), "txtSearch cmdOptions cmdSelAl cmdBack cmdNext cmdPreview cmdClose");
   EXPECT_EQ(QApplication::focusWidget(), &Box());
 }
 
