@@ -102,7 +102,10 @@ TEST_F(PreferencesAct, OnTheListsLook) {
     EXPECT_EQ(window.List().palette().color(QPalette::Base), QColor(0x00, 0x4B, 0x97));
     EXPECT_EQ(window.List().palette().color(QPalette::Text), QColor(0x6A, 0xCF, 0xFF));
     EXPECT_NE(window.List().viewport()->grab().toImage(), before);
-    EXPECT_TRUE(window.List().viewport()->testAttribute(Qt::WA_Hover));
+    const QImage hot = PictureUnderPointer(window.List());
+    hand.Click("chkHotTracking");
+    hand.Click("cmdApply");
+    EXPECT_NE(PictureUnderPointer(window.List()), hot);
     hand.Click("schOldSkool");
     hand.Click("cmdApply");
     EXPECT_EQ(window.List().font().family().toStdString(), "Verdana");

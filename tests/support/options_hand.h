@@ -3,12 +3,15 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHoverEvent>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QSlider>
 #include <QStackedWidget>
 #include <QTest>
+#include <QTreeView>
 #include <QTreeWidget>
 #include <memory>
 #include <stdexcept>
@@ -52,5 +55,13 @@ class OptionsHand {
  private:
   QWidget& window_;
 };
+
+// The list as it is painted while the pointer is over the first row's name.
+inline QImage PictureUnderPointer(QTreeView& list) {
+  const QPoint place = list.visualRect(list.model()->index(0, 0)).center();
+  QHoverEvent move(QEvent::HoverMove, place, list.viewport()->mapToGlobal(place), QPointF(1, 1));
+  QCoreApplication::sendEvent(list.viewport(), &move);
+  return list.viewport()->grab().toImage();
+}
 
 }  // namespace qublet

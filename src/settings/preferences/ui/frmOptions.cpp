@@ -1,5 +1,6 @@
 #include "settings/preferences/ui/frmOptions.h"
 
+#include <QScreen>
 #include <QScrollBar>
 
 namespace qublet {
@@ -21,6 +22,7 @@ constexpr std::array kNodes{PageNode{"General", "General", ""},
                             PageNode{"Startup", "SUO", "Misc"},
                             PageNode{"Prompting", "Prompting", ""}};
 
+constexpr double kShareOfTheScreen = 0.9;  // at most, so that there is room for a frame
 constexpr int kKey = Qt::UserRole;
 constexpr int kFrame = Qt::UserRole + 1;
 
@@ -42,6 +44,7 @@ frmOptions::frmOptions(Engine& engine, QWidget* parent) : QDialog(parent), prefe
   connect(cmdApply, &QPushButton::clicked, this, &frmOptions::StoreOptionControls);
   connect(CmdClose, &QPushButton::clicked, this, &frmOptions::reject);
   OptionsTree->setCurrentItem(OptionsTree->topLevelItem(0));
+  resize(sizeHint().boundedTo(screen()->availableSize() * kShareOfTheScreen));
 }
 
 void frmOptions::BuildTree() {

@@ -81,6 +81,7 @@ TEST_F(PlaylistView, HasTwoItemsInFourColumns) {
 TEST_F(PlaylistView, ShowsTheRecordsLook) {
   EXPECT_EQ(Background(), QColor(0x3A, 0x53, 0x00));
   EXPECT_EQ(Text(), QColor(0xC4, 0xDF, 0x00));
+  EXPECT_GE(Contrast(Text(), Background()), 4.5);
   EXPECT_EQ(Sample().font().family().toStdString(), "Arial Narrow");
   EXPECT_EQ(Sample().font().pointSizeF(), 8);
   EXPECT_EQ(Face("BackColorChange"), "#3A5300");
@@ -249,9 +250,11 @@ TEST_F(PlaylistView, ShowsGridLinesAndHotTrackingAtOnce) {
   EXPECT_NE(Sample().viewport()->grab().toImage(), before);
   hand_->Click("chkShowGrid");
   EXPECT_EQ(Sample().viewport()->grab().toImage(), before);
-  EXPECT_FALSE(Sample().viewport()->testAttribute(Qt::WA_Hover));
+  const QImage cold = PictureUnderPointer(Sample());
   hand_->Click("chkHotTracking");
-  EXPECT_TRUE(Sample().viewport()->testAttribute(Qt::WA_Hover));
+  EXPECT_NE(PictureUnderPointer(Sample()), cold);
+  hand_->Click("chkHotTracking");
+  EXPECT_EQ(PictureUnderPointer(Sample()), cold);
   EXPECT_FALSE(Settings().HOTTRACK);
 }
 
