@@ -42,9 +42,8 @@ Contest DuplicatesAgainstOneSort(Workplace&) {
   for (int i = 1; i <= rows->Count(); ++i) folded->push_back(FoldCase(rows->At(i).FullPath()));
   const auto find = [rows] {
     std::size_t found = 0;
-    const double seconds = SecondsOf([&] {
-      found = FindDuplicates(BuildDuplicateKeys(*rows, DuplicateKey::kPath, false), false).size();
-    });
+    const double seconds = SecondsOf(
+        [&] { found = FindDuplicates(BuildDuplicateKeys(*rows, DuplicateKey::kPath, false), false).size(); });
     if (found < 3000) throw std::runtime_error("duplicates are missing");
     return seconds;
   };
@@ -136,7 +135,8 @@ class RestoreJob {
     RowStore& list = engine.document.ListView1;
     std::vector<Row> rows;
     for (int i = 0; i < kMissing; ++i)
-      rows.push_back(RowOf("c:\\gone\\" + std::to_string(i / kFilesInEach) + "\\Track " + std::to_string(i) + ".mp3"));
+      rows.push_back(
+          RowOf("c:\\gone\\" + std::to_string(i / kFilesInEach) + "\\Track " + std::to_string(i) + ".mp3"));
     list.Insert(1, std::move(rows));
     const MissingItems missing = FindMissingItems(list, *system_.files, [] {});
     const std::string drive_form = system_.files->FromNative(root);
@@ -146,7 +146,8 @@ class RestoreJob {
       restoration.SearchDrive(drive_form);
       found = restoration.FoundCount();
       for (int n = 1; n <= restoration.FolderCount(); ++n)
-        if (restoration.ShowMissingFolder(n).FoundPaths.size() != 1) throw std::runtime_error("a suggestion is missing");
+        if (restoration.ShowMissingFolder(n).FoundPaths.size() != 1)
+          throw std::runtime_error("a suggestion is missing");
     });
     if (found != kMissing) throw std::runtime_error("files are missing");
     return seconds;
