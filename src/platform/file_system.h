@@ -37,6 +37,15 @@ struct FolderIdentity {
   bool operator==(const FolderIdentity&) const = default;
 };
 
+// A folder that has been opened, for who has to know which one it is before it is read.
+class OpenedFolder {
+ public:
+  virtual ~OpenedFolder() = default;
+  virtual FolderIdentity Identity() const = 0;
+  // As FileSystem::ReadFolder; once. Throws Failure.
+  virtual std::vector<FolderEntry> Read() = 0;
+};
+
 // What tells one file of a disk from another whatever name leads to it: a link is another one than the file that it
 // leads to. It lasts until the file is replaced, also over a start of the system.
 struct FileIdentity {
@@ -107,6 +116,8 @@ class FileSystem {
 
   // The attribute bits of a file or folder, nothing when it can't be reached. Never throws.
   virtual std::optional<unsigned> Attributes(const std::string& path) const = 0;
+  // Whether the file or folder can be reached: Attributes without what they cost. Never throws.
+  virtual bool Exists(const std::string& path) const { return Attributes(path).has_value(); }
   // Sets and clears kReadOnly, kHidden, kSystem and kArchive. Throws Failure when the file can't be reached or
   // changed, or when this file system can't keep a bit.
   virtual void SetAttributes(const std::string& path, unsigned attributes) const = 0;
@@ -119,6 +130,8 @@ class FileSystem {
   // All names of a folder, in no particular order; none where the system shows its own state as files (/proc, /sys).
   // Throws Failure when it can't be read.
   virtual std::vector<FolderEntry> ReadFolder(const std::string& folder) const = 0;
+  // The way to read many folders: no name is looked up twice. Nothing when the folder can't be opened. Never throws.
+  virtual std::unique_ptr<OpenedFolder> Open(const std::string& folder) const;
   // Nothing when the folder can't be reached. Never throws.
   virtual std::optional<FolderIdentity> IdentityOf(const std::string& folder) const = 0;
   // The same for a file.

@@ -64,7 +64,7 @@ TEST_F(PurgeTest, TheWindowIsTheSameEachTimeAndKeepsItsChoices) {
     Click(form, "CmdSearch");
   });
   EXPECT_EQ(window.Selected(), "-x-");
-  EXPECT_EQ(window.Panel(1), "1 Item Selected");
+  EXPECT_EQ(window.Panel(1), "Track: 2/3");
 }
 
 TEST_F(PurgeTest, AnUnsavedListIsAskedAboutAfterwards) {

@@ -56,6 +56,15 @@ std::string Text(const Bytes& bytes) {
   return {bytes.begin(), bytes.end()};
 }
 
+// z: leads to nothing, so that a search of all drives meets nothing of this machine.
+std::unique_ptr<FileSystem> OpenClosedDrives() {
+  const std::filesystem::path links = qEnvironmentVariable("QUBLET_DOSDEVICES").toStdString();
+  const std::filesystem::path nothing = links.parent_path() / "z";
+  std::filesystem::create_directory(nothing);
+  std::filesystem::create_directory_symlink(nothing, links / "z:");
+  return OpenFileSystem();
+}
+
 class Pictures {
  public:
   explicit Pictures(const QDir& folder) : folder_(folder) {
@@ -232,7 +241,7 @@ class Pictures {
   }
 
   QDir folder_;
-  MainWindow window_;
+  MainWindow window_{OpenClosedDrives};
   bool failed_ = false;
 };
 

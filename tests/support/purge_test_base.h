@@ -14,11 +14,6 @@
 
 namespace qublet {
 
-// The drives c:, d: and z:, which else leads to all of this machine.
-struct ClosedDrives : TemporaryDrives {
-  ClosedDrives() { AddDrive('z'); }
-};
-
 // A list over temporary drives, and the purge window without its window.
 class PurgeTestBase : public testing::Test {
  protected:

@@ -115,4 +115,9 @@ class TemporaryDrives {
   std::filesystem::path root_;
 };
 
+// The drives c:, d: and z:, which else leads to all of this machine.
+struct ClosedDrives : TemporaryDrives {
+  ClosedDrives() { AddDrive('z'); }
+};
+
 }  // namespace qublet

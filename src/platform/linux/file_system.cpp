@@ -1,6 +1,5 @@
 #include "platform/file_system.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -14,6 +13,7 @@
 #include "platform/linux/drives.h"
 #include "platform/linux/file_system_kind.h"
 #include "platform/linux/folder_flushes.h"
+#include "platform/linux/folder_reading.h"
 #include "platform/linux/move.h"
 #include "platform/linux/native_text.h"
 #include "platform/linux/open_files.h"
@@ -21,10 +21,6 @@
 
 namespace qublet {
 namespace {
-
-bool IsHiddenName(std::string_view name) {
-  return name.starts_with('.') && name != "." && name != "..";
-}
 
 std::string_view LastName(std::string_view path) {
   while (!path.empty() && IsSeparator(path.back())) path.remove_suffix(1);
@@ -50,10 +46,6 @@ std::string NativeCurrentFolder() {
   return PlainNativePath(folder);
 }
 
-struct CloseFolder {
-  void operator()(DIR* folder) const { closedir(folder); }
-};
-
 class LinuxFileSystem : public FileSystem {
  public:
   LinuxFileSystem() : drives_(Drives::FindFolder()), current_native_(NativeCurrentFolder()) {
@@ -62,6 +54,7 @@ class LinuxFileSystem : public FileSystem {
   }
 
   std::optional<unsigned> Attributes(const std::string& path) const override;
+  bool Exists(const std::string& path) const override { return FindStatus(path).has_value(); }
   void SetAttributes(const std::string& path, unsigned attributes) const override {
     // A name that begins with a dot says it already.
     SetAttributesOf(ToNative(path), IsHiddenName(LastName(path)) ? attributes & ~kHidden : attributes);
@@ -69,6 +62,7 @@ class LinuxFileSystem : public FileSystem {
   std::int64_t FileLength(const std::string& path) const override;
   bool IsReadOnly(const std::string& path) const override;
   std::vector<FolderEntry> ReadFolder(const std::string& folder) const override;
+  std::unique_ptr<OpenedFolder> Open(const std::string& folder) const override;
   std::optional<FolderIdentity> IdentityOf(const std::string& folder) const override;
   std::optional<FileIdentity> IdentityOfFile(const std::string& path) const override;
   std::unique_ptr<AbsentPlaces> FindAbsentPlaces() const override { return FindUnmountedPlaces(*this); }
@@ -104,6 +98,7 @@ class LinuxFileSystem : public FileSystem {
   void Enter(const std::string& text);
 
   Drives drives_;
+  mutable DeviceWithFiles with_files_;
   mutable FolderFlushes flushes_;  // of new versions
   std::string current_;            // as it was named, drive form
   std::string current_native_;     // the same place, absolute
@@ -139,27 +134,13 @@ bool LinuxFileSystem::IsReadOnly(const std::string& path) const {
 }
 
 std::vector<FolderEntry> LinuxFileSystem::ReadFolder(const std::string& folder) const {
-  const std::string native = ToNative(folder);
-  const std::unique_ptr<DIR, CloseFolder> open(opendir(native.c_str()));
-  if (!open) FailWithErrno("list", native);
-  if (ShowsTheKernel(dirfd(open.get()))) return {};
+  return LinuxFolder(ToNative(folder), with_files_).Read();
+}
 
-  std::vector<FolderEntry> entries;
-  errno = 0;
-  while (const dirent* entry = readdir(open.get())) {
-    const std::string_view name = entry->d_name;
-    if (name == "." || name == "..") continue;
-    bool is_folder = entry->d_type == DT_DIR;
-    if (entry->d_type == DT_LNK || entry->d_type == DT_UNKNOWN) {
-      struct stat status {};
-      if (fstatat(dirfd(open.get()), entry->d_name, &status, 0) != 0) continue;
-      is_folder = S_ISDIR(status.st_mode);
-    }
-    entries.push_back({TextFromNative(name), is_folder, IsHiddenName(name)});
-    errno = 0;
-  }
-  if (errno != 0) FailWithErrno("list", native);
-  return entries;
+std::unique_ptr<OpenedFolder> LinuxFileSystem::Open(const std::string& folder) const {
+  std::unique_ptr<OpenedFolder> open;
+  ResumeNext([&] { open = std::make_unique<LinuxFolder>(ToNative(folder), with_files_); });
+  return open;
 }
 
 std::optional<FolderIdentity> LinuxFileSystem::IdentityOf(const std::string& folder) const {

@@ -59,9 +59,15 @@ void AppendAscii(std::string& text, char character) {
   }
 }
 
+// Whether a byte isn't simply the same in a text; few names hold one.
+bool IsOther(char c) {
+  return static_cast<signed char>(c) < 0x20 || c == '/' || c == '\\' || c == ':';
+}
+
 }  // namespace
 
 std::string TextFromNative(std::string_view native) {
+  if (std::none_of(native.begin(), native.end(), IsOther)) return std::string(native);
   std::string text;
   text.reserve(native.size() + 16);
   for (std::size_t i = 0; i < native.size();) {

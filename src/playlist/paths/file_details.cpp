@@ -31,7 +31,7 @@ void GetFileDetails(const FileSystem& files, std::string& path, FileDetails& det
 
 bool FileExists(const FileSystem& files, const std::string& path) {
   if (path.empty()) return false;
-  if (files.Attributes(path).has_value()) return true;
+  if (files.Exists(path)) return true;
   if (GetFileName(path).find_first_of("*?") == std::string::npos) return false;
   bool fits = false;
   ResumeNext([&] { fits = AnyNameFits(files, path); });

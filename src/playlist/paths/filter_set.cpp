@@ -5,6 +5,7 @@
 #include <tuple>
 #include <utility>
 
+#include "platform/code_page.h"
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
@@ -55,10 +56,15 @@ void SortByFilter(FilterSet::Matches& matches) {
 
 }  // namespace
 
-FilterSet::FilterSet(const Collection& filters, Stars stars) : filters_(filters), stars_(stars) {
+FilterSet::FilterSet(const Collection& filters, Stars stars)
+    : filters_(filters), stars_(stars), resembled_(2 * filters.size()) {
   for (std::size_t i = 0; i < filters.size(); ++i) {
     const std::size_t end = filters[i].find('\\');
     const std::string first = FoldCase(std::string_view(filters[i]).substr(0, end));
+    if (stars == Stars::kAreLetters) {
+      resembled_.Insert(Decomposed(first));
+      resembled_.Insert(SimilarityKey(GetFileName(filters[i])));
+    }
     if (stars == Stars::kMakePatterns && end == std::string::npos && HasWildcard(first))
       patterns_.push_back({i, first, IsKnown(filters[i])});
     else if (first.empty() || first == "." || first == "..")
@@ -68,12 +74,12 @@ FilterSet::FilterSet(const Collection& filters, Stars stars) : filters_(filters)
   }
 }
 
-Listing FilterSet::ReadListing(const FileSystem& files, const std::string& folder) const {
-  std::vector<FolderEntry> entries = files.ReadFolder(folder);
+Listing FilterSet::ListingOf(std::vector<FolderEntry> entries) const {
   Listing listing;
-  listing.reserve(entries.size());
+  if (stars_ == Stars::kMakePatterns) listing.reserve(entries.size());
   for (FolderEntry& entry : entries) {
     std::string folded = FoldCase(entry.name);
+    if (LeavesOut(entry, folded)) continue;
     listing.push_back({std::move(entry.name), std::move(folded), entry.is_folder, entry.hidden});
   }
   const auto ordered = patterns_.empty() ? std::partition(listing.begin(), listing.end(),
@@ -83,6 +89,11 @@ Listing FilterSet::ReadListing(const FileSystem& files, const std::string& folde
     return std::tie(a.folded, a.name) < std::tie(b.folded, b.name);
   });
   return listing;
+}
+
+bool FilterSet::LeavesOut(const FolderEntry& entry, const std::string& folded) const {
+  return stars_ == Stars::kAreLetters && !entry.is_folder && !resembled_.Contains(folded) &&
+         (IsAscii(folded) || !resembled_.Contains(Decomposed(folded)));
 }
 
 FilterSet::Matches FilterSet::MatchesIn(const FileSystem& files, const std::string& folder,

@@ -1,8 +1,8 @@
 #include "playlist/paths/folder_walk.h"
 
 #include <cstdint>
-#include <map>
 #include <optional>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -23,14 +23,14 @@ struct FolderContent {
   FilterSet::Matches matches;
 };
 
-using FolderNumber = std::pair<std::uint64_t, std::uint64_t>;
-
-FolderNumber NumberOf(const FolderIdentity& identity) {
-  return {identity.device, identity.number};
-}
+struct IdentityHash {
+  std::size_t operator()(const FolderIdentity& identity) const {
+    return std::hash<std::uint64_t>()(identity.device * 0x9E3779B97F4A7C15U ^ identity.number);
+  }
+};
 
 // The folders that a search has read.
-using ReadFolders = std::map<FolderNumber, std::shared_ptr<const FolderContent>>;
+using ReadFolders = std::unordered_map<FolderIdentity, std::shared_ptr<const FolderContent>, IdentityHash>;
 
 class Walk {
  public:
@@ -72,37 +72,39 @@ class Walk {
 
   void Enter(const std::string& folder, bool quiet) {
     if (!quiet) feedback_.ShowActivity(folder);
-    Level level{.folder = WithSlash(folder), .quiet = quiet, .identity = files_.IdentityOf(WithSlash(folder))};
+    Level level;
+    level.folder = WithSlash(folder);
+    level.quiet = quiet;
     FilterSet::Matches matches;
-    if (MayEnter(level)) {
-      ResumeNext([&] {
-        level.content = ContentOf(level);
-        matches = level.content->matches;
-        filters_.AddUnlisted(files_, level.folder, matches);
-      });
-    }
+    ResumeNext([&] {
+      const std::unique_ptr<OpenedFolder> open = files_.Open(level.folder);
+      if (!open || !MayEnter(open->Identity())) return;
+      level.identity = open->Identity();
+      level.content = ContentOf(level.folder, *open);
+      matches = level.content->matches;
+      filters_.AddUnlisted(files_, level.folder, matches);
+    });
     take_(level.folder, std::move(matches));
     levels_.push_back(std::move(level));
   }
 
-  bool MayEnter(const Level& level) {
+  bool MayEnter(const FolderIdentity& identity) {
     constexpr int kMostWays = 8;  // links among neighbours would else multiply the walk without end
-    if (!level.identity) return false;
     for (const Level& parent : levels_)
-      if (parent.identity == level.identity) return false;
-    return ++ways_[NumberOf(*level.identity)] <= kMostWays;
+      if (parent.identity == identity) return false;
+    return ++ways_[identity] <= kMostWays;
   }
 
-  std::shared_ptr<const FolderContent> ContentOf(const Level& level) {
-    if (read_ == nullptr) return Read(level.folder);
-    const auto [place, fresh] = read_->try_emplace(NumberOf(*level.identity), level.content);
-    if (fresh) place->second = Read(level.folder);
+  std::shared_ptr<const FolderContent> ContentOf(const std::string& folder, OpenedFolder& open) {
+    if (read_ == nullptr) return Read(folder, open);
+    const auto [place, fresh] = read_->try_emplace(open.Identity(), std::make_shared<FolderContent>());
+    if (fresh) place->second = Read(folder, open);
     return place->second;
   }
 
-  std::shared_ptr<const FolderContent> Read(const std::string& folder) {
+  std::shared_ptr<const FolderContent> Read(const std::string& folder, OpenedFolder& open) {
     auto content = std::make_shared<FolderContent>();
-    const Listing listing = filters_.ReadListing(files_, folder);
+    const Listing listing = filters_.ListingOf(open.Read());
     for (const ListedName& entry : listing)
       if (entry.is_folder && !entry.hidden) content->subfolders.push_back(entry.name);
     content->matches = filters_.MatchesIn(files_, folder, listing);
@@ -117,7 +119,7 @@ class Walk {
   ReadFolders* read_ = nullptr;
   SimilarNames* similar_ = nullptr;
   std::vector<Level> levels_;
-  std::map<FolderNumber, int> ways_;  // times each folder has been entered
+  std::unordered_map<FolderIdentity, int, IdentityHash> ways_;  // times each folder has been entered
 };
 
 void AppendPaths(const std::string& folder, const FilterSet::Matches& matches, Collection& results) {
@@ -142,7 +144,7 @@ void ListFolderFiles(const FileSystem& files, const std::string& folder, const s
     const std::string place = WithSlash(folder);
     const Collection filters = {filter};
     const FilterSet set(filters);
-    FilterSet::Matches matches = set.MatchesIn(files, place, set.ReadListing(files, place));
+    FilterSet::Matches matches = set.MatchesIn(files, place, set.ListingOf(files.ReadFolder(place)));
     set.AddUnlisted(files, place, matches);
     AppendPaths(place, matches, results);
   });

@@ -11,14 +11,10 @@ bool EndsInNames(std::string_view path, std::string_view names) {
   return path.size() == names.size() || path[path.size() - names.size() - 1] == '\\';
 }
 
-std::string KeyOf(std::string_view text) {
-  return Decomposed(FoldCase(text));
-}
-
 }  // namespace
 
 SimilarNames::SimilarNames(const Collection& names) : names_(names), found_(names.size()) {
-  for (std::size_t i = 0; i < names.size(); ++i) by_last_name_[KeyOf(GetFileName(names[i]))].push_back(i);
+  for (std::size_t i = 0; i < names.size(); ++i) by_last_name_[SimilarityKey(GetFileName(names[i]))].push_back(i);
 }
 
 void SimilarNames::Look(const std::string& folder, const Listing& listing) {
@@ -33,7 +29,7 @@ void SimilarNames::Look(const std::string& folder, const Listing& listing) {
 
 void SimilarNames::Compare(const std::string& path, std::size_t place) {
   const std::string& wanted = names_[place];
-  if (!EndsInNames(path, wanted) && EndsInNames(KeyOf(path), KeyOf(wanted))) found_[place] = path;
+  if (!EndsInNames(path, wanted) && EndsInNames(SimilarityKey(path), SimilarityKey(wanted))) found_[place] = path;
 }
 
 }  // namespace qublet

@@ -2,9 +2,10 @@
 
 #include <utf8proc.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <memory>
+
+#include "platform/code_page.h"
 
 namespace qublet {
 namespace {
@@ -142,12 +143,18 @@ std::string ProperCase(std::string_view text) {
 }
 
 std::string FoldCase(std::string_view text) {
-  return Changed(text, FoldOf);
+  if (!IsAscii(text)) return Changed(text, FoldOf);
+  std::string folded(text);
+  for (char& c : folded) c = static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
+  return folded;
+}
+
+std::string SimilarityKey(std::string_view text) {
+  return Decomposed(FoldCase(text));
 }
 
 std::string Decomposed(std::string_view text) {
-  if (std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
-    return std::string(text);
+  if (IsAscii(text)) return std::string(text);
   utf8proc_uint8_t* decomposed = nullptr;
   const auto length =
       utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(text.data()), static_cast<utf8proc_ssize_t>(text.size()),

@@ -31,6 +31,8 @@ std::string FoldCase(std::string_view text);
 // With every accent as a character of its own behind its letter (Unicode's canonical decomposition). A text that
 // isn't UTF-8 stays as it is.
 std::string Decomposed(std::string_view text);
+// A key by which texts are equal that differ only in case or in where their accents stand.
+std::string SimilarityKey(std::string_view text);
 
 // Length in bytes of the character that begins at `text[at]`.
 std::size_t CharacterLength(std::string_view text, std::size_t at);

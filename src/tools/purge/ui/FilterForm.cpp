@@ -6,6 +6,11 @@
 #include "tools/purge/ui/purge_runner.h"
 
 namespace qublet {
+namespace {
+
+constexpr int kLettersAcross = 84;  // a folder, and how many files it holds
+
+}  // namespace
 
 FilterForm::FilterForm(Engine& engine, WindowFeedback& feedback, QWidget* parent)
     : QDialog(parent), purger_(engine), feedback_(feedback) {
@@ -19,7 +24,7 @@ FilterForm::FilterForm(Engine& engine, WindowFeedback& feedback, QWidget* parent
   new Activation(*this, [this](Activation::Cause) { Activate(); });
   FilterTab->setCurrentIndex(0);
   Render();
-  resize(sizeHint());
+  resize(sizeHint().expandedTo({kLettersAcross * fontMetrics().averageCharWidth(), 0}));
 }
 
 void FilterForm::Activate() {
