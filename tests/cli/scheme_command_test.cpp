@@ -67,6 +67,8 @@ TEST_F(SchemeCommandTest, StoresNothingFromAFileThatHoldsNoLook) {
   EXPECT_EQ(Run({"apply", "c:\\short.dps"}), 1);
   EXPECT_EQ(Err(), "qublet: c:\\short.dps: it holds no look\n");
   EXPECT_EQ(Run({"apply", "c:\\nameless.dps"}), 1);
+  drives_.Write("huge.dps", "Arial" + std::string(95, ' ') + "\xFF\x7F" + std::string(18, '\0'));
+  EXPECT_EQ(Run({"apply", "c:\\huge.dps"}), 1);
   EXPECT_EQ(fakes_.store.saves, 0);
 }
 

@@ -89,10 +89,10 @@ QString ShownTip(std::string_view text) {
 }
 
 QString ShownMessage(std::string_view text, qsizetype longest) {
-  // Lines of a message end in CR, or in LF and CR.
+  // Lines of a message end in CR, in LF and CR, or in CR and LF.
   QString whole = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
   QStringList lines;
-  for (const QString& line : whole.replace(u"\n\r"_qs, u"\r"_qs).split(u'\r'))
+  for (const QString& line : whole.replace(u"\n\r"_qs, u"\r"_qs).replace(u"\r\n"_qs, u"\r"_qs).split(u'\r'))
     lines << WithBreaks(Isolated(WithoutMiddle(ShownText(line), longest)));
   return lines.join(u'\n');
 }

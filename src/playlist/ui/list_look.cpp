@@ -19,7 +19,7 @@ QFont OwnFont(QFont font) {
 
 QFont FontOf(const Look& look) {
   QFont font(QString::fromStdString(look.font));
-  if (look.size > 0) font.setPointSizeF(look.size);
+  if (look.size > 0) font.setPointSizeF(ShownSize(look));
   // Where there is no such font, the one of the menus is easier on the eyes than any other. Elsewhere than on Windows
   // the system finds the nearest itself.
   if (QGuiApplication::platformName() == QLatin1String("windows"))

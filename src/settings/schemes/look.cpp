@@ -4,6 +4,7 @@
 
 #include "playlist/paths/numbers.h"
 #include "playlist/paths/text.h"
+#include "settings/setting_rows.h"
 
 namespace qublet {
 namespace {
@@ -20,6 +21,10 @@ constexpr Scheme kSchemes[] = {
     {"schDJ", "DJ", 0x37371C, 0xFF5151, "Verdana", 6.75, true},
     {"schClear", "Clear", 0x974B00, 0xFFCF6A, "Arial Narrow", 8, false},
 };
+
+const SettingLimits& SizeLimits() {
+  return FindSettingRow("TableFont", "Size")->limits;
+}
 
 bool IsOfLook(const Setting& setting) {
   return setting.section == "TableFont" ||
@@ -75,12 +80,16 @@ std::vector<Setting> StoredLook(const AppSettings& settings) {
   return stored;
 }
 
+double ShownSize(const Look& look) {
+  return std::clamp<double>(look.size, SizeLimits().least, SizeLimits().most);
+}
+
 bool TakeLook(const Look& from, Look& to) {
   to.background = from.background;
   to.text = from.text;
   if (from.font.empty()) return false;
   to.font = from.font;
-  if (from.size < 1) return false;
+  if (from.size != ShownSize(from)) return false;
   to = from;
   return true;
 }

@@ -50,8 +50,11 @@ void StoreLook(const Look& look, AppSettings& settings);
 // What a look is kept as in the store.
 std::vector<Setting> StoredLook(const AppSettings& settings);
 
-// Copies field after field in the order above, and stops at a font without a name and at a size below 1: False, with
-// what was copied until then.
+// The size as it can be painted: within what the settings offer.
+double ShownSize(const Look& look);
+
+// Copies field after field in the order above, and stops at a font without a name and at a size that the settings
+// don't offer: False, with what was copied until then.
 bool TakeLook(const Look& from, Look& to);
 
 }  // namespace qublet

@@ -104,6 +104,24 @@ TEST(TakeLook, StopsAtASizeBelowOne) {
   EXPECT_EQ(to, wanted);
 }
 
+TEST(TakeLook, StopsAtASizeThatTheSettingsDoNotOffer) {
+  Look from = SomeLook();
+  from.size = 200;
+  Look to;
+  EXPECT_TRUE(TakeLook(from, to));
+  from.size = 201;
+  EXPECT_FALSE(TakeLook(from, to));
+  EXPECT_EQ(to.size, 200);
+}
+
+TEST(ShownSize, IsOneThatCanBePainted) {
+  for (const auto& [size, shown] : {std::pair{6.75, 6.75}, {0.0, 1.0}, {-5.0, 1.0}, {32767.0, 200.0}}) {
+    Look look;
+    look.size = size;
+    EXPECT_EQ(ShownSize(look), shown);
+  }
+}
+
 TEST(TakeLook, TakesAWholeOneAsItIs) {
   Look to = LookOf(*FindScheme("DJ"));
   EXPECT_TRUE(TakeLook(SomeLook(), to));
