@@ -89,6 +89,7 @@ int Restoration::ApplyFoundFolder(int n, const std::vector<Choice>& choices) {
     else if (choice.ticked)
       AddAll(choice.folder);
   }
+  engine_.services.feedback.ShowActivity("");
   ResumeNext([&] { rows.SetFocusedRow(focused); });
   return restored;
 }
@@ -102,6 +103,7 @@ int Restoration::Restore(const std::string& Folder, const std::string& New) {
     ListFolderFiles(engine_.services.files, New, filter, paths);
     for (const std::string& path : paths) {
       const std::string file = path.substr(New.size());
+      engine_.services.feedback.ShowActivity(New);
       if (missing.contains(file)) restored += PutInPlace(Folder + file, path);
     }
   }
@@ -126,6 +128,7 @@ void Restoration::AddAll(const std::string& New) {
     Collection paths;
     ListFolderFiles(engine_.services.files, New, filter, paths);
     for (const std::string& path : paths) {
+      engine_.services.feedback.ShowActivity(New);
       const int before = engine_.document.ListView1.Count();
       engine_.items.AddFile(path, 0, 0);
       if (engine_.document.ListView1.Count() > before) engine_.document.PlaylistChanged = true;
