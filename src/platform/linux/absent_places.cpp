@@ -104,7 +104,7 @@ std::string UnmountedPlaces::Of(const std::string& path) {
   if (!HasDrive(path)) return "";
   std::string native;
   const std::string drive{static_cast<char>(path[0] | 0x20), ':'};
-  if (!Guarded([&] { native = files_.ToNative(drive + "\\"); })) return drive;
+  if (!files_.Attributes(drive + "\\")) return drive;
   if (unmounted_.empty() || !Guarded([&] { native = files_.ToNative(path); })) return "";
   const std::string folder = native.substr(0, native.rfind('/') + 1);
   if (folder != last_folder_) {

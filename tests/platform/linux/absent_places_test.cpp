@@ -29,6 +29,14 @@ TEST_F(UnmountedPlacesTest, NamesADriveThatNothingLeadsTo) {
   EXPECT_EQ(Of("c:\\gone\\a.mp3"), "");
 }
 
+TEST_F(UnmountedPlacesTest, NamesADriveThatHasGoneSinceTheStart) {
+  EXPECT_EQ(Of("d:\\a.mp3"), "");
+  std::filesystem::rename(drives_.D(), drives_.Root() / "away");
+  EXPECT_EQ(Of("d:\\a.mp3"), "d:");
+  std::filesystem::rename(drives_.Root() / "away", drives_.D());
+  EXPECT_EQ(Of("d:\\a.mp3"), "");
+}
+
 TEST_F(UnmountedPlacesTest, NamesAMountPointThatNothingIsMountedOn) {
   fstab_ = Fstab("mnt/nas");
   EXPECT_EQ(Of("c:\\mnt\\nas\\music\\a.mp3"), Native("mnt/nas"));

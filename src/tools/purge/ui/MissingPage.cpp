@@ -124,6 +124,7 @@ void MissingPage::ShowSuggestions(const FilterView& view) {
   FoundPaths->setCurrentItem(FoundPaths->topLevelItem(view.selected));
   FoundPaths->setAccessibleDescription({});
   empty_list_->setVisible(!view.stepping);
+  FoundPaths->viewport()->update();  // boxes of rows that went stay painted otherwise
   if (!view.stepping || !view.FoundPaths.empty()) return;
   AddGhosted(tr("No Suggestions..."));
   if (!view.similar.empty()) AddGhosted(tr("Only letter case or accents differ: %1").arg(ShownText(view.similar)));
