@@ -34,8 +34,8 @@ TEST_F(PurgerRestoringTest, FindsNothing) {
 }
 
 TEST_F(PurgerRestoringTest, AHintAloneEndsTheSearchAsDescribed) {
-  Touch({"new/A.mp3"});
-  AddPaths({"c:\\old\\a.mp3"});
+  Touch({"new/caf\u00E9.mp3"});
+  AddPaths({"c:\\old\\cafe\u0301.mp3"});
   Process();
   EXPECT_EQ(Report(), "No Items were found to match...");
   EXPECT_FALSE(View().stepping);
@@ -91,16 +91,16 @@ TEST_F(PurgerRestoringTest, AnotherFolderCanBeChosenAndTicked) {
 }
 
 TEST_F(PurgerRestoringTest, AStepWithoutSuggestionsAppliesNothingAndMovesOn) {
-  Touch({"new/2.mp3", "x/3.mp3", "x/A.MP3"});
-  AddPaths({"c:\\a\\a.mp3", "c:\\a\\2.mp3", "c:\\b\\3.mp3"});
+  Touch({"new/2.mp3", "x/3.mp3", "x/caf\u00E9.mp3"});
+  AddPaths({"c:\\a\\cafe\u0301.mp3", "c:\\a\\2.mp3", "c:\\b\\3.mp3"});
   Process();
-  EXPECT_EQ(View().MissingPath, "c:\\a\\a.mp3");
+  EXPECT_EQ(View().MissingPath, "c:\\a\\cafe\u0301.mp3");
   EXPECT_EQ(View().FoundPaths.size(), 0u);
-  EXPECT_EQ(View().similar, "c:\\x\\A.MP3");
+  EXPECT_EQ(View().similar, "c:\\x\\caf\u00E9.mp3");
   Next();
   EXPECT_EQ(View().MissingPath, "c:\\b\\3.mp3");
   EXPECT_EQ(View().similar, "");
-  EXPECT_EQ(Paths(), "c:\\a\\a.mp3|c:\\a\\2.mp3|c:\\b\\3.mp3");
+  EXPECT_EQ(Paths(), "c:\\a\\cafe\u0301.mp3|c:\\a\\2.mp3|c:\\b\\3.mp3");
   EXPECT_FALSE(engine_.document.PlaylistChanged);
 }
 

@@ -199,12 +199,19 @@ TEST_F(RestorationTest, HintsAtAFileThatDiffersInCaseOrAccents) {
 }
 
 TEST_F(RestorationTest, AHintIsNoSuggestion) {
-  Touch({"new/SONG.mp3"});
-  Search({"c:\\a\\song.mp3"});
+  Touch({"new/caf\u00E9.mp3"});
+  Search({"c:\\a\\cafe\u0301.mp3"});
   const Restoration::Step step = restoration_->ShowMissingFolder(1);
   EXPECT_EQ(restoration_->FoundCount(), 0u);
   EXPECT_TRUE(step.FoundPaths.empty());
-  EXPECT_EQ(step.similar, "c:\\new\\SONG.mp3");
+  EXPECT_EQ(step.similar, "c:\\new\\caf\u00E9.mp3");
+}
+
+TEST_F(RestorationTest, WhereCaseCountsAFileOfAnotherCaseIsAHint) {
+  Touch({"new/SONG.mp3"});
+  Search({"c:\\a\\song.mp3"});
+  EXPECT_EQ(restoration_->FoundCount(), 0u);
+  EXPECT_EQ(restoration_->ShowMissingFolder(1).similar, "c:\\new\\SONG.mp3");
 }
 
 TEST_F(RestorationTest, NamesMayHoldAnything) {
