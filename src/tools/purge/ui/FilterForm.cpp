@@ -8,7 +8,7 @@
 namespace qublet {
 namespace {
 
-constexpr int kLettersAcross = 84;  // a folder, and how many files it holds
+constexpr int kLettersAcross = 100;  // a folder, and how many files it holds
 
 }  // namespace
 
