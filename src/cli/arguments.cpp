@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <ostream>
 
+#include "platform/program.h"
+
 namespace qublet {
 
 bool TakeOption(Arguments& arguments, const std::string& option) {
@@ -50,6 +52,23 @@ bool OnlyPaths(CommandContext& context, const std::string& command) {
   Complain(context.err, command + (unknown.empty() ? ": a path is wanted" : ": unknown option " + unknown),
            kWrongUse);
   return false;
+}
+
+bool FlagOf(const std::string& text, const std::string& what) {
+  if (text != "0" && text != "1") throw Failure(what + " wants 0 or 1, not " + text);
+  return text == "1";
+}
+
+std::pair<std::string, std::string> FieldAndValue(const std::string& text) {
+  const std::size_t equals = text.find('=');
+  if (equals == std::string::npos) throw Failure("--set wants FIELD=VALUE, not " + text);
+  return {text.substr(0, equals), text.substr(equals + 1)};
+}
+
+std::string FileToWrite(const CommandContext& context, const std::string& argument, bool replace) {
+  std::string path = PathFromArgument(context.files, argument);
+  if (context.files.Attributes(path) && !replace) throw Failure("it exists; --replace replaces it");
+  return path;
 }
 
 int Complain(std::ostream& err, const std::string& text, ExitCode code) {

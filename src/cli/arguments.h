@@ -1,9 +1,12 @@
 #pragma once
 
+#include <charconv>
 #include <cstddef>
 #include <iosfwd>
 #include <optional>
 #include <string>
+#include <system_error>
+#include <utility>
 #include <vector>
 
 #include "cli/printed_dialogs.h"
@@ -40,6 +43,24 @@ std::string UnknownOption(CommandContext& context);
 
 // True when there is at least one path and no unknown option; wrong use is told.
 bool OnlyPaths(CommandContext& context, const std::string& command);
+
+// The whole text as a number; `what` takes it. Throws Failure.
+template <typename Number>
+Number NumberOf(const std::string& text, const std::string& what) {
+  Number number{};
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, number);
+  if (error != std::errc() || stop != end) throw Failure(what + " takes no " + text);
+  return number;
+}
+// "0" or "1". Throws Failure.
+bool FlagOf(const std::string& text, const std::string& what);
+// The parts of "FIELD=VALUE", which stands behind "--set". Throws Failure.
+std::pair<std::string, std::string> FieldAndValue(const std::string& text);
+
+// The file that the argument names, in drive form, as one to be written. Throws Failure when it is there and isn't to
+// be replaced.
+std::string FileToWrite(const CommandContext& context, const std::string& argument, bool replace);
 
 // Prints "qublet: ..." to `err` and gives the exit code back.
 int Complain(std::ostream& err, const std::string& text, ExitCode code);

@@ -79,8 +79,7 @@ int RenamePaths(CommandContext& context, const RenameOptions& options, const Ren
 
 int SaveRules(CommandContext& context, const RenameOptions& options, RenameConfig& config) {
   const Outcome saved = Attempt([&] {
-    const std::string path = PathFromArgument(context.files, options.subject);
-    if (context.files.Attributes(path) && !options.replace) throw Failure("it exists; --replace replaces it");
+    const std::string path = FileToWrite(context, options.subject, options.replace);
     WriteRenameSettings(context.files, path, config).OrThrow();
   });
   return saved ? kDone : Complain(context.err, options.subject + ": " + saved.Reason(), kCouldNot);

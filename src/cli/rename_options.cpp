@@ -1,7 +1,6 @@
 #include "cli/rename_options.h"
 
 #include <algorithm>
-#include <charconv>
 #include <limits>
 
 #include "playlist/paths/text.h"
@@ -30,25 +29,13 @@ const FlagField* FindFlag(const std::string& name) {
   return flag == std::end(kFlags) ? nullptr : flag;
 }
 
-template <typename Number>
-Number NumberOf(const std::string& text, const std::string& what) {
-  Number number{};
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, number);
-  if (error != std::errc() || stop != end || text.empty()) throw Failure(what + " takes no " + text);
-  return number;
-}
-
 std::pair<std::string, std::string> SettingOf(const std::string& text) {
-  const std::size_t equals = text.find('=');
-  if (equals == std::string::npos) throw Failure("--set wants FIELD=VALUE, not " + text);
-  const std::string name = text.substr(0, equals);
-  const std::string value = text.substr(equals + 1);
+  auto [name, value] = FieldAndValue(text);
   if (name == kLimit) {
     NumberOf<std::int32_t>(value, name);
   } else {
     if (FindFlag(name) == nullptr) throw Failure("no such field: " + name);
-    if (value != "0" && value != "1") throw Failure(name + " wants 0 or 1, not " + value);
+    FlagOf(value, name);
   }
   return {name, value};
 }

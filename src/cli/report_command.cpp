@@ -29,10 +29,7 @@ int SaveSettingsTo(CommandContext& context, const std::string& file, const Repor
 int WriteReport(CommandContext& context, const ReportOptions& options, ReportSettings& settings) {
   const Arguments& arguments = context.arguments;
   std::string target;
-  const Outcome named = Attempt([&] {
-    target = PathFromArgument(context.files, arguments[0]);
-    if (context.files.Attributes(target) && !options.replace) throw Failure("it exists; --replace replaces it");
-  });
+  const Outcome named = Attempt([&] { target = FileToWrite(context, arguments[0], options.replace); });
   if (!named) return Complain(context.err, arguments[0] + ": " + named.Reason(), kCouldNot);
   Collection paths;
   if (!ExpandPaths(context, {arguments.begin() + 1, arguments.end()}, paths)) return kCouldNot;

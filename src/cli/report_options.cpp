@@ -1,7 +1,6 @@
 #include "cli/report_options.h"
 
 #include <algorithm>
-#include <charconv>
 
 #include "playlist/paths/text.h"
 
@@ -9,19 +8,6 @@ namespace qublet {
 namespace {
 
 using Settings = ReportSettings;
-
-std::int16_t NumberOf(const std::string& text, const std::string& what) {
-  std::int16_t number = 0;
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, number);
-  if (error != std::errc() || stop != end) throw Failure(what + " takes no " + text);
-  return number;
-}
-
-bool FlagOf(const std::string& text, const std::string& what) {
-  if (text != "0" && text != "1") throw Failure(what + " wants 0 or 1, not " + text);
-  return text == "1";
-}
 
 // Line ends become those that the file has.
 std::string TextOf(const std::string& text, std::size_t width) {
@@ -35,7 +21,7 @@ void SetFlag(Settings& settings, const std::string& name, const std::string& val
 
 template <std::int16_t Settings::*Field>
 void SetNumber(Settings& settings, const std::string& name, const std::string& value) {
-  settings.*Field = NumberOf(value, name);
+  settings.*Field = NumberOf<std::int16_t>(value, name);
 }
 
 template <std::string Settings::*Field, std::size_t Width>
@@ -76,9 +62,7 @@ void SetField(Settings& settings, const std::string& name, const std::string& va
 }
 
 std::pair<std::string, std::string> SettingOf(const std::string& text) {
-  const std::size_t equals = text.find('=');
-  if (equals == std::string::npos) throw Failure("--set wants FIELD=VALUE, not " + text);
-  std::pair<std::string, std::string> setting = {text.substr(0, equals), text.substr(equals + 1)};
+  std::pair<std::string, std::string> setting = FieldAndValue(text);
   Settings nobody;
   SetField(nobody, setting.first, setting.second);
   return setting;
@@ -87,7 +71,7 @@ std::pair<std::string, std::string> SettingOf(const std::string& text) {
 std::vector<std::int16_t> ColumnsOf(const std::string& text) {
   std::vector<std::int16_t> columns;
   for (const std::string& piece : Split(text, ',')) {
-    const std::int16_t number = NumberOf(piece, "--columns");
+    const std::int16_t number = NumberOf<std::int16_t>(piece, "--columns");
     if (FindReportColumn(number) == nullptr) throw Failure("there is no column " + piece);
     if (std::ranges::find(columns, number) != columns.end()) throw Failure("column " + piece + " is given twice");
     columns.push_back(number);

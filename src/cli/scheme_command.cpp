@@ -32,8 +32,7 @@ int Save(CommandContext& context, const std::string& name, const std::string& ta
     return Complain(context.err, "scheme: no such scheme: " + name + "; 'qublet scheme list' prints them", kWrongUse);
   }
   const Outcome saved = Attempt([&] {
-    const std::string path = PathFromArgument(context.files, target);
-    if (context.files.Attributes(path) && !replace) throw Failure("it exists; --replace replaces it");
+    const std::string path = FileToWrite(context, target, replace);
     WriteLook(context.files, path, scheme == nullptr ? LookOf(Stored(context)) : LookOf(*scheme)).OrThrow();
   });
   return saved ? kDone : Complain(context.err, target + ": " + saved.Reason(), kCouldNot);

@@ -1,7 +1,5 @@
 #include "generators/report/report_columns.h"
 
-#include <algorithm>
-
 namespace qublet {
 namespace {
 
@@ -26,12 +24,6 @@ constexpr std::array<ReportColumn, kReportColumns> kColumns = {{
 const ReportColumn* FindReportColumn(int number) {
   if (number < 1 || number > static_cast<int>(kColumns.size())) return nullptr;
   return &kColumns[static_cast<std::size_t>(number - 1)];
-}
-
-std::optional<int> ReportColumnNumber(std::string_view key) {
-  const auto* const found = std::ranges::find(kColumns, key, &ReportColumn::key);
-  if (found == kColumns.end()) return std::nullopt;
-  return static_cast<int>(found - kColumns.begin()) + 1;
 }
 
 }  // namespace qublet

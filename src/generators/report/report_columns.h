@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,7 +22,6 @@ inline constexpr std::size_t kReportCells = 20;
 
 // The columns by number, from 1. Null for any other number.
 const ReportColumn* FindReportColumn(int number);
-std::optional<int> ReportColumnNumber(std::string_view key);
 
 // Cells by their place.
 enum ReportCell : std::size_t {

@@ -167,7 +167,7 @@ std::string ReportLines::Headers() const {
     for (const auto& [column, cell] : columns_) {
       const std::string key(column->key);
       if (html_) line.append("<td>" + cell_font_ + "<b>" + key + "</b></font></td>").append(kBreak);
-      if (text_) ResumeNext([&] { line += TextCell(key, *column); });
+      if (text_) ResumeNext([&, &column = *column] { line += TextCell(key, column); });
     }
     if (text_) line.append(kBreak).append(Rule());
   }

@@ -162,9 +162,9 @@ bool IsRead(const std::string& extension, const ReportNeeds& needs) {
 }
 
 // One that can't be opened may still have a length.
-void FillFromFile(const FileSystem& files, const std::string& path, std::unique_ptr<InputFile> file,
-                  const ReportNeeds& needs, const std::string& thousands_separator, ReportItem& item) {
-  const std::string extension = LowerCase(GetExtension(path));
+void FillFromFile(const FileSystem& files, const std::string& path, const std::string& extension,
+                  std::unique_ptr<InputFile> file, const ReportNeeds& needs, const std::string& thousands_separator,
+                  ReportItem& item) {
   ResumeNext([&] { item.size = ToInteger32(file ? file->Size() : files.FileLength(path)); });
   if (item.size) item.cells[kSizeCell] = FormatSize(*item.size, thousands_separator);
   if (file) file = std::make_unique<BothEnds>(std::move(file));
@@ -178,17 +178,19 @@ void FillFromFile(const FileSystem& files, const std::string& path, std::unique_
 ReportItem ReadReportItem(const FileSystem& files, const std::string& path, const ReportNeeds& needs,
                           const ReportBase& base, const std::string& thousands_separator) {
   ReportItem item;
-  item.cells[kNameCell] = ProperCase(ReplaceAll(GetFileName(path), GetExtension(path), ""));
+  const std::string dotted = GetExtension(path);
+  const std::string extension = LowerCase(dotted);
+  item.cells[kNameCell] = ProperCase(ReplaceAll(GetFileName(path), dotted, ""));
   item.cells[kFolderCell] = FolderOf(path, base);
   std::unique_ptr<InputFile> file;
-  if (IsRead(LowerCase(GetExtension(path)), needs)) ResumeNext([&] { file = files.OpenForReading(path); });
+  if (IsRead(extension, needs)) ResumeNext([&] { file = files.OpenForReading(path); });
   item.found = file != nullptr || FileExists(files, path);
   if (!item.found) {
     item.cells[kSizeCell] = "Not found!";
     return item;
   }
   if (needs.link) item.link = LinkTo(files, path, base);
-  ResumeNext([&] { FillFromFile(files, path, std::move(file), needs, thousands_separator, item); });
+  ResumeNext([&] { FillFromFile(files, path, extension, std::move(file), needs, thousands_separator, item); });
   return item;
 }
 
