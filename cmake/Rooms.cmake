@@ -1,3 +1,5 @@
+include(${CMAKE_CURRENT_LIST_DIR}/Lean.cmake)
+
 # The rooms and their borders. `rooms.txt` in the build folder lists them for tests/house/borders.py, which holds every
 # #include against them.
 set(ROOMS_LIST ${CMAKE_BINARY_DIR}/rooms.txt)
@@ -31,6 +33,7 @@ function(room name)
   target_link_libraries(${name} PUBLIC house_rules ${ROOM_USES} ${ROOM_LIBRARIES})
   set_property(TARGET ${name} PROPERTY IS_ROOM TRUE)
   demand_place_for_qt(${name} ${folder} ${ROOM_USES} ${ROOM_LIBRARIES})
+  precompile_room(${name})
   list(JOIN ROOM_USES " " uses)
   list(JOIN ROOM_LIBRARIES " " libraries)
   file(APPEND ${ROOMS_LIST} "${name}|${folder}|${uses}|${libraries}\n")
