@@ -22,6 +22,11 @@ constexpr Colour Mixed(Colour a, Colour b, double part) {
 
 constexpr Colour Faded(Colour colour, double alpha) { return {colour.red, colour.green, colour.blue, alpha}; }
 
+// In shadow: darker without turning grey.
+constexpr Colour Shadowed(Colour colour, double part) {
+  return Mixed(colour, {colour.red * 0.62, colour.green * 0.5, colour.blue * 0.62, colour.alpha}, part);
+}
+
 // The palette of the whole set.
 inline constexpr Colour kInk = Rgb(0x252A40);
 inline constexpr Colour kWhite = Rgb(0xFFFFFF);

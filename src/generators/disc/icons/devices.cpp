@@ -13,7 +13,7 @@ void Cone(Sketch& sketch, Point centre, double radius) {
 
 void Headphones(Sketch& sketch) {
   const Path band = Path().Arc({32, 35}, 23, 180, 360);
-  sketch.Rod(band, sketch.Small() ? 9 : 8, kSlate);
+  sketch.Small() ? sketch.Line(band, 6.5, Mixed(kSteel, kSlate, 0.4)) : sketch.Rod(band, 9, kSteel);
   for (const bool right : {false, true}) {
     Path pad = Path::Box(15, 34, 9, 24, 4);
     Path cup = Path::Box(4, 32, 15, 28, 7);
@@ -38,7 +38,7 @@ void Loudspeaker(Sketch& sketch) {
 
 void Microphone(Sketch& sketch) {
   const auto turned = [](const Path& path) { return path.Turned(42, {32, 32}).Moved(-1, 0); };
-  sketch.Body(turned(Path::Polygon({{25, 24}, {39, 24}, {36, 64}, {28, 64}})), kSlate);
+  sketch.Body(turned(Path::Polygon({{25, 24}, {39, 24}, {36, 64}, {28, 64}})), sketch.Small() ? kSteel : kSlate);
   const Path head = turned(Path::Circle({32, 14}, 14));
   sketch.Body(head, kSilver);
   if (!sketch.Small()) {
@@ -67,8 +67,8 @@ void Radio(Sketch& sketch) {
 }
 
 void Boombox(Sketch& sketch) {
-  sketch.Rod(Path().MoveTo({14, 22}).LineTo({14, 10}).LineTo({50, 10}).LineTo({50, 22}), sketch.Small() ? 5 : 5.5,
-             kSlate);
+  const Path handle = Path().MoveTo({14, 22}).LineTo({14, 10}).LineTo({50, 10}).LineTo({50, 22});
+  sketch.Small() ? sketch.Line(handle, 5, kSteel) : sketch.Rod(handle, 5.5, kSteel);
   sketch.Body(Path::Box(2, 18, 60, 38, 6), kBlue);
   Cone(sketch, {16, 39}, 11.5);
   Cone(sketch, {48, 39}, 11.5);

@@ -18,14 +18,14 @@ Paint Sheen(Point centre, double radius, Colour colour, bool rainbow) {
     const double wedge = std::pow(std::abs(std::cos(angle - 0.95)), 10);
     const double second = std::pow(std::abs(std::cos(angle + 0.75)), 6);
     const double out = std::clamp(std::hypot(p.x - centre.x, p.y - centre.y) / radius, 0.0, 1.0);
-    Colour shown = Mixed(Mixed(colour, kWhite, 0.12), Mixed(colour, kInk, 0.13), out);
+    Colour shown = Mixed(Mixed(colour, kWhite, 0.12), Shadowed(colour, 0.2), out);
     if (rainbow) {
       const double hue = (out - 0.3) * 5.4 + 0.4;
       const Colour broken{0.62 + 0.38 * std::cos(hue), 0.62 + 0.38 * std::cos(hue - 2.1),
                           0.66 + 0.34 * std::cos(hue - 4.2)};
       shown = Mixed(shown, broken, 0.6 * second);
     } else {
-      shown = Mixed(shown, kInk, 0.16 * second);
+      shown = Mixed(shown, Shadowed(colour, 1), 0.5 * second);
     }
     return Mixed(shown, kWhite, (rainbow ? 0.85 : 0.55) * wedge);
   };

@@ -6,10 +6,11 @@ namespace qublet::drawing {
 namespace {
 
 void Guitar(Sketch& sketch) {
-  const auto turned = [](const Path& path) { return path.Turned(40, {32, 32}).Moved(0.5, -0.5); };
+  const auto turned = [](const Path& path) { return path.Turned(40, {32, 32}).Moved(-1, 0.5).Scaled(0.97, {0, 64}); };
   const double pen = sketch.Pen();
-  sketch.Body(turned(Path::Box(28.5, -1, 7, 36, 1)), kBrown);
-  sketch.Body(turned(Path::Box(26.5, -6, 11, 10, 2)), kBrown);
+  const Colour neck = sketch.Small() ? kWood : kBrown;
+  sketch.Body(turned(Path::Box(28.5, -1, 7, 36, 1)), neck);
+  sketch.Body(turned(Path::Box(26.5, -6, 11, 10, 2)), neck);
   const Path body = turned(Path::Circle({32, 49}, 16 - pen).And(Path::Circle({32, 32}, 12.5 - pen)));
   sketch.Sticker(body, 0, kOrange);
   sketch.Fill(turned(Path::Circle({32, 35}, 5.5)), Dark(kBrown));
@@ -22,24 +23,21 @@ void Guitar(Sketch& sketch) {
 void Xylophone(Sketch& sketch) {
   const Colour colours[] = {kRed, kOrange, kYellow, kGreen, kSky, kViolet};
   if (sketch.Small()) {
-    for (int i = 0; i < 5; ++i) {
-      sketch.Part(Path::Box(4 + 12 * i, 4 + 4 * i, 8, 56 - 8 * i), Mixed(colours[i], kInk, 0.1));
-    }
-    sketch.Line(Path().MoveTo({18, 60}).LineTo({46, 32}), 3.5, kInk);
-    sketch.Fill(Path::Circle({48, 30}, 5), kInk);
+    for (const double y : {20.0, 40.0}) sketch.Fill(Path::Box(2, y, 60, 4), Dark(kBrown));
+    for (int i = 0; i < 5; ++i) sketch.Part(Path::Box(4 + 12 * i, 4 + 4 * i, 8, 56 - 8 * i), colours[i]);
     return;
   }
   for (const bool below : {false, true}) {
-    const Path beam = Path::Polygon({{3, 16}, {61, 24}, {61, 28}, {3, 22}});
-    sketch.Body(below ? beam.Moved(0, -32).Turned(180, {32, 16}).Mirrored(32) : beam, kBrown);
+    const Path beam = below ? Path().MoveTo({5, 48}).LineTo({60, 37}) : Path().MoveTo({5, 16}).LineTo({60, 27});
+    sketch.Rod(beam, 7, kBrown);
   }
   for (int i = 0; i < 6; ++i) {
     const double top = 5 + 3.3 * i;
     sketch.Body(Path::Box(3.5 + 9.7 * i, top, 8.4, 64 - 2 * top, 2.4), colours[i]);
     for (const double y : {top + 5, 59 - top}) sketch.Fill(Path::Circle({7.7 + 9.7 * i, y}, 1.1), Dark(colours[i]));
   }
-  sketch.Rod(Path().MoveTo({20, 58}).LineTo({48, 30}), 4.4, kWood);
-  sketch.Body(Path::Circle({48, 30}, 6), kCream);
+  sketch.Rod(Path().MoveTo({24, 59}).LineTo({51, 53}), 4.8, kWood);
+  sketch.Body(Path::Circle({54, 52.5}, 6.5), kCream);
 }
 
 Path DrumSide(double top, double bottom) {
@@ -89,17 +87,26 @@ void PianoKeys(Sketch& sketch) {
   sketch.Outline(box, Dark(kSteel));
 }
 
+void SmallTrumpet(Sketch& sketch) {
+  const Colour brass = Mixed(kYellow, kOrange, 0.35);
+  sketch.Fill(Path::Box(8, 40, 32, 4), Dark(kYellow));
+  sketch.Fill(Path::Box(4, 28, 40, 4), brass);
+  sketch.Fill(Path::Box(2, 24, 4, 12), kSteel);
+  sketch.Outline(Path::Box(12, 28, 28, 20, 6), Mixed(brass, kInk, 0.3));
+  for (const double x : {20.0, 28.0}) sketch.Fill(Path::Box(x, 16, 4, 28), Dark(kOrange));
+  sketch.Body(Path::Polygon({{38, 27}, {46, 24}, {62, 10}, {62, 50}, {46, 36}, {38, 33}}), kYellow);
+}
+
 void Trumpet(Sketch& sketch) {
-  const auto turned = [](const Path& path) { return path.Turned(-24, {32, 32}); };
-  const double tube = sketch.Small() ? 7 : 6.5;
-  if (!sketch.Small()) {
-    sketch.Rod(turned(Path::Box(16, 30, 26, 15, 7).And({})), tube, kYellow);
-    const Path loop = turned(Path::Box(15, 30, 28, 15, 7.5));
-    sketch.Fill(loop.Stroked(tube, true), Dark(kYellow));
-    sketch.Part(loop.Stroked(tube - 2 * sketch.Pen(), true), kYellow);
-  } else {
-    sketch.Body(turned(Path::Box(16, 30, 26, 16, 8).Without(Path::Box(22, 36, 14, 4, 2))), kYellow);
+  if (sketch.Small()) {
+    SmallTrumpet(sketch);
+    return;
   }
+  const auto turned = [](const Path& path) { return path.Turned(-24, {32, 32}).Scaled(0.95, {32, 36}); };
+  const double tube = 6.5;
+  const Path loop = turned(Path::Box(15, 30, 28, 15, 7.5));
+  sketch.Fill(loop.Stroked(tube, true), Dark(kYellow));
+  sketch.Part(loop.Stroked(tube - 2 * sketch.Pen(), true), kYellow);
   sketch.Rod(turned(Path().MoveTo({2, 30}).LineTo({44, 30})), tube, kYellow);
   Path bell;
   bell.MoveTo({40, 26.7}).CurveTo({52, 26}, {56, 20}, {61, 12}).LineTo({61, 48});
@@ -107,10 +114,9 @@ void Trumpet(Sketch& sketch) {
   sketch.Body(turned(bell), kYellow);
   sketch.Body(turned(Path::Box(-1, 25.5, 5, 9, 1.5)), kSilver);
   for (const double x : {20.0, 27.5, 35.0}) {
-    if (sketch.Small() && x == 27.5) continue;
-    sketch.Body(turned(Path::Box(x - 2.8, 22, 5.6, 20, 2)), sketch.Small() ? kOrange : kOrange);
-    if (!sketch.Small()) sketch.Body(turned(Path::Box(x - 3, 16, 6, 4.4, 2)), kCream);
-    if (!sketch.Small()) sketch.Fill(turned(Path::Box(x - 0.9, 19.5, 1.8, 3.5)), Dark(kYellow));
+    sketch.Body(turned(Path::Box(x - 2.8, 22, 5.6, 20, 2)), kOrange);
+    sketch.Body(turned(Path::Box(x - 3, 16, 6, 4.4, 2)), kCream);
+    sketch.Fill(turned(Path::Box(x - 0.9, 19.5, 1.8, 3.5)), Dark(kYellow));
   }
 }
 
@@ -142,7 +148,7 @@ void Metronome(Sketch& sketch) {
   if (!sketch.Small()) sketch.Body(Path::Polygon({{27.5, 10}, {36.5, 10}, {45, 46}, {19, 46}}), kCream);
   if (sketch.Small()) sketch.Fill(Path::Polygon({{28, 12}, {36, 12}, {43, 44}, {21, 44}}), kCream);
   const Path rod = Path().MoveTo({31, 46}).LineTo({50, 8});
-  sketch.Line(rod, sketch.Small() ? 4 : 2.6, kInk);
+  sketch.Small() ? sketch.Line(rod, 4, kSlate) : sketch.Rod(rod, 4.6, kSteel);
   if (!sketch.Small()) {
     for (int i = 0; i < 6; ++i) sketch.Fill(Path::Box(25 - i * 0.6, 16 + 4.4 * i, 4, 1, 0.5), kSteel);
     sketch.Body(Path::Box(-5, -4, 10, 8, 2).Turned(27, {0, 0}).Moved(44.3, 19.5), kRed);

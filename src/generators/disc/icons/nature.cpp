@@ -69,7 +69,8 @@ void Flame(Sketch& sketch) {
 }
 
 void Leaf(Sketch& sketch) {
-  sketch.Line(Path().MoveTo({7, 58}).CurveTo({12, 52}, {16, 48}, {20, 44}), sketch.Small() ? 4.5 : 4, Dark(kGreen));
+  const Path stalk = Path().MoveTo({6, 59}).CurveTo({11, 53}, {16, 48}, {20, 44});
+  sketch.Small() ? sketch.Line(stalk, 5, Shadowed(kGreen, 1)) : sketch.Rod(stalk, 5.6, kGreen);
   Path leaf;
   leaf.MoveTo({60, 4}).CurveTo({62, 30}, {56, 54}, {30, 54}).CurveTo({16, 54}, {10, 44}, {12, 34});
   leaf.CurveTo({15, 14}, {38, 12}, {60, 4});
@@ -123,8 +124,8 @@ void Rainbow(Sketch& sketch) {
     sketch.Part(Path::Wedge({32, 46}, outer - (i + 1) * width, outer - i * width, 180, 360), colours[i]);
   }
   const double size = sketch.Small() ? 11 : 12.5;
-  Cloud(sketch, {15, 50}, size);
-  Cloud(sketch, {49, 50}, size);
+  Cloud(sketch, {14, 49}, size);
+  Cloud(sketch, {49, 49}, size);
 }
 
 void Flower(Sketch& sketch) {

@@ -9,8 +9,12 @@ void SingleNote(Sketch& sketch) { sketch.Sticker(EighthNote({24, 48}, 50), 1, kV
 void TwoNotes(Sketch& sketch) { sketch.Sticker(BeamedNotes({15, 51}, 52, 30), 1, kBlue); }
 
 void Clef(Sketch& sketch, const Path& line, const Path& dots, Colour colour) {
-  const double pen = sketch.Small() ? 6 : 5;
+  const double pen = sketch.Small() ? 4.6 : 5;
   const Path stroke = line.Stroked(pen, false);
+  if (sketch.Small()) {
+    sketch.Fill(stroke.And(dots), Mixed(colour, kInk, 0.15));
+    return;
+  }
   sketch.Fill(line.Stroked(pen + 2 * sketch.Pen(), false), Dark(colour));
   sketch.Fill(dots.Stroked(2 * sketch.Pen(), true).And(dots), Dark(colour));
   sketch.Part(stroke, colour);

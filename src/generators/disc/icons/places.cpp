@@ -174,10 +174,18 @@ void DiscoBall(Sketch& sketch) {
   const double radius = 26;
   sketch.Line(Path().MoveTo({32, 1}).LineTo({32, 12}), sketch.Small() ? 4 : 2.4, kSlate);
   const Path ball = Path::Circle(centre, radius);
-  sketch.Fill(ball, Dark(kViolet));
+  sketch.Fill(ball, Mixed(Dark(kViolet), kViolet, 0.25));
   const Colour tints[] = {kSilver, kSky, kPink, kWhite, kViolet, kSilver, kSky, kYellow, kWhite, kPink, kViolet};
-  const int rows = sketch.Small() ? 5 : 9;
-  const double gap = sketch.Small() ? 0 : 0.55;
+  if (sketch.Small()) {
+    for (int i = 0; i < 49; ++i) {
+      const Path tile = Path::Box(4 + 8 * (i % 7), 8 + 8 * (i / 7), 8, 8);
+      sketch.FillWithin(ball, tile, Mixed(tints[i * 7 % 11], kNight, 0.07 * (i / 7)));
+    }
+    sketch.Outline(ball, Dark(kViolet));
+    return;
+  }
+  const int rows = 9;
+  const double gap = 0.55;
   const double half = 3.14159265 / 2;
   int number = 0;
   for (int row = 0; row < rows; ++row) {
@@ -190,13 +198,12 @@ void DiscoBall(Sketch& sketch) {
       const Path tile = Path::Box(centre.x + left + gap, centre.y + top + gap, std::max(right - left - 2 * gap, 0.2),
                                   std::max(bottom - top - 2 * gap, 0.2));
       number = (number * 7 + 3 * row + column + 5) % 11;
-      const double shade = 0.55 * (row + column * 0.6) / rows;
+      const double shade = 0.38 * (row + column * 0.6) / rows;
       sketch.FillWithin(ball, tile, Mixed(Mixed(tints[number], kWhite, 0.15), kNight, shade));
     }
   }
   sketch.Outline(ball, Dark(kViolet));
   sketch.Glow(ball, {23, 26}, 13, Faded(kWhite, 0.8));
-  if (sketch.Small()) return;
   for (const auto& [x, y, size] : {std::array{12.0, 13.0, 7.0}, {54.0, 20.0, 5.5}, {52.0, 55.0, 6.5}}) {
     sketch.Fill(Path::Star({x, y}, 4, size, size * 0.24), kYellow);
   }

@@ -43,7 +43,7 @@ Paint Shaded(const Path& path, Colour colour) {
   const double width = std::max(bounds.last.x - bounds.first.x, 1e-3);
   const double height = std::max(bounds.last.y - bounds.first.y, 1e-3);
   const Colour light = Mixed(colour, Faded(kWhite, colour.alpha), 0.26);
-  const Colour shade = Mixed(colour, Faded(kInk, colour.alpha), 0.16);
+  const Colour shade = Shadowed(colour, 0.32);
   return [=](Point p) {
     const double part = 0.35 * (p.x - bounds.first.x) / width + 0.65 * (p.y - bounds.first.y) / height;
     const double t = std::clamp(part, 0.0, 1.0);
@@ -51,7 +51,7 @@ Paint Shaded(const Path& path, Colour colour) {
   };
 }
 
-Colour Dark(Colour colour) { return Mixed(colour, kInk, 0.72); }
+Colour Dark(Colour colour) { return Mixed(Shadowed(colour, 1), kInk, 0.5); }
 
 double Sketch::Pen() const { return std::max(64.0 / canvas_.Side(), 1.8); }
 
