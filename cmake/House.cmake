@@ -45,3 +45,4 @@ if(QUBLET_FUZZ)
 endif()
 
 include(Rooms)
+include(BuildProgram)
