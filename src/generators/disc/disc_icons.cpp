@@ -3,11 +3,14 @@
 #include "generators/disc/byte_text.h"
 #include "generators/disc/icon_file.h"
 
-// What icons/write_disc_icons.cpp has written, taken in by the assembler: a compiler would need minutes for the bytes.
-asm(".section " DISC_ICONS_SECTION "\n"
+// What icons/write_disc_icons.cpp has written, taken in by the assembler: a compiler would need minutes for the
+// bytes.
+asm(".section " DISC_ICONS_SECTION
+    "\n"
     ".globl qublet_disc_icons\n"
     "qublet_disc_icons:\n"
-    ".incbin \"" DISC_ICONS_FILE "\"\n"
+    ".incbin \"" DISC_ICONS_FILE
+    "\"\n"
     ".text\n");
 
 extern "C" const char qublet_disc_icons[];
@@ -22,6 +25,8 @@ std::string_view DiscIcon(int number) {
   return {qublet_disc_icons + start, end - start};
 }
 
-IconPicture DiscPicture(int number, int side) { return ReadIcon(DiscIcon(number), side).value_or(IconPicture{}); }
+IconPicture DiscPicture(int number, int side) {
+  return ReadIcon(DiscIcon(number), side).value_or(IconPicture{});
+}
 
 }  // namespace qublet

@@ -11,14 +11,16 @@ constexpr std::size_t kHeadSize = 40;
 constexpr std::uint32_t kOpaque = 0xFF000000;
 
 // Rows fill whole groups of four bytes.
-std::size_t RowSize(int width, int bits) { return (static_cast<std::size_t>(width) * bits + 31) / 32 * 4; }
+std::size_t RowSize(int width, int bits) {
+  return (static_cast<std::size_t>(width) * bits + 31) / 32 * 4;
+}
 
 struct Layout {
   IconPictureFacts facts;
-  std::size_t colours = 0;       // how many
-  std::size_t colours_at = 0;    // where they begin, as do ...
-  std::size_t pixels_at = 0;     // ... the lowest row
-  std::size_t mask_at = 0;       // and the lowest row of the mask
+  std::size_t colours = 0;     // how many
+  std::size_t colours_at = 0;  // where they begin, as do ...
+  std::size_t pixels_at = 0;   // ... the lowest row
+  std::size_t mask_at = 0;     // and the lowest row of the mask
   std::size_t end = 0;
 };
 

@@ -22,7 +22,9 @@ bool IsComplete(const IconPicture& picture) {
          picture.pixels.size() == static_cast<std::size_t>(picture.width) * picture.height;
 }
 
-int LargerSide(int width, int height) { return std::max(width, height); }
+int LargerSide(int width, int height) {
+  return std::max(width, height);
+}
 
 std::string Stored(const IconPicture& picture) {
   return LargerSide(picture.width, picture.height) <= kMostBitmapSide ? IconBitmap(picture) : IconPng(picture);
@@ -47,7 +49,8 @@ std::optional<Entry> EntryAt(std::string_view file, std::size_t place) {
 
 std::vector<Entry> EntriesOf(std::string_view file) {
   std::vector<Entry> entries;
-  if (file.size() < kHeadSize || LittleEndianAt(file, 0, 2) != 0 || LittleEndianAt(file, 2, 2) != kIcon) return entries;
+  if (file.size() < kHeadSize || LittleEndianAt(file, 0, 2) != 0 || LittleEndianAt(file, 2, 2) != kIcon)
+    return entries;
   const std::size_t count = std::min<std::size_t>(LittleEndianAt(file, 4, 2), kMostEntries);
   for (std::size_t i = 0; i < count; ++i) {
     if (const auto entry = EntryAt(file, kHeadSize + i * kEntrySize)) entries.push_back(*entry);
@@ -82,8 +85,8 @@ std::optional<std::string> IconFileOf(std::span<const IconPicture> pictures) {
     AppendLittleEndian(directory, 1, 2);
     AppendLittleEndian(directory, 32, 2);
     AppendLittleEndian(directory, static_cast<std::uint32_t>(bytes.size()), 4);
-    AppendLittleEndian(directory, static_cast<std::uint32_t>(kHeadSize + pictures.size() * kEntrySize + stored.size()),
-                       4);
+    AppendLittleEndian(directory,
+                       static_cast<std::uint32_t>(kHeadSize + pictures.size() * kEntrySize + stored.size()), 4);
     stored += bytes;
   }
   return directory + stored;

@@ -9,7 +9,7 @@ inline constexpr int kMostIconSide = 256;
 
 // A picture as plain pixels.
 struct IconPicture {
-  int width = 0;   // 1 to 256, as is the height
+  int width = 0;  // 1 to 256, as is the height
   int height = 0;
   std::vector<std::uint32_t> pixels;  // 0xAARRGGBB, not premultiplied; row by row from the top
 

@@ -38,7 +38,8 @@ int SamplesOf(int colour_type) {
 // The value that the samples on the left, above, and above on the left foretell.
 int Paeth(int left, int above, int corner) {
   const int guess = left + above - corner;
-  const int to_left = std::abs(guess - left), to_above = std::abs(guess - above), to_corner = std::abs(guess - corner);
+  const int to_left = std::abs(guess - left), to_above = std::abs(guess - above),
+            to_corner = std::abs(guess - corner);
   if (to_left <= to_above && to_left <= to_corner) return left;
   return to_above <= to_corner ? above : corner;
 }
@@ -58,7 +59,9 @@ int Foretold(int filter, int left, int above, int corner) {
   }
 }
 
-int At(std::string_view row, std::size_t place) { return row.empty() ? 0 : ByteAt(row, place); }
+int At(std::string_view row, std::size_t place) {
+  return row.empty() ? 0 : ByteAt(row, place);
+}
 
 std::string Filtered(int filter, std::string_view row, std::string_view above, std::size_t pixel) {
   std::string out(1, static_cast<char>(filter));
@@ -180,7 +183,9 @@ std::optional<std::uint32_t> PixelAt(std::string_view row, int x, int colour_typ
 
 }  // namespace
 
-bool IsIconPng(std::string_view bytes) { return bytes.starts_with(kSignature); }
+bool IsIconPng(std::string_view bytes) {
+  return bytes.starts_with(kSignature);
+}
 
 std::string IconPng(const IconPicture& picture) {
   std::string head;

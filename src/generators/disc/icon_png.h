@@ -15,8 +15,8 @@ bool IsIconPng(std::string_view bytes);
 // 8 bits a sample, with alpha.
 std::string IconPng(const IconPicture& picture);
 
-// Nothing unless it isn't interlaced, has 8 bits a sample or up to 8 a pixel with a palette, and is within the bounds of
-// a picture.
+// Nothing unless it isn't interlaced, has 8 bits a sample or up to 8 a pixel with a palette, and is within the bounds
+// of a picture.
 std::optional<IconPictureFacts> FactsOfIconPng(std::string_view bytes);
 // Also nothing when bytes are missing or broken, or one colour is declared transparent. The sums of chunks aren't
 // checked, zlib's own is.

@@ -50,7 +50,9 @@ void CoverLine(double* row, int side, std::vector<Crossing>& crossings) {
   }
 }
 
-std::uint32_t Byte(double part) { return static_cast<std::uint32_t>(std::lround(std::clamp(part, 0.0, 1.0) * 255)); }
+std::uint32_t Byte(double part) {
+  return static_cast<std::uint32_t>(std::lround(std::clamp(part, 0.0, 1.0) * 255));
+}
 
 }  // namespace
 

@@ -20,7 +20,9 @@ constexpr Colour Mixed(Colour a, Colour b, double part) {
           a.alpha + (b.alpha - a.alpha) * part};
 }
 
-constexpr Colour Faded(Colour colour, double alpha) { return {colour.red, colour.green, colour.blue, alpha}; }
+constexpr Colour Faded(Colour colour, double alpha) {
+  return {colour.red, colour.green, colour.blue, alpha};
+}
 
 // In shadow: darker without turning grey.
 constexpr Colour Shadowed(Colour colour, double part) {

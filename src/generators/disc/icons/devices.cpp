@@ -88,8 +88,8 @@ void Equaliser(Sketch& sketch) {
   const double heights[] = {28, 44, 56, 36, 20};
   const Colour colours[] = {kSky, kTeal, kGreen, kYellow, kOrange};
   for (int i = 0; i < 5; ++i) {
-    const Path bar = Path::Box(sketch.Small() ? 4 + 12 * i : 2.5 + 12.25 * i, 60 - heights[i], sketch.Small() ? 8 : 10,
-                               heights[i], sketch.Small() ? 0 : 3);
+    const Path bar = Path::Box(sketch.Small() ? 4 + 12 * i : 2.5 + 12.25 * i, 60 - heights[i],
+                               sketch.Small() ? 8 : 10, heights[i], sketch.Small() ? 0 : 3);
     sketch.Small() ? sketch.Part(bar, Mixed(colours[i], kInk, 0.12)) : sketch.Body(bar, colours[i]);
   }
 }

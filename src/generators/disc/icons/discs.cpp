@@ -47,12 +47,24 @@ void Disc(Sketch& sketch, Point centre, double radius, Colour colour, bool rainb
   sketch.Outline(Path::Circle(centre, radius * 0.14 + sketch.Pen()).Without(hole), Dark(colour));
 }
 
-void SilverDisc(Sketch& sketch) { Disc(sketch, kMiddle, kRadius, kSilver, true); }
-void BlueDisc(Sketch& sketch) { Disc(sketch, kMiddle, kRadius, kBlue); }
-void GreenDisc(Sketch& sketch) { Disc(sketch, kMiddle, kRadius, kGreen); }
-void GoldenDisc(Sketch& sketch) { Disc(sketch, kMiddle, kRadius, kYellow); }
-void RedDisc(Sketch& sketch) { Disc(sketch, kMiddle, kRadius, kRed); }
-void VioletDisc(Sketch& sketch) { Disc(sketch, kMiddle, kRadius, kViolet); }
+void SilverDisc(Sketch& sketch) {
+  Disc(sketch, kMiddle, kRadius, kSilver, true);
+}
+void BlueDisc(Sketch& sketch) {
+  Disc(sketch, kMiddle, kRadius, kBlue);
+}
+void GreenDisc(Sketch& sketch) {
+  Disc(sketch, kMiddle, kRadius, kGreen);
+}
+void GoldenDisc(Sketch& sketch) {
+  Disc(sketch, kMiddle, kRadius, kYellow);
+}
+void RedDisc(Sketch& sketch) {
+  Disc(sketch, kMiddle, kRadius, kRed);
+}
+void VioletDisc(Sketch& sketch) {
+  Disc(sketch, kMiddle, kRadius, kViolet);
+}
 
 void JewelCase(Sketch& sketch) {
   const Path box = Path::Box(4, 4, 56, 56, 4);
@@ -156,15 +168,16 @@ void Cassette(Sketch& sketch) {
   }
   sketch.Body(Path::Polygon({{18, 44}, {46, 44}, {50, 53}, {14, 53}}), kSteel);
   if (sketch.Small()) return;
-  for (const double y : {20.5, 24.0}) sketch.Fill(Path::Box(13, y - 0.6, 38, 1, 0.5), Faded(kSteel, y < 22 ? 0.8 : 0));
+  for (const double y : {20.5, 24.0})
+    sketch.Fill(Path::Box(13, y - 0.6, 38, 1, 0.5), Faded(kSteel, y < 22 ? 0.8 : 0));
   for (const double x : {7.0, 57.0}) sketch.Fill(Path::Circle({x, 48.5}, 1.5), kSilver);
 }
 
 }  // namespace
 
 std::span<const Drawing> Discs() {
-  static constexpr Drawing kDiscs[] = {SilverDisc,  BlueDisc,   GreenDisc,     GoldenDisc,   RedDisc,
-                                       VioletDisc,  JewelCase,  DiscWithNote,  DiscInSleeve, StackOfDiscs,
+  static constexpr Drawing kDiscs[] = {SilverDisc,  BlueDisc,     GreenDisc,    GoldenDisc,   RedDisc,
+                                       VioletDisc,  JewelCase,    DiscWithNote, DiscInSleeve, StackOfDiscs,
                                        VinylRecord, RecordPlayer, Cassette};
   return kDiscs;
 }

@@ -17,7 +17,8 @@ void Guitar(Sketch& sketch) {
   sketch.Fill(turned(Path::Box(25, 50, 14, 4, 1.5)), Dark(kBrown));
   if (sketch.Small()) return;
   sketch.Fill(turned(Path::Circle({32, 35}, 7).Without(Path::Circle({32, 35}, 6.2))), kCream);
-  for (const double x : {30.4, 32.0, 33.6}) sketch.Fill(turned(Path::Box(x - 0.25, -2, 0.5, 53)), Faded(kCream, 0.85));
+  for (const double x : {30.4, 32.0, 33.6})
+    sketch.Fill(turned(Path::Box(x - 0.25, -2, 0.5, 53)), Faded(kCream, 0.85));
 }
 
 void Xylophone(Sketch& sketch) {

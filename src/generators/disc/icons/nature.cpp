@@ -53,12 +53,16 @@ void Moon(Sketch& sketch) {
 void Flame(Sketch& sketch) {
   Path outer;
   outer.MoveTo({36, 2}).CurveTo({38, 16}, {56, 22}, {55, 41}).CurveTo({54, 54}, {44, 62}, {32, 62});
-  outer.CurveTo({19, 62}, {9, 53}, {9, 40}).CurveTo({9, 31}, {14, 25}, {18, 19}).CurveTo({19, 25}, {21, 28}, {25, 29});
+  outer.CurveTo({19, 62}, {9, 53}, {9, 40})
+      .CurveTo({9, 31}, {14, 25}, {18, 19})
+      .CurveTo({19, 25}, {21, 28}, {25, 29});
   outer.CurveTo({26, 18}, {28, 9}, {36, 2});
   sketch.Body(outer, Mixed(kRed, kOrange, 0.35));
   Path middle;
   middle.MoveTo({36, 24}).CurveTo({37, 34}, {47, 36}, {46, 46}).CurveTo({45, 54}, {39, 58}, {32, 58});
-  middle.CurveTo({24, 58}, {18, 53}, {18, 45}).CurveTo({18, 39}, {21, 37}, {23, 35}).CurveTo({25, 38}, {26, 39}, {29, 39});
+  middle.CurveTo({24, 58}, {18, 53}, {18, 45})
+      .CurveTo({18, 39}, {21, 37}, {23, 35})
+      .CurveTo({25, 38}, {26, 39}, {29, 39});
   middle.CurveTo({29, 33}, {31, 29}, {36, 24});
   sketch.Part(middle, Mixed(kOrange, kYellow, 0.7));
   if (sketch.Small()) return;
@@ -69,7 +73,7 @@ void Flame(Sketch& sketch) {
 }
 
 void Leaf(Sketch& sketch) {
-  const Path stalk = Path().MoveTo({6, 59}).CurveTo({11, 53}, {16, 48}, {20, 44});
+  const Path stalk = Path().MoveTo({7.5, 57.5}).CurveTo({11, 53}, {16, 48}, {20, 44});
   sketch.Small() ? sketch.Line(stalk, 5, Shadowed(kGreen, 1)) : sketch.Rod(stalk, 5.6, kGreen);
   Path leaf;
   leaf.MoveTo({60, 4}).CurveTo({62, 30}, {56, 54}, {30, 54}).CurveTo({16, 54}, {10, 44}, {12, 34});
@@ -81,9 +85,11 @@ void Leaf(Sketch& sketch) {
   for (const double part : {0.2, 0.45, 0.7}) {
     const Point from{18 + 32 * part, 46 - 31 * part};
     const double length = 13 - 8 * part;
-    sketch.Line(Path().MoveTo(from).CurveTo({from.x + 3, from.y}, {from.x + length, from.y + 1}, {from.x + length, from.y + 3}),
+    sketch.Line(Path().MoveTo(from).CurveTo({from.x + 3, from.y}, {from.x + length, from.y + 1},
+                                            {from.x + length, from.y + 3}),
                 1.4, vein);
-    sketch.Line(Path().MoveTo(from).CurveTo({from.x, from.y - 3}, {from.x - 1, from.y - length}, {from.x - 3, from.y - length}),
+    sketch.Line(Path().MoveTo(from).CurveTo({from.x, from.y - 3}, {from.x - 1, from.y - length},
+                                            {from.x - 3, from.y - length}),
                 1.4, vein);
   }
 }
@@ -101,7 +107,8 @@ void Snowflake(Sketch& sketch) {
   }
   if (!sketch.Small()) sketch.Fill(arms.Stroked(width + 2 * sketch.Pen(), false), Dark(kSky));
   const Path lines = arms.Stroked(width, false);
-  sketch.Fill(lines, Shaded(Path::Circle(kMiddle, 30), sketch.Small() ? Mixed(kSky, kInk, 0.1) : Mixed(kSky, kWhite, 0.3)));
+  sketch.Fill(lines,
+              Shaded(Path::Circle(kMiddle, 30), sketch.Small() ? Mixed(kSky, kInk, 0.1) : Mixed(kSky, kWhite, 0.3)));
 }
 
 void Cloud(Sketch& sketch, Point place, double size) {
@@ -144,8 +151,7 @@ void Flower(Sketch& sketch) {
 }  // namespace
 
 std::span<const Drawing> Nature() {
-  static constexpr Drawing kNature[] = {StarSign, HeartSign, Sun,     Moon,  Flame,
-                                        Leaf,     Snowflake, Rainbow, Flower};
+  static constexpr Drawing kNature[] = {StarSign, HeartSign, Sun, Moon, Flame, Leaf, Snowflake, Rainbow, Flower};
   return kNature;
 }
 

@@ -4,12 +4,16 @@
 namespace qublet::drawing {
 namespace {
 
-void SingleNote(Sketch& sketch) { sketch.Sticker(EighthNote({24, 48}, 50), 1, kViolet); }
+void SingleNote(Sketch& sketch) {
+  sketch.Sticker(EighthNote({24, 48}, 50), 1, kViolet);
+}
 
-void TwoNotes(Sketch& sketch) { sketch.Sticker(BeamedNotes({15, 51}, 52, 30), 1, kBlue); }
+void TwoNotes(Sketch& sketch) {
+  sketch.Sticker(BeamedNotes({15, 51}, 52, 30), 1, kBlue);
+}
 
 void Clef(Sketch& sketch, const Path& line, const Path& dots, Colour colour) {
-  const double pen = sketch.Small() ? 4.6 : 5;
+  const double pen = sketch.Small() ? 5.4 : 5;
   const Path stroke = line.Stroked(pen, false);
   if (sketch.Small()) {
     sketch.Fill(stroke.And(dots), Mixed(colour, kInk, 0.15));
@@ -25,14 +29,17 @@ void TrebleClef(Sketch& sketch) {
   Path line;
   line.MoveTo({33, 44}).CurveTo({28, 42}, {28, 35}, {34, 34}).CurveTo({43, 33}, {46, 46}, {37, 49});
   line.CurveTo({26, 52}, {17, 45}, {18, 37}).CurveTo({19, 28}, {38, 24}, {39, 12});
-  line.CurveTo({39, 5}, {33, 4}, {32, 12}).CurveTo({31, 20}, {36, 40}, {37, 52}).CurveTo({37, 60}, {29, 61}, {27, 56});
+  line.CurveTo({39, 5}, {33, 4}, {32, 12})
+      .CurveTo({31, 20}, {36, 40}, {37, 52})
+      .CurveTo({37, 60}, {29, 61}, {27, 56});
   Clef(sketch, line, Path::Circle({28, 55.5}, 3.5), kTeal);
 }
 
 void BassClef(Sketch& sketch) {
   Path line;
   line.MoveTo({15, 24}).CurveTo({13, 4}, {43, 2}, {43, 24}).CurveTo({43, 40}, {30, 51}, {13, 58});
-  Clef(sketch, line, Path::Circle({18, 25}, 6).And(Path::Circle({55, 16}, 4)).And(Path::Circle({55, 33}, 4)), kOrange);
+  Clef(sketch, line, Path::Circle({18, 25}, 6).And(Path::Circle({55, 16}, 4)).And(Path::Circle({55, 33}, 4)),
+       kOrange);
 }
 
 void SheetOfMusic(Sketch& sketch) {

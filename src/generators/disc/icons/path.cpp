@@ -53,7 +53,9 @@ Path Changed(const Path& path, Change change) {
 
 }  // namespace
 
-Path Path::Circle(Point centre, double radius) { return Path().Arc(centre, radius, 0, 360); }
+Path Path::Circle(Point centre, double radius) {
+  return Path().Arc(centre, radius, 0, 360);
+}
 
 Path Path::Ellipse(Point centre, double across, double down) {
   return Changed(Circle({}, 1), [&](Point p) { return Point{centre.x + p.x * across, centre.y + p.y * down}; });
@@ -106,7 +108,8 @@ Path& Path::CurveTo(Point first, Point second, Point to) {
     const double t = static_cast<double>(i) / kLines;
     const double s = 1 - t;
     const double a = s * s * s, b = 3 * s * s * t, c = 3 * s * t * t, d = t * t * t;
-    LineTo({a * start.x + b * first.x + c * second.x + d * to.x, a * start.y + b * first.y + c * second.y + d * to.y});
+    LineTo(
+        {a * start.x + b * first.x + c * second.x + d * to.x, a * start.y + b * first.y + c * second.y + d * to.y});
   }
   return *this;
 }

@@ -11,7 +11,8 @@ struct Point {
   double y = 0;
 };
 
-// An outline of closed pieces, every curve already cut into short lines. What it holds is decided by the nonzero rule.
+// An outline of closed pieces, every curve already cut into short lines. What it holds is decided by the nonzero
+// rule.
 class Path {
  public:
   using Piece = std::vector<Point>;
@@ -22,7 +23,9 @@ class Path {
   static Path Ellipse(Point centre, double across, double down);  // half its width and half its height
   static Path Box(double x, double y, double width, double height, double corner = 0);
   static Path Polygon(std::span<const Point> points);
-  static Path Polygon(std::initializer_list<Point> points) { return Polygon(std::span(points.begin(), points.size())); }
+  static Path Polygon(std::initializer_list<Point> points) {
+    return Polygon(std::span(points.begin(), points.size()));
+  }
   // Its corners lie alternately on two circles, the first one straight above the centre.
   static Path Star(Point centre, int points, double outer, double inner);
   // Part of a ring; degrees clockwise from three o'clock.

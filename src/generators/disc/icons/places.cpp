@@ -56,7 +56,8 @@ void Mountain(Sketch& sketch) {
   view.AddFlat(Path::Polygon({{41, 32.6}, {47, 24}, {53, 32.6}, {50, 35}, {47, 32}, {44, 35.5}}), kWhite);
   view.Add(Path::Polygon({{-6, 60}, {26, 12}, {58, 60}}), Mixed(kSlate, kViolet, 0.25));
   view.AddFlat(Path::Polygon({{26, 12}, {58, 60}, {30, 60}, {34, 44}, {28, 32}}), Faded(kInk, 0.22));
-  view.AddFlat(Path::Polygon({{16, 27}, {26, 12}, {36, 27}, {36, 29}, {31, 26}, {26, 33}, {21, 27}, {17, 30}}), kWhite);
+  view.AddFlat(Path::Polygon({{16, 27}, {26, 12}, {36, 27}, {36, 29}, {31, 26}, {26, 33}, {21, 27}, {17, 30}}),
+               kWhite);
   view.Add(Swell(52, 5, 44, 16), kGreen);
   if (!sketch.Small()) {
     for (const double x : {13.0, 20.0, 44.0, 51.0}) {
@@ -73,13 +74,15 @@ void City(Sketch& sketch) {
     for (const Point star : {Point{15, 16}, {24, 9}, {32, 17}, {54, 27}, {36, 7}}) {
       view.AddFlat(Path::Circle(star, 0.9), kWhite);
     }
-    for (const auto& [x, top, width] : {std::array{5.0, 34.0, 12.0}, {20.0, 27.0, 10.0}, {39.0, 30.0, 12.0}, {50.0, 37.0, 12.0}}) {
+    for (const auto& [x, top, width] :
+         {std::array{5.0, 34.0, 12.0}, {20.0, 27.0, 10.0}, {39.0, 30.0, 12.0}, {50.0, 37.0, 12.0}}) {
       view.Add(Path::Box(x, top, width, 40), Mixed(kViolet, kNight, 0.5));
     }
   }
   const Colour front = Mixed(kNight, kInk, 0.55);
   const Colour window = Mixed(kYellow, kOrange, 0.15);
-  for (const auto& [x, top, width] : {std::array{4.0, 40.0, 12.0}, {16.0, 28.0, 12.0}, {32.0, 20.0, 12.0}, {48.0, 36.0, 12.0}}) {
+  for (const auto& [x, top, width] :
+       {std::array{4.0, 40.0, 12.0}, {16.0, 28.0, 12.0}, {32.0, 20.0, 12.0}, {48.0, 36.0, 12.0}}) {
     view.Add(Path::Box(x, top, width, 44), front);
     if (sketch.Small()) {
       view.AddFlat(Path::Box(x + 4, top + 4, 4, 4), window);
@@ -109,8 +112,9 @@ void PalmBeach(Sketch& sketch) {
     Path frond;
     frond.MoveTo({0, 0}).CurveTo({6, -8}, {15, -8}, {21, 1}).CurveTo({15, -2}, {8, -2}, {0, 2});
     const bool left = degrees < -90 || degrees > 90;
-    const Path turned = left ? frond.Turned(degrees < -120 || degrees > 90 ? (degrees > 90 ? -18 : 14) : 40, {0, 0}).Mirrored(0)
-                             : frond.Turned(degrees > 0 ? 20 : -28, {0, 0});
+    const Path turned =
+        left ? frond.Turned(degrees < -120 || degrees > 90 ? (degrees > 90 ? -18 : 14) : 40, {0, 0}).Mirrored(0)
+             : frond.Turned(degrees > 0 ? 20 : -28, {0, 0});
     view.Add(turned.Moved(29.5, 22), Mixed(kGreen, kInk, degrees > 90 || degrees == 8 ? 0.3 : 0.12));
   }
   view.Close(kBlue);
@@ -141,8 +145,13 @@ void Balloon(Sketch& sketch, Point centre, double size, Colour colour) {
   sketch.Line(Path().MoveTo({centre.x, centre.y + size}).CurveTo({centre.x, 48}, {32, 50}, {32, 62}),
               sketch.Small() ? 2.5 : 1.4, kSlate);
   Path balloon;
-  balloon.MoveTo({0, -1}).CurveTo({0.52, -1}, {0.84, -0.64}, {0.84, -0.16}).CurveTo({0.84, 0.4}, {0.4, 0.8}, {0.06, 0.98});
-  balloon.LineTo({0.16, 1.14}).LineTo({-0.16, 1.14}).LineTo({-0.06, 0.98}).CurveTo({-0.4, 0.8}, {-0.84, 0.4}, {-0.84, -0.16});
+  balloon.MoveTo({0, -1})
+      .CurveTo({0.52, -1}, {0.84, -0.64}, {0.84, -0.16})
+      .CurveTo({0.84, 0.4}, {0.4, 0.8}, {0.06, 0.98});
+  balloon.LineTo({0.16, 1.14})
+      .LineTo({-0.16, 1.14})
+      .LineTo({-0.06, 0.98})
+      .CurveTo({-0.4, 0.8}, {-0.84, 0.4}, {-0.84, -0.16});
   balloon.CurveTo({-0.84, -0.64}, {-0.52, -1}, {0, -1});
   const Path placed = balloon.Moved(centre.x, centre.y).Scaled(size, centre);
   sketch.Body(placed, colour);

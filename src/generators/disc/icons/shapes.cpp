@@ -4,7 +4,9 @@ namespace qublet::drawing {
 namespace {
 
 // Parts of a height of 1 above a head at 0, 0.
-Path Head() { return Path::Ellipse({0, 0}, 0.185, 0.135).Turned(-22, {0, 0}); }
+Path Head() {
+  return Path::Ellipse({0, 0}, 0.185, 0.135).Turned(-22, {0, 0});
+}
 
 Path Placed(const Path& path, Point place, double height) {
   return path.Moved(place.x, place.y).Scaled(height, place);

@@ -51,11 +51,17 @@ Paint Shaded(const Path& path, Colour colour) {
   };
 }
 
-Colour Dark(Colour colour) { return Mixed(Shadowed(colour, 1), kInk, 0.5); }
+Colour Dark(Colour colour) {
+  return Mixed(Shadowed(colour, 1), kInk, 0.5);
+}
 
-double Sketch::Pen() const { return std::max(64.0 / canvas_.Side(), 1.8); }
+double Sketch::Pen() const {
+  return std::max(64.0 / canvas_.Side(), 1.8);
+}
 
-void Sketch::Body(const Path& path, Colour colour) { Body(path, Shaded(path, colour), Dark(colour)); }
+void Sketch::Body(const Path& path, Colour colour) {
+  Body(path, Shaded(path, colour), Dark(colour));
+}
 
 void Sketch::Body(const Path& path, const Paint& paint, Colour outline) {
   const Cover cover = canvas_.CoverOf(path);
@@ -86,9 +92,13 @@ void Sketch::Rim(const Cover& cover, double wide, const std::function<Cover(doub
   canvas_.Fill(OnlyFirst(cover, moved(-wide * 0.8, -wide)), Plain(Faded(kInk, 0.14)));
 }
 
-void Sketch::Part(const Path& path, Colour colour) { Fill(path, Shaded(path, colour)); }
+void Sketch::Part(const Path& path, Colour colour) {
+  Fill(path, Shaded(path, colour));
+}
 
-void Sketch::Fill(const Path& path, Colour colour) { Fill(path, Plain(colour)); }
+void Sketch::Fill(const Path& path, Colour colour) {
+  Fill(path, Plain(colour));
+}
 
 void Sketch::FillWithin(const Path& frame, const Path& path, const Paint& paint) {
   canvas_.Fill(Both(canvas_.CoverOf(frame), canvas_.CoverOf(path)), paint);
@@ -98,9 +108,13 @@ void Sketch::FillWithin(const Path& frame, const Path& path, Colour colour) {
   FillWithin(frame, path, Plain(colour));
 }
 
-void Sketch::Outline(const Path& path, Colour colour) { FillWithin(path, path.Stroked(2 * Pen(), true), colour); }
+void Sketch::Outline(const Path& path, Colour colour) {
+  FillWithin(path, path.Stroked(2 * Pen(), true), colour);
+}
 
-void Sketch::Line(const Path& path, double width, Colour colour) { Fill(path.Stroked(width, false), colour); }
+void Sketch::Line(const Path& path, double width, Colour colour) {
+  Fill(path.Stroked(width, false), colour);
+}
 
 void Sketch::Rod(const Path& path, double width, Colour colour) {
   Line(path, width, Dark(colour));

@@ -18,7 +18,8 @@ class Sketch {
   void Body(const Path& path, Colour colour);
   // The same, painted by something else than its colour; `dark` is that of the outline.
   void Body(const Path& path, const Paint& paint, Colour outline);
-  // A thing that may have been put together of several: its corners are rounded by `round`, and the outline lies around it.
+  // A thing that may have been put together of several: its corners are rounded by `round`, and the outline lies
+  // around it.
   void Sticker(const Path& path, double round, Colour colour);
   // A part of a thing, shaded but without a rim or an outline.
   void Part(const Path& path, Colour colour);

@@ -1,5 +1,5 @@
-// write_disc_icons FILE: draws all icons and writes them as the program takes them in: where each of the files begins in
-// FILE and where the last one ends, numbers of four bytes with the lowest first, and behind them the files.
+// write_disc_icons FILE: draws all icons and writes them as the program takes them in: where each of the files begins
+// in FILE and where the last one ends, numbers of four bytes with the lowest first, and behind them the files.
 
 #include <cstdio>
 #include <fstream>
