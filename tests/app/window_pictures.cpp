@@ -12,6 +12,7 @@
 #include "app/ToolbarForm.h"
 #include "app/appearance.h"
 #include "desk/Status.h"
+#include "disc_pictures.h"
 #include "editor_pictures.h"
 #include "options_pictures.h"
 #include "purge_pictures.h"
@@ -115,6 +116,7 @@ class Pictures {
     TakeRenamePictures(window_, take);
     TakeSearchPictures(window_, take);
     TakePurgePictures(window_, take);
+    TakeDiscPictures(window_, take);
     TakeOptionsPictures(window_, take);
   }
 

@@ -71,13 +71,6 @@ std::string DelimiterOf(const ReportSettings& settings) {
   return delimiter;
 }
 
-std::string TimeAndDate(const LocalTime& now) {
-  char text[64];
-  std::snprintf(text, sizeof text, "%02d:%02d:%02d [%02d-%02d-%04d]", now.hour, now.minute, now.second, now.month,
-                now.day, now.year);
-  return text;
-}
-
 // The lines of one report. What fails leaves its text out, and the next one follows.
 class ReportLines {
  public:
@@ -268,6 +261,13 @@ ReportResult GenerateReport(const ReportServices& services, const std::string& p
   });
   result.exists = FileExists(services.files, path);
   return result;
+}
+
+std::string TimeAndDate(const LocalTime& now) {
+  char text[64];
+  std::snprintf(text, sizeof text, "%02d:%02d:%02d [%02d-%02d-%04d]", now.hour, now.minute, now.second, now.month,
+                now.day, now.year);
+  return text;
 }
 
 std::string PadColumn(std::string value, std::int16_t& width) {

@@ -35,5 +35,7 @@ ReportResult GenerateReport(const ReportServices& services, const std::string& p
 // Failure when nothing is left.
 std::string PadColumn(std::string value, std::int16_t& width);
 std::string RepeatText(int count, std::string_view text);
+// "hh:mm:ss [MM-DD-YYYY]".
+std::string TimeAndDate(const LocalTime& now);
 
 }  // namespace qublet
