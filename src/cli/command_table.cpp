@@ -4,6 +4,7 @@
 #include <array>
 #include <ostream>
 
+#include "cli/autocreate_command.h"
 #include "cli/list_command.h"
 #include "cli/name_command.h"
 #include "cli/play_command.h"
@@ -80,6 +81,9 @@ constexpr std::array kCliCommands{
         "report",
         "report [--settings FILE.rpt] [--set FIELD=VALUE]... [--columns N,N,...]\n         --save-settings FILE.rpt",
         "keep the settings of a report", ReportCommand},
+    CliCommand{"autocreate", "autocreate [--in base|root|both | --to FOLDER] [--format F] [--dry-run] PATH...",
+               "write a playlist for each folder: there, in the folder that all share, or in FOLDER",
+               AutoCreateCommand},
     CliCommand{"scheme", "scheme list | save NAME|current FILE.dps [--replace] | apply NAME|FILE.dps",
                "print the looks of the list, keep one as a file, or make one the stored look", SchemeCommand},
     CliCommand{"search", "search [--in COLUMNS] [--case] TEXT PATH...",

@@ -11,6 +11,7 @@
 #include "app/SplashFrm.h"
 #include "app/ToolbarForm.h"
 #include "app/appearance.h"
+#include "autocreate_pictures.h"
 #include "desk/Status.h"
 #include "editor_pictures.h"
 #include "options_pictures.h"
@@ -115,6 +116,7 @@ class Pictures {
     TakeRenamePictures(window_, take);
     TakeSearchPictures(window_, take);
     TakePurgePictures(window_, take);
+    TakeAutoCreatePictures(window_, take);
     TakeOptionsPictures(window_, take);
   }
 
