@@ -1,3 +1,4 @@
+#include "autocreate_measures.h"
 #include "measure.h"
 #include "order_measures.h"
 #include "playlist_measures.h"
@@ -28,6 +29,7 @@ int Main(int argc, char** argv) {
   add(RenameMeasures());
   add(SearchMeasures());
   add(ReportMeasures());
+  add(AutoCreateMeasures());
   add(OrderMeasures());
 #ifdef QUBLET_MEASURES_WINDOWS
   // Painted in memory, as fast as this machine can, whatever display it has.

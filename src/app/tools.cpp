@@ -1,5 +1,6 @@
 #include "app/tools.h"
 
+#include "generators/autocreate/ui/add_autocreate.h"
 #include "generators/disc/ui/add_disc.h"
 #include "generators/report/ui/add_report.h"
 #include "media/editor/ui/add_tag_editor.h"
@@ -25,6 +26,7 @@ void AddTools(Commands& commands, const Desk& desk) {
   AddSearch(commands, desk);
   AddReport(commands, desk);
   AddDisc(commands, desk);
+  AddAutoCreate(commands, desk);
   AddPreferences(commands, desk);
 }
 

@@ -71,6 +71,13 @@ std::string FileToWrite(const CommandContext& context, const std::string& argume
   return path;
 }
 
+std::string FolderFromArgument(const CommandContext& context, const std::string& argument) {
+  std::string folder = PathFromArgument(context.files, argument);
+  const std::optional<unsigned> attributes = context.files.Attributes(folder);
+  if (!attributes || (*attributes & kFolder) == 0) throw Failure("no such folder");
+  return folder;
+}
+
 int Complain(std::ostream& err, const std::string& text, ExitCode code) {
   err << "qublet: " << text << "\n";
   return code;

@@ -62,6 +62,9 @@ std::pair<std::string, std::string> FieldAndValue(const std::string& text);
 // be replaced.
 std::string FileToWrite(const CommandContext& context, const std::string& argument, bool replace);
 
+// The folder that the argument names, in drive form. Throws Failure when it isn't there.
+std::string FolderFromArgument(const CommandContext& context, const std::string& argument);
+
 // Prints "qublet: ..." to `err` and gives the exit code back.
 int Complain(std::ostream& err, const std::string& text, ExitCode code);
 

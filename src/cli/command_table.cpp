@@ -4,6 +4,7 @@
 #include <array>
 #include <ostream>
 
+#include "cli/autocreate_command.h"
 #include "cli/disc_command.h"
 #include "cli/list_command.h"
 #include "cli/name_command.h"
@@ -81,13 +82,18 @@ constexpr std::array kCliCommands{
         "report",
         "report [--settings FILE.rpt] [--set FIELD=VALUE]... [--columns N,N,...]\n         --save-settings FILE.rpt",
         "keep the settings of a report", ReportCommand},
-    CliCommand{"disc", "disc check [--capacity ROW] FOLDER",
-               "say whether a folder fits on a disc; ROW of 0 to 15 is a size: 100, 200, 400, 600, 640, 650, 680 (unless\n"
-               "      given), 700, 800 Mb, 1, 2, 4, 8, 16, 18, 24 Gb",
-               DiscCommand},
-    CliCommand{"disc",
-               "disc build [--browser] [--table] [--autorun] [--auto-icon FILE|N] [--auto-list] [--auto-index] FOLDER",
-               "make a music disc of a folder: the program that shows it, a page, an icon, a playlist", DiscCommand},
+    CliCommand{
+        "disc", "disc check [--capacity ROW] FOLDER",
+        "say whether a folder fits on a disc; ROW of 0 to 15 is a size: 100, 200, 400, 600, 640, 650, 680 (unless\n"
+        "      given), 700, 800 Mb, 1, 2, 4, 8, 16, 18, 24 Gb",
+        DiscCommand},
+    CliCommand{
+        "disc",
+        "disc build [--browser] [--table] [--autorun] [--auto-icon FILE|N] [--auto-list] [--auto-index] FOLDER",
+        "make a music disc of a folder: the program that shows it, a page, an icon, a playlist", DiscCommand},
+    CliCommand{"autocreate", "autocreate [--in base|root|both | --to FOLDER] [--format F] [--dry-run] PATH...",
+               "write a playlist for each folder: there, in the folder that all share, or in FOLDER",
+               AutoCreateCommand},
     CliCommand{"scheme", "scheme list | save NAME|current FILE.dps [--replace] | apply NAME|FILE.dps",
                "print the looks of the list, keep one as a file, or make one the stored look", SchemeCommand},
     CliCommand{"search", "search [--in COLUMNS] [--case] TEXT PATH...",

@@ -35,7 +35,8 @@ int Check(CommandContext& context) {
   });
   if (!found) return Complain(context.err, argument + ": " + found.Reason(), kCouldNot);
   if (check.fits) return kDone;
-  context.err << (check.refusal.empty() ? "no answer for this size" : ReplaceAll(check.refusal, "\r\n", "\n")) << "\n";
+  context.err << (check.refusal.empty() ? "no answer for this size" : ReplaceAll(check.refusal, "\r\n", "\n"))
+              << "\n";
   return kCouldNot;
 }
 

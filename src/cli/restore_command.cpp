@@ -5,7 +5,6 @@
 #include "cli/json_text.h"
 #include "cli/list_command.h"
 #include "cli/saved_playlist.h"
-#include "platform/program.h"
 #include "tools/purge/missing_items.h"
 #include "tools/purge/restoration.h"
 
@@ -35,12 +34,8 @@ RestoreOptions TakeRestoreOptions(CommandContext& context) {
 Collection RootsOf(const CommandContext& context, const Arguments& folders) {
   Collection roots;
   for (const std::string& folder : folders) {
-    std::string root;
-    const Outcome named = Attempt([&] { root = PathFromArgument(context.files, folder); });
-    if (!named) throw Failure(folder + ": " + named.Reason());
-    const std::optional<unsigned> attributes = context.files.Attributes(root);
-    if (!attributes || (*attributes & kFolder) == 0) throw Failure(folder + ": no such folder");
-    roots.push_back(root);
+    const Outcome found = Attempt([&] { roots.push_back(FolderFromArgument(context, folder)); });
+    if (!found) throw Failure(folder + ": " + found.Reason());
   }
   if (!roots.empty()) return roots;
   for (char letter = 'a'; letter <= 'z'; ++letter) roots.push_back(std::string(1, letter) + ":\\");

@@ -6,7 +6,6 @@
 
 #include "media/id3/frame_content.h"
 #include "platform/program.h"
-#include "playlist/paths/file_details.h"
 #include "playlist/paths/path_text.h"
 
 namespace qublet {
@@ -72,12 +71,7 @@ std::vector<TagPicture> PicturesFrom(const CommandContext& context, const std::v
 
 int ExtractPictures(CommandContext& context, const std::string& folder) {
   std::string target;
-  const Outcome found = Attempt([&] {
-    target = NormalizedPath(PathFromArgument(context.files, folder));
-    FileDetails details;
-    GetFileDetails(context.files, target, details);
-    if (!details.IsFolder) throw Failure("no such folder");
-  });
+  const Outcome found = Attempt([&] { target = NormalizedPath(FolderFromArgument(context, folder)); });
   if (!found) return Complain(context.err, folder + ": " + found.Reason(), kCouldNot);
   int code = kDone;
   for (const std::string& argument : context.arguments) {

@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <QTreeWidget>
 
+#include "generators/autocreate/ui/AutoCreateWizard.h"
 #include "platform/qt/qt_dialogs.h"
 #include "playlist/ui/PlaylistStats.h"
 #include "settings/preferences/ui/frmOptions.h"
@@ -113,6 +114,21 @@ TEST_F(SmallScreen, HoldsTheSearch) {
     for (const QPushButton* button : form.findChildren<QPushButton*>()) EXPECT_TRUE(IsInside(*button, form));
   });
   window.Run("MToolsSearch");
+  EXPECT_TRUE(looked);
+}
+
+TEST_F(SmallScreen, HoldsEveryStepOfTheWizardForPlaylists) {
+  window.drives.Write("a.mp3", kNoise);
+  window.Add("c:\\a.mp3");
+  WhenOpen<AutoCreateWizard>([](AutoCreateWizard& form) {
+    for (int step = 0; step < 4; ++step) {
+      for (const char* button : {"CmdBack", "CmdNext", "CmdClose"})
+        EXPECT_TRUE(IsInside(*form.findChild<QPushButton*>(button), form)) << button << " in step " << step;
+      form.findChild<QPushButton*>("CmdNext")->click();
+    }
+    EXPECT_TRUE(IsInside(*form.findChild<QPushButton*>("cmdUndo"), form));
+  });
+  window.Run("MToolsM3UWiz");
   EXPECT_TRUE(looked);
 }
 

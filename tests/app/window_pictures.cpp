@@ -11,6 +11,7 @@
 #include "app/SplashFrm.h"
 #include "app/ToolbarForm.h"
 #include "app/appearance.h"
+#include "autocreate_pictures.h"
 #include "desk/Status.h"
 #include "disc_pictures.h"
 #include "editor_pictures.h"
@@ -117,6 +118,7 @@ class Pictures {
     TakeSearchPictures(window_, take);
     TakePurgePictures(window_, take);
     TakeDiscPictures(window_, take);
+    TakeAutoCreatePictures(window_, take);
     TakeOptionsPictures(window_, take);
   }
 

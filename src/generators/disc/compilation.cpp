@@ -29,8 +29,8 @@ std::int32_t CapacityBytes(int row) {
   return CheckedMultiply32(kDiscSizes[static_cast<std::size_t>(row)].mebibytes, kMebibyte);
 }
 
-CompilationCheck CheckCompilation(const FileSystem& system, Feedback& feedback, const std::string& folder, int size_row,
-                                  const std::string& thousands_separator, Collection& files) {
+CompilationCheck CheckCompilation(const FileSystem& system, Feedback& feedback, const std::string& folder,
+                                  int size_row, const std::string& thousands_separator, Collection& files) {
   files.clear();
   WalkFolder(system, feedback, folder, {"*.*"}, files, true, false);
   if (files.empty()) return {false, "You must add at least one file to the compilation."};

@@ -42,9 +42,9 @@ struct CompilationCheck {
   std::string refusal;  // for the user; "" when it fits, and when there is no answer for this size
 };
 
-// Puts every file below `folder` into `files`. A mebibyte of the disc stays free. There is no answer for 2 GiB or more,
-// nor when a length can't be taken.
-CompilationCheck CheckCompilation(const FileSystem& system, Feedback& feedback, const std::string& folder, int size_row,
-                                  const std::string& thousands_separator, Collection& files);
+// Puts every file below `folder` into `files`. A mebibyte of the disc stays free. There is no answer for 2 GiB or
+// more, nor when a length can't be taken.
+CompilationCheck CheckCompilation(const FileSystem& system, Feedback& feedback, const std::string& folder,
+                                  int size_row, const std::string& thousands_separator, Collection& files);
 
 }  // namespace qublet

@@ -48,8 +48,8 @@ struct BuiltDisc {
   Collection BurnList;      // what stands in the folder at the top
 };
 
-// Adds what the plan asks for to the folder of the disc. A part that fails doesn't keep the others from being made, but
-// at the end everything that was made goes away again; the music is never touched. After a success `keep` runs.
+// Adds what the plan asks for to the folder of the disc. A part that fails doesn't keep the others from being made,
+// but at the end everything that was made goes away again; the music is never touched. After a success `keep` runs.
 BuiltDisc BuildCompilation(const DiscServices& services, const DiscPlan& plan, const DiscWatch& watch,
                            const std::function<void()>& keep);
 

@@ -152,7 +152,8 @@ void DiscWizard::PrepareReport() {
       ReportRec.SaveRel = true;
       return;
     }
-    Tell("Could not load the Report Settings used in the previous session, using default.", MessageIcon::kExclamation);
+    Tell("Could not load the Report Settings used in the previous session, using default.",
+         MessageIcon::kExclamation);
     file.clear();
   }
   SetDefaultReport(view.CDROMLoc, ReportRec);
@@ -200,9 +201,10 @@ void DiscWizard::ShowSoftware_Click() {
     engine_.services.shell.Open(copy);
     return;
   }
-  Tell("Failed to locate the browser software, it may not be installed correctly or not packaged with this program, "
-       "please contact the program vendor...",
-       MessageIcon::kStop);
+  Tell(
+      "Failed to locate the browser software, it may not be installed correctly or not packaged with this program, "
+      "please contact the program vendor...",
+      MessageIcon::kStop);
   GiveUpBrowser();
 }
 
@@ -266,8 +268,8 @@ DiscPlan DiscWizard::Plan() const {
   DiscPlan plan{choices.AssembleLoc, view.CDROMLoc, choices.extras, "", "", ReportRec};
   const bool own = choices.IconChooser == kCustomIcon && LowerCase(GetExtension(choices.IconFile)) == ".ico";
   if (own) plan.icon_file = choices.IconFile;
-  plan.icon = number_ != kCustomIcon ? std::string(DiscIcon(number_))
-                                     : IconFileOf(std::array{view.CDIcon}).value_or("");
+  plan.icon =
+      number_ != kCustomIcon ? std::string(DiscIcon(number_)) : IconFileOf(std::array{view.CDIcon}).value_or("");
   return plan;
 }
 
@@ -277,8 +279,8 @@ void DiscWizard::BuildCompilation(const Watch& watch) {
                     watch.view();
                   },
                   watch.ProgressBar2, watch.ProgressBar1};
-  const BuiltDisc disc = qublet::BuildCompilation(
-      Services(), Plan(), shown, [&] { SaveWizardSettings(engine_.session, view.choices); });
+  const BuiltDisc disc =
+      qublet::BuildCompilation(Services(), Plan(), shown, [&] { SaveWizardSettings(engine_.session, view.choices); });
   BurnList_ = disc.BurnList;
   view.drag = disc.BuildOk;
   view.Label7 = disc.BuildOk ? kReady : kFailed;

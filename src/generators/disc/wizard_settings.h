@@ -33,8 +33,8 @@ struct DiscChoices {
   Collection recent;        // build folders, the newest first
 };
 
-// What the last disc left, in place of what stands in `choices`; a value that can't be read leaves what is there. False
-// when no disc has been made yet. A root folder that has gone counts as none.
+// What the last disc left, in place of what stands in `choices`; a value that can't be read leaves what is there.
+// False when no disc has been made yet. A root folder that has gone counts as none.
 bool LoadWizardSettings(const Session& session, const FileSystem& files, DiscChoices& choices);
 void SaveWizardSettings(Session& session, const DiscChoices& choices);
 

@@ -317,12 +317,15 @@ TEST_F(DiscWizardTest, BuildsADiscKeepsItsChoicesAndBeginsAnother) {
   EXPECT_TRUE(View().closes_next);
   EXPECT_EQ(wizard_.BurnList().size(), 4U);
   EXPECT_EQ(drives_.Read("discs/mine/setup.ico"), DiscIcon(5));
-  const std::vector<Setting> kept = {
-      {"MP3CDWiz", "Init", "1"},        {"MP3CDWiz", "CB", "0"},  {"MP3CDWiz", "CT", "1"}, {"MP3CDWiz", "AI", "1"},
-      {"MP3CDWiz", "AB", "1"},          {"MP3CDWiz", "AX", "0"},  {"MP3CDWiz", "CA", "0"},
-      {"MP3CDWiz", "AL", "c:\\discs\\"}, {"MP3CDWiz", "SZ", "6"},  {"MP3CDWiz", "IC", "5"}, {"MP3CDWiz", "IFL", ""},
-      {"MP3CDWiz", "RFL", ""},          {"MP3CDWiz", "RI1", "mine"}, {"MP3CDWiz", "RI2", ""},
-      {"MP3CDWiz", "RI3", ""},          {"MP3CDWiz", "RI4", ""},  {"MP3CDWiz", "RI5", ""}};
+  const std::vector<Setting> kept = {{"MP3CDWiz", "Init", "1"},   {"MP3CDWiz", "CB", "0"},
+                                     {"MP3CDWiz", "CT", "1"},     {"MP3CDWiz", "AI", "1"},
+                                     {"MP3CDWiz", "AB", "1"},     {"MP3CDWiz", "AX", "0"},
+                                     {"MP3CDWiz", "CA", "0"},     {"MP3CDWiz", "AL", "c:\\discs\\"},
+                                     {"MP3CDWiz", "SZ", "6"},     {"MP3CDWiz", "IC", "5"},
+                                     {"MP3CDWiz", "IFL", ""},     {"MP3CDWiz", "RFL", ""},
+                                     {"MP3CDWiz", "RI1", "mine"}, {"MP3CDWiz", "RI2", ""},
+                                     {"MP3CDWiz", "RI3", ""},     {"MP3CDWiz", "RI4", ""},
+                                     {"MP3CDWiz", "RI5", ""}};
   EXPECT_EQ(fakes_.store.AllSettings("QUBLET2021"), kept);
 
   Next();
@@ -351,9 +354,14 @@ TEST_F(DiscWizardTest, KeepsNothingOfADiscThatFailed) {
 }
 
 TEST_F(DiscWizardTest, BringsBackWhatTheLastDiscLeft) {
-  for (const auto& [key, value] :
-       {std::pair{"Init", "1"}, {"CT", "1"}, {"CA", "x"}, {"AL", "c:\\discs\\"}, {"SZ", "2"}, {"IC", "99"},
-        {"RI1", "new"}, {"RI3", "old"}})
+  for (const auto& [key, value] : {std::pair{"Init", "1"},
+                                   {"CT", "1"},
+                                   {"CA", "x"},
+                                   {"AL", "c:\\discs\\"},
+                                   {"SZ", "2"},
+                                   {"IC", "99"},
+                                   {"RI1", "new"},
+                                   {"RI3", "old"}})
     Store(key, value);
   wizard_.Load();
   EXPECT_TRUE(View().choices.extras.chkCreateAutorun);

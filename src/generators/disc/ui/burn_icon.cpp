@@ -16,7 +16,8 @@ BurnIcon::BurnIcon(QWidget* parent) : QListWidget(parent) {
   setTextElideMode(Qt::ElideMiddle);
 }
 
-void BurnIcon::ShowDisc(const QString& caption, const QPixmap& picture, const std::vector<std::string>& native_paths) {
+void BurnIcon::ShowDisc(const QString& caption, const QPixmap& picture,
+                        const std::vector<std::string>& native_paths) {
   Clear();
   picture_ = picture;
   for (const std::string& path : native_paths) addresses_ << FileUrl(path);

@@ -1,6 +1,5 @@
 #include "generators/report/ui/ReportForm.h"
 
-#include <QElapsedTimer>
 #include <QEvent>
 #include <QFontDatabase>
 #include <QFontInfo>
@@ -9,13 +8,12 @@
 #include <QTextCursor>
 
 #include "desk/activation.h"
-#include "platform/qt/input_lock.h"
+#include "desk/busy_window.h"
 #include "platform/qt/shown_text.h"
 
 namespace qublet {
 namespace {
 
-constexpr qint64 kRepaintEvery = 20;  // milliseconds
 constexpr int kLettersAcross = 64;
 constexpr int kMostTablePixels = 2000;
 constexpr int kTableStep = 16;
@@ -114,23 +112,16 @@ void ReportForm::Activate() {
   RepType->setFocus();
 }
 
-// The window goes on painting; what is pressed meanwhile is thrown away.
 void ReportForm::CmdNext_Click() {
-  InputLock lock;
-  QElapsedTimer painted;
-  painted.start();
+  BusyWindow busy(*this);
   ReportWizard::Watch watch;
   watch.view = [this] { Render(); };
   watch.progress = [&](int value, int maximum) {
     ProgressBar1->setRange(0, std::max(maximum, 1));
     ProgressBar1->setValue(value);
-    if (value != 0 && painted.elapsed() < kRepaintEvery) return;
-    lock.Pump();
-    painted.restart();
+    if (value == 0 || busy.IsDue()) busy.Repaint();
   };
-  setCursor(Qt::WaitCursor);
   wizard_.CmdNext_Click(FormToSettings(), watch);
-  unsetCursor();
   Render();
   if (wizard_.view.closes_next) CmdClose->setFocus();
 }

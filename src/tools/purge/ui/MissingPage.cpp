@@ -3,9 +3,9 @@
 #include <QHeaderView>
 #include <QShortcut>
 #include <QSignalBlocker>
-#include <QVBoxLayout>
 #include <algorithm>
 
+#include "desk/empty_list.h"
 #include "platform/qt/shown_text.h"
 
 namespace qublet {
@@ -35,13 +35,8 @@ void MissingPage::MakeList() {
   FoundPaths->header()->setSectionResizeMode(kHeldColumn, QHeaderView::ResizeToContents);
   FoundPaths->headerItem()->setTextAlignment(kHeldColumn, Qt::AlignRight | Qt::AlignVCenter);
   FoundPaths->setMinimumHeight((kRowsInSight + 2) * FoundPaths->fontMetrics().height());
-  empty_list_ = new QLabel(tr("After a search the folders in which missing items were found come here."));
-  empty_list_->setObjectName(QStringLiteral("EmptyFoundPaths"));
-  empty_list_->setAlignment(Qt::AlignCenter);
-  empty_list_->setWordWrap(true);
-  empty_list_->setForegroundRole(QPalette::PlaceholderText);
-  auto* over_the_list = new QVBoxLayout(FoundPaths->viewport());
-  over_the_list->addWidget(empty_list_);
+  empty_list_ =
+      SayWhatFills(*FoundPaths, tr("After a search the folders in which missing items were found come here."));
 }
 
 void MissingPage::Attach(const PurgeRunner& runner) {
