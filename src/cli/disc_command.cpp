@@ -8,6 +8,7 @@
 #include "generators/disc/disc_build.h"
 #include "generators/disc/disc_icons.h"
 #include "generators/disc/icon_file.h"
+#include "platform/program.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
 #include "playlist/paths/text_files.h"
