@@ -1,5 +1,6 @@
 #include "generators/autocreate/ui/AutoCreateWizard.h"
 
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSignalBlocker>
 
@@ -10,7 +11,7 @@
 namespace qublet {
 namespace {
 
-constexpr int kLettersAcross = 76;
+constexpr int kLettersAcross = 84;
 constexpr int kRowsInSight = 10;
 
 // A row a text, none wider than the list.
@@ -28,9 +29,7 @@ void MakeList(QTreeWidget& list) {
 
 AutoCreateWizard::AutoCreateWizard(Engine& engine, QWidget* parent) : BarlessDialog(parent), creator_(engine) {
   setupUi(this);
-  MakeList(*lstPaths);
-  MakeList(*lstReport);
-  empty_report_ = SayWhatFills(*lstReport, tr("What is done comes here, file by file."));
+  MakeLists();
   ConnectSteps();
   ConnectModes();
   ConnectFolders();
@@ -49,6 +48,15 @@ std::array<AutoCreateWizard::Option, 4> AutoCreateWizard::Options() const {
            {RootFolderOnly, AutoCreateMode::kRootFolderOnly},
            {BothFolders, AutoCreateMode::kBothFolders},
            {MyFolderOnly, AutoCreateMode::kMyFolderOnly}}};
+}
+
+// The last line of the report stays in view, and the report where it is when the text above it gets longer.
+void AutoCreateWizard::MakeLists() {
+  MakeList(*lstPaths);
+  MakeList(*lstReport);
+  empty_report_ = SayWhatFills(*lstReport, tr("What is done comes here, file by file."));
+  connect(lstReport->verticalScrollBar(), &QScrollBar::rangeChanged, lstReport, &QTreeWidget::scrollToBottom);
+  Label5->setMinimumHeight(2 * Label5->fontMetrics().lineSpacing());
 }
 
 void AutoCreateWizard::ConnectSteps() {

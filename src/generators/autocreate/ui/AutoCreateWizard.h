@@ -23,6 +23,7 @@ class AutoCreateWizard : public BarlessDialog, private Ui::AutoCreateWizard {
   };
 
   std::array<Option, 4> Options() const;
+  void MakeLists();
   void ConnectSteps();
   void ConnectModes();
   void ConnectFolders();
