@@ -16,6 +16,7 @@
 #include "options_pictures.h"
 #include "purge_pictures.h"
 #include "rename_pictures.h"
+#include "report_pictures.h"
 #include "search_pictures.h"
 #include "support/main_window.h"
 #include "support/mpeg_frames.h"
@@ -115,6 +116,7 @@ class Pictures {
     TakeRenamePictures(window_, take);
     TakeSearchPictures(window_, take);
     TakePurgePictures(window_, take);
+    TakeReportPictures(window_, take);
     TakeOptionsPictures(window_, take);
   }
 
