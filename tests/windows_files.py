@@ -260,6 +260,41 @@ class Renames(Files):
             self.assertEqual((self.folder / names[0]).read_bytes(), b"song_one.mp3")
 
 
+class Reports(Files):
+    """The time of day stands in the summary, so that is left out."""
+
+    def report(self, name, *options):
+        """What both write into the same file, which must be the same bytes."""
+        contents = []
+        for program in ("linux", "windows"):
+            done = run(program, ["report", "--set", "Summary=0", *options, "--replace", name, "."], self.folder)
+            self.assertEqual(done, (0, "", ""), program)
+            contents.append((self.folder / name).read_bytes())
+        self.assertEqual(contents[0], contents[1])
+        return contents[0]
+
+    def test_a_page_is_the_same_bytes(self):
+        page = self.report("page.htm", "--set", "Title=Bj\u00f6rk")
+        self.assertIn(b"<b>Bj\xf6rk</b>", page)
+        self.assertIn(b"<a href=sub/two%20words%20&%20more.mp3>", page)
+        self.write(BEYOND, FRAME * 40)
+        self.assertIn(BEYOND.removesuffix(".mp3").encode(), self.report("page.htm"))
+
+    def test_a_text_is_the_same_bytes(self):
+        self.assertIn(b"X", self.report("page.txt"))
+        delimited = self.report("page.txt", "--set", "SpaceAligned=0", "--set", "TabDelimited=1", "--columns", "2,1,4")
+        self.assertIn(b"sub\tTwo Words & More\t", delimited)
+
+    def test_kept_settings_are_the_same_bytes(self):
+        contents = []
+        for program in ("linux", "windows"):
+            done = run(program, ["report", "--set", "Title=Bj\u00f6rk", "--save-settings", "my.rpt"], self.folder)
+            self.assertEqual(done, (0, "", ""), program)
+            contents.append((self.folder / "my.rpt").read_bytes())
+        self.assertEqual(contents[0], contents[1])
+        self.assertEqual(len(contents[0]), 1340)
+
+
 class Settings(Files):
     VALUES = [("SSE", "GRID", "1"), ("RF", "20", "z:\\m\\Bj\u00f6rk.m3u"), ("RF", "Wkdir", "z:\\\u97f3")]
 

@@ -39,21 +39,13 @@ Activation::Activation(QWidget& window, std::function<void(Cause cause)> came)
 }
 
 bool Activation::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Show && !event->spontaneous()) {
-    opened_ = true;
-    QMetaObject::invokeMethod(this, &Activation::BeShown, Qt::QueuedConnection);
-  }
+  if (event->type() == QEvent::Show && !event->spontaneous()) opened_ = true;
   // A window that had the keyboard last may get it again without a word about the focus.
   if (event->type() == QEvent::WindowActivate && opened_) {
     from_ = nullptr;
     Come(false);
   }
   return QObject::eventFilter(watched, event);
-}
-
-// Shown again at once, a window may never have lost the keyboard, as far as the toolkit knows.
-void Activation::BeShown() {
-  if (QGuiApplication::focusWindow() == window_.windowHandle()) Come(false);
 }
 
 void Activation::FocusMoved(const QWindow* focused) {

@@ -25,7 +25,6 @@ class Activation : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void BeShown();
   void FocusMoved(const QWindow* focused);
   void Come(bool returned);
 

@@ -25,8 +25,11 @@ class SearchTest : public testing::Test {
     window.Run("MFileOpen");
   }
 
-  // Has `look` work in the window that `open` opens; what it leaves open is closed.
+  // Has `look` work in the window that `open` opens; what it leaves open is closed. A user comes from the main
+  // window.
   void Look(const std::function<void()>& open, const std::function<void(QWidget& form)>& look) {
+    window.main->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.main));
     bool seen = false;
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, window.main, [&] {

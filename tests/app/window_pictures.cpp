@@ -18,6 +18,7 @@
 #include "options_pictures.h"
 #include "purge_pictures.h"
 #include "rename_pictures.h"
+#include "report_pictures.h"
 #include "search_pictures.h"
 #include "support/main_window.h"
 #include "support/mpeg_frames.h"
@@ -119,6 +120,7 @@ class Pictures {
     TakePurgePictures(window_, take);
     TakeDiscPictures(window_, take);
     TakeAutoCreatePictures(window_, take);
+    TakeReportPictures(window_, take);
     TakeOptionsPictures(window_, take);
   }
 

@@ -56,13 +56,6 @@ TEST_F(ActivationTest, TellsThatTheWindowWasOpenedAndOpenedAgain) {
   EXPECT_EQ(causes, (Causes{kOpened, kOpened}));
 }
 
-TEST_F(ActivationTest, TellsOfAWindowThatIsShownAgainAtOnce) {
-  Show(tool);
-  tool.hide();
-  Show(tool);
-  EXPECT_EQ(causes, (Causes{kOpened, kOpened}));
-}
-
 TEST_F(ActivationTest, TellsThatTheUserCameBackFromAnotherWindowOfTheProgram) {
   Show(tool);
   ComeForward(main);

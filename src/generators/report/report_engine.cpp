@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "generators/report/report_file.h"
-#include "generators/report/report_items.h"
+#include "generators/report/report_rows.h"
 #include "platform/code_page.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/formats.h"
@@ -17,6 +17,7 @@ namespace {
 
 constexpr std::string_view kBreak = "\r\n";
 constexpr std::string_view kCellEnd = "</font></td>\r\n";
+constexpr std::size_t kCellRoom = 64;  // letters that most cells don't reach, but for the font
 
 std::string Filled(std::string text, std::size_t width) {
   const std::size_t count = CharacterCount(text);
@@ -51,7 +52,7 @@ ReportNeeds NeedsOf(const std::vector<SelectedColumn>& columns) {
 
 // One encoding for the whole file, so it is chosen before the first tag is read.
 ReportFile::Encoding EncodingFor(const ReportSettings& settings, const Collection& files) {
-  const auto fits = [](const std::string& text) { return ToCodePage(text).has_value(); };
+  const auto fits = [](const std::string& text) { return IsAscii(text) || ToCodePage(text).has_value(); };
   const bool all = fits(settings.Title) && fits(settings.Description) && std::ranges::all_of(files, fits);
   return all ? ReportFile::Encoding::kCodePage : ReportFile::Encoding::kUtf8;
 }
@@ -88,10 +89,14 @@ class ReportLines {
 
   const std::vector<SelectedColumn>& Columns() const { return columns_; }
 
+  // What the next file adds to the sums; gives what stands there for its length.
+  std::string TakeSums(const ReportFacts& facts);
+
   // Each of these ends a line; the headers stand in front of the first row.
   std::string Head() const;
   std::string Headers() const;
-  std::string Row(const ReportItem& item);
+  // Of the file at this place, from 0, with this length; on any thread.
+  std::string Row(const ReportItem& item, std::size_t place, const std::string& time) const;
   std::string Foot(std::size_t items, const LocalTime& now, const std::string& thousands_separator) const;
 
  private:
@@ -102,8 +107,8 @@ class ReportLines {
   }
   std::string Rule() const { return RepeatText(aligned_ ? total_width_ : 0, "-"); }
   std::string TextCell(const std::string& value, const ReportColumn& column) const;
-  void TakeSums(const ReportItem& item);
-  void AddCell(const SelectedColumn& selected, const ReportItem& item, std::string& line) const;
+  void AddCell(const SelectedColumn& selected, const std::string& value, const std::string& colour,
+               std::string& line) const;
   std::string Summary(std::size_t items, const LocalTime& now, const std::string& thousands_separator) const;
 
   const ReportSettings& settings_;
@@ -121,8 +126,6 @@ class ReportLines {
   std::int32_t total_bytes_ = 0;
   std::string time_prefix_;
   std::string size_prefix_;
-  std::string time_;
-  bool odd_ = false;
 };
 
 std::string ReportLines::Head() const {
@@ -172,45 +175,43 @@ std::string ReportLines::TextCell(const std::string& value, const ReportColumn& 
   return aligned_ ? PadColumn(value, width) : value + delimiter_;
 }
 
-void ReportLines::TakeSums(const ReportItem& item) {
-  if (!item.found) time_prefix_ = size_prefix_ = ">";
-  if (item.seconds) seconds_ = *item.seconds;
-  time_ = item.shows_time ? FormatTime(seconds_) : "";
+std::string ReportLines::TakeSums(const ReportFacts& facts) {
+  if (!facts.found) time_prefix_ = size_prefix_ = ">";
+  if (facts.seconds) seconds_ = *facts.seconds;
   for (const auto& [column, cell] : columns_) {
     if (cell == kTimeCell) ResumeNext([&] { total_seconds_ = ToInteger32(std::int64_t{total_seconds_} + seconds_); });
     if (seconds_ == 0) time_prefix_ = ">";
-    if (cell == kSizeCell && item.size)
-      ResumeNext([&] { total_bytes_ = ToInteger32(std::int64_t{total_bytes_} + *item.size); });
+    if (cell == kSizeCell && facts.size)
+      ResumeNext([&] { total_bytes_ = ToInteger32(std::int64_t{total_bytes_} + *facts.size); });
   }
+  return facts.shows_time ? FormatTime(seconds_) : "";
 }
 
-std::string ReportLines::Row(const ReportItem& item) {
-  TakeSums(item);
-  odd_ = !odd_;
+std::string ReportLines::Row(const ReportItem& item, std::size_t place, const std::string& time) const {
+  const std::string colour =
+      settings_.ColorTable ? std::string(" bgcolor=#") + (place % 2 == 0 ? "DDDDDD" : "EEEEEE") : std::string();
   std::string line;
+  line.reserve(columns_.size() * (kCellRoom + cell_font_.size()));
   if (html_) line.append("<tr>").append(kBreak);
-  for (const SelectedColumn& selected : columns_) ResumeNext([&] { AddCell(selected, item, line); });
+  for (const SelectedColumn& selected : columns_) {
+    const std::string& value = selected.IsLink()            ? item.link
+                               : selected.cell == kTimeCell ? time
+                                                            : item.cells[selected.cell];
+    ResumeNext([&] { AddCell(selected, value, colour, line); });
+  }
   if (html_) line.append("</tr>").append(kBreak);
   return line;
 }
 
-void ReportLines::AddCell(const SelectedColumn& selected, const ReportItem& item, std::string& line) const {
-  if (!html_ && selected.IsLink()) return;
-  const std::string colour =
-      settings_.ColorTable ? std::string(" bgcolor=#") + (odd_ ? "DDDDDD" : "EEEEEE") : std::string();
-  if (selected.IsLink()) {
-    line += "<td" + colour + ">" + Font("Webdings", 2) + "<a href=" + item.link + ">X</a></font></td>\r\n";
-    return;
+void ReportLines::AddCell(const SelectedColumn& selected, const std::string& value, const std::string& colour,
+                          std::string& line) const {
+  if (html_ && selected.IsLink()) {
+    line += "<td" + colour + ">" + Font("Webdings", 2) + "<a href=" + value + ">X</a></font></td>\r\n";
+  } else if (html_) {
+    line.append("<td").append(colour).append(">").append(cell_font_);
+    line.append(value.empty() ? "-" : value).append(kCellEnd);
   }
-  const std::string& value = selected.cell == kTimeCell ? time_ : item.cells[selected.cell];
-  if (html_)
-    line.append("<td")
-        .append(colour)
-        .append(">")
-        .append(cell_font_)
-        .append(value.empty() ? "-" : value)
-        .append(kCellEnd);
-  if (text_) line += TextCell(value, *selected.column);
+  if (text_ && !selected.IsLink()) line += TextCell(value, *selected.column);
 }
 
 std::string ReportLines::Summary(std::size_t items, const LocalTime& now,
@@ -246,16 +247,28 @@ ReportResult GenerateReport(const ReportServices& services, const std::string& p
     ReportFile file(services.files, path, EncodingFor(settings, files));
     ReportLines lines(settings);
     file.WriteLine(lines.Head());
+    file.Write(file.Bytes(lines.Headers()));
 
-    std::string line = lines.Headers();
+    const ReportNeeds needs = NeedsOf(lines.Columns());
+    const ReportRows::Make make = [&](std::size_t place) {
+      ReportItem item = ReadReportItem(services.files, files[place], needs, base, services.thousands_separator);
+      ReportRow row{item.facts, "", std::nullopt};
+      if (item.facts.shows_time && !item.facts.seconds)
+        row.waits = std::move(item);
+      else
+        row.bytes = file.Bytes(lines.Row(item, place, item.facts.shows_time ? FormatTime(*item.facts.seconds) : ""));
+      return row;
+    };
     const int count = static_cast<int>(files.size());
-    ReportItems items(services.files, files, NeedsOf(lines.Columns()), base, services.thousands_separator);
-    for (int row = 1; row <= count; ++row) {
-      progress(row, count);
-      file.WriteLine(line + lines.Row(items.Next()));
-      line.clear();
+    ReportRows rows(files.size(), make);
+    for (std::size_t place = 0; place < files.size(); ++place) {
+      progress(static_cast<int>(place) + 1, count);
+      ReportRow row = rows.Next();
+      const std::string time = lines.TakeSums(row.facts);
+      if (row.waits) row.bytes = file.Bytes(lines.Row(*row.waits, place, time));
+      file.Write(row.bytes.append(kBreak));
     }
-    file.WriteLine(line + lines.Foot(files.size(), services.clock.Now(), services.thousands_separator));
+    file.WriteLine(lines.Foot(files.size(), services.clock.Now(), services.thousands_separator));
     progress(0, count);
     file.Close().OrThrow();
   });

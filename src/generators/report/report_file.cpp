@@ -1,5 +1,7 @@
 #include "generators/report/report_file.h"
 
+#include <utility>
+
 #include "platform/code_page.h"
 #include "settings/record_file.h"
 
@@ -8,25 +10,26 @@ namespace {
 
 constexpr std::size_t kPiece = 64 * 1024;  // bytes written at a time
 
-std::string CodePageText(std::string_view text) {
-  const std::optional<std::string> bytes = ToCodePage(text);
-  return bytes ? *bytes : FirstBytes(text, std::string::npos);
-}
-
 }  // namespace
 
 ReportFile::ReportFile(const FileSystem& files, const std::string& path, Encoding encoding) : encoding_(encoding) {
   so_far_ = Attempt([&] { file_ = files.BeginReplacement(path); });
 }
 
-void ReportFile::WriteLine(std::string_view text) {
+std::string ReportFile::Bytes(std::string text) const {
+  if (encoding_ == Encoding::kUtf8 || IsAscii(text)) return text;
+  const std::optional<std::string> bytes = ToCodePage(text);
+  return bytes ? *bytes : FirstBytes(text, std::string::npos);
+}
+
+void ReportFile::Write(std::string_view bytes) {
   if (!so_far_) return;
-  if (encoding_ == Encoding::kUtf8 || IsAscii(text))
-    waiting_ += text;
-  else
-    waiting_ += CodePageText(text);
-  waiting_ += "\r\n";
+  waiting_ += bytes;
   if (waiting_.size() >= kPiece) WriteOut();
+}
+
+void ReportFile::WriteLine(std::string text) {
+  Write(Bytes(std::move(text)) + "\r\n");
 }
 
 void ReportFile::WriteOut() {

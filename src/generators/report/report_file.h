@@ -16,8 +16,11 @@ class ReportFile {
 
   ReportFile(const FileSystem& files, const std::string& path, Encoding encoding);
 
-  // UTF-8. In the code page, a character without a place there becomes "?".
-  void WriteLine(std::string_view text);
+  // How UTF-8 text stands in the file. In the code page, a character without a place there becomes "?". On any
+  // thread.
+  std::string Bytes(std::string text) const;
+  void Write(std::string_view bytes);
+  void WriteLine(std::string text);
   // Given up on any error on the way.
   Outcome Close();
 

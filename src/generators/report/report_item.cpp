@@ -1,6 +1,7 @@
-#include "generators/report/report_items.h"
+#include "generators/report/report_item.h"
 
 #include <algorithm>
+#include <array>
 
 #include "media/file_ends.h"
 #include "media/id3/id3v2_tag.h"
@@ -17,9 +18,6 @@
 namespace qublet {
 namespace {
 
-constexpr std::size_t kPart = 16;  // fewer files are read sooner than threads start
-constexpr std::size_t kMostAhead = 16;
-
 // A file of which start and end are read once: tags and stream facts are in them, but for long tags.
 class BothEnds : public InputFile {
  public:
@@ -28,32 +26,36 @@ class BothEnds : public InputFile {
   std::int64_t Size() const override { return size_; }
   std::size_t ReadAt(std::int64_t offset, std::span<std::uint8_t> buffer) override {
     const std::int64_t end = offset + static_cast<std::int64_t>(buffer.size());
-    if (offset >= 0 && end <= std::min(kHead, size_)) return Copy(head_, 0, kHead, offset, buffer);
+    if (offset >= 0 && end <= std::min(kHead, size_)) return Copy(head_, 0, offset, buffer);
     const std::int64_t tail = std::max<std::int64_t>(0, size_ - kTail);
-    if (offset >= tail && end <= size_) return Copy(tail_, tail, kTail, offset, buffer);
+    if (offset >= tail && end <= size_) return Copy(tail_, tail, offset, buffer);
     return file_->ReadAt(offset, buffer);
   }
 
  private:
-  static constexpr std::int64_t kHead = 8192;
+  static constexpr std::int64_t kHead = 4096;
   static constexpr std::int64_t kTail = 512;
 
-  // From a piece of the file that begins at `start` and is read when it is asked for first.
-  std::size_t Copy(std::vector<std::uint8_t>& piece, std::int64_t start, std::int64_t length, std::int64_t offset,
-                   std::span<std::uint8_t> buffer) {
-    if (piece.empty()) {
-      piece.resize(static_cast<std::size_t>(length));
-      piece.resize(file_->ReadAt(start, piece));
-    }
-    const auto from = std::min(static_cast<std::size_t>(offset - start), piece.size());
-    const std::size_t count = std::min(buffer.size(), piece.size() - from);
-    std::copy_n(piece.begin() + static_cast<std::ptrdiff_t>(from), count, buffer.begin());
+  // A piece of the file, read when it is asked for first.
+  template <std::size_t Length>
+  struct Piece {
+    std::array<std::uint8_t, Length> bytes;
+    std::optional<std::size_t> count;  // of bytes that are there
+  };
+
+  template <std::size_t Length>
+  std::size_t Copy(Piece<Length>& piece, std::int64_t start, std::int64_t offset, std::span<std::uint8_t> buffer) {
+    if (!piece.count) piece.count = file_->ReadAt(start, piece.bytes);
+    const auto from = std::min(static_cast<std::size_t>(offset - start), *piece.count);
+    const std::size_t count = std::min(buffer.size(), *piece.count - from);
+    std::copy_n(piece.bytes.begin() + static_cast<std::ptrdiff_t>(from), count, buffer.begin());
     return count;
   }
 
   const std::unique_ptr<InputFile> file_;
   const std::int64_t size_;
-  std::vector<std::uint8_t> head_, tail_;
+  Piece<kHead> head_;
+  Piece<kTail> tail_;
 };
 
 std::string Hertz(double rate) {
@@ -61,10 +63,10 @@ std::string Hertz(double rate) {
 }
 
 void FillStream(const StreamFacts& facts, ReportItem& item) {
-  item.shows_time = true;
+  item.facts.shows_time = true;
   ResumeNext([&] {
-    item.seconds = IsVbr(facts.StreamBitrate) ? VbrLength(item.size.value(), facts.StreamBitrate)
-                                              : RoundHalfEven(facts.StreamLength);
+    item.facts.seconds = IsVbr(facts.StreamBitrate) ? VbrLength(item.facts.size.value(), facts.StreamBitrate)
+                                                    : RoundHalfEven(facts.StreamLength);
   });
   item.cells[kIdCell] = facts.StreamVersion;
   item.cells[kLayerCell] = facts.StreamLayer;
@@ -121,8 +123,8 @@ void FillFromWav(InputFile* file, ReportItem& item) {
   if (file != nullptr) ReadWavHeader(*file, header);
   std::optional<std::int32_t> bit_rate;
   ResumeNext([&] { bit_rate = WavBitRate(header); });
-  if (bit_rate && item.size) ResumeNext([&] { item.seconds = WavLength(*item.size, *bit_rate); });
-  item.shows_time = true;
+  if (bit_rate && item.facts.size) ResumeNext([&] { item.facts.seconds = WavLength(*item.facts.size, *bit_rate); });
+  item.facts.shows_time = true;
   item.cells[kIdCell] = header.FormatTag == 1 ? "PCM" : "-";
   item.cells[kLayerCell] = std::to_string(header.BitsPerSample) + " bps";
   if (bit_rate) item.cells[kBitrateCell] = WavKilobits(*bit_rate);
@@ -165,8 +167,8 @@ bool IsRead(const std::string& extension, const ReportNeeds& needs) {
 void FillFromFile(const FileSystem& files, const std::string& path, const std::string& extension,
                   std::unique_ptr<InputFile> file, const ReportNeeds& needs, const std::string& thousands_separator,
                   ReportItem& item) {
-  ResumeNext([&] { item.size = ToInteger32(file ? file->Size() : files.FileLength(path)); });
-  if (item.size) item.cells[kSizeCell] = FormatSize(*item.size, thousands_separator);
+  ResumeNext([&] { item.facts.size = ToInteger32(file ? file->Size() : files.FileLength(path)); });
+  if (item.facts.size) item.cells[kSizeCell] = FormatSize(*item.facts.size, thousands_separator);
   if (file) file = std::make_unique<BothEnds>(std::move(file));
   if (extension == ".mp3") FillFromMp3(file.get(), needs, item);
   if (extension == ".ogg" && needs.id3v1) FillFromOgg(file.get(), item.cells);
@@ -184,80 +186,14 @@ ReportItem ReadReportItem(const FileSystem& files, const std::string& path, cons
   item.cells[kFolderCell] = FolderOf(path, base);
   std::unique_ptr<InputFile> file;
   if (IsRead(extension, needs)) ResumeNext([&] { file = files.OpenForReading(path); });
-  item.found = file != nullptr || FileExists(files, path);
-  if (!item.found) {
+  item.facts.found = file != nullptr || FileExists(files, path);
+  if (!item.facts.found) {
     item.cells[kSizeCell] = "Not found!";
     return item;
   }
   if (needs.link) item.link = LinkTo(files, path, base);
   ResumeNext([&] { FillFromFile(files, path, extension, std::move(file), needs, thousands_separator, item); });
   return item;
-}
-
-ReportItems::ReportItems(const FileSystem& files, const Collection& paths, const ReportNeeds& needs,
-                         const ReportBase& base, const std::string& thousands_separator)
-    : files_(files), paths_(paths), needs_(needs), base_(base), thousands_separator_(thousands_separator) {
-  if (PartCount() < 2) return;
-  const unsigned count = std::max(2u, std::thread::hardware_concurrency());
-  // A system that allows no (more) threads leaves the work to those there are.
-  ResumeNext([&] {
-    for (unsigned i = 0; i < count; ++i) threads_.emplace_back([this] { Work(); });
-  });
-}
-
-ReportItems::~ReportItems() {
-  {
-    const std::lock_guard lock(mutex_);
-    ended_ = true;
-  }
-  changed_.notify_all();
-}
-
-std::size_t ReportItems::PartCount() const {
-  return (paths_.size() + kPart - 1) / kPart;
-}
-
-ReportItems::Part ReportItems::ReadPart(std::size_t number) const {
-  const std::size_t end = std::min(paths_.size(), (number + 1) * kPart);
-  Part part;
-  for (std::size_t place = number * kPart; place < end; ++place)
-    part.push_back(ReadReportItem(files_, paths_[place], needs_, base_, thousands_separator_));
-  return part;
-}
-
-void ReportItems::Work() {
-  std::unique_lock lock(mutex_);
-  while (true) {
-    changed_.wait(lock, [&] { return ended_ || taken_ == PartCount() || taken_ < given_ + kMostAhead; });
-    if (ended_ || taken_ == PartCount()) return;
-    const std::size_t number = taken_++;
-    ahead_.emplace_back();
-    lock.unlock();
-    Part part = ReadPart(number);
-    lock.lock();
-    ahead_[number - given_] = std::move(part);
-    changed_.notify_all();
-  }
-}
-
-ReportItems::Part ReportItems::NextPart() {
-  if (threads_.empty()) return ReadPart(given_++);
-  std::unique_lock lock(mutex_);
-  changed_.wait(lock, [&] { return !ahead_.empty() && ahead_.front().has_value(); });
-  Part part = std::move(*ahead_.front());
-  ahead_.pop_front();
-  ++given_;
-  lock.unlock();
-  changed_.notify_all();
-  return part;
-}
-
-ReportItem ReportItems::Next() {
-  if (next_ == part_.size()) {
-    part_ = NextPart();
-    next_ = 0;
-  }
-  return std::move(part_[next_++]);
 }
 
 }  // namespace qublet
