@@ -15,8 +15,8 @@ import sys
 import tempfile
 
 RULES = ["platform", "paths", "settings", "schemes", "id3", "media", "journal", "editor", "playlist", "player", "engine",
-         "preferences", "purge", "rename", "report", "search", "cli"]
-WINDOWS = ["platform_qt", "desk", "preferences_ui", "editor_ui", "purge_ui", "rename_ui", "search_ui", "report_ui", "app"]
+         "preferences", "purge", "rename", "report", "bookmarks", "search", "cli"]
+WINDOWS = ["platform_qt", "desk", "preferences_ui", "editor_ui", "purge_ui", "rename_ui", "search_ui", "report_ui", "bookmarks_ui", "app"]
 TABLE = pathlib.Path(__file__).with_name("windows_unavailable.txt")
 PATIENCE = 300  # seconds for one room
 

@@ -1,5 +1,6 @@
 #include "app/tools.h"
 
+#include "generators/bookmarks/ui/add_bookmarks.h"
 #include "generators/report/ui/add_report.h"
 #include "media/editor/ui/add_tag_editor.h"
 #include "player/ui/play_commands.h"
@@ -23,6 +24,7 @@ void AddTools(Commands& commands, const Desk& desk) {
   AddRename(commands, desk);
   AddSearch(commands, desk);
   AddReport(commands, desk);
+  AddBookmarks(commands, desk);
   AddPreferences(commands, desk);
 }
 

@@ -11,6 +11,7 @@
 #include "app/SplashFrm.h"
 #include "app/ToolbarForm.h"
 #include "app/appearance.h"
+#include "bookmarks_pictures.h"
 #include "desk/Status.h"
 #include "editor_pictures.h"
 #include "options_pictures.h"
@@ -116,6 +117,7 @@ class Pictures {
     TakeSearchPictures(window_, take);
     TakePurgePictures(window_, take);
     TakeOptionsPictures(window_, take);
+    TakeBookmarksPictures(window_, take);
   }
 
   bool Failed() const { return failed_; }
