@@ -4,6 +4,7 @@
 #include <array>
 #include <ostream>
 
+#include "cli/bookmarks_command.h"
 #include "cli/list_command.h"
 #include "cli/name_command.h"
 #include "cli/play_command.h"
@@ -80,6 +81,12 @@ constexpr std::array kCliCommands{
         "report",
         "report [--settings FILE.rpt] [--set FIELD=VALUE]... [--columns N,N,...]\n         --save-settings FILE.rpt",
         "keep the settings of a report", ReportCommand},
+    CliCommand{"bookmarks", "bookmarks list | show CATEGORY | add CATEGORY PATH... | remove CATEGORY",
+               "print the categories of bookmarks or the lines of one, keep paths in one, or remove one",
+               BookmarksCommand},
+    CliCommand{"bookmarks", "bookmarks titles FILE PATH...",
+               "write paths and titles into a player's bookmark file, and keep the old one as FILE.bak",
+               BookmarksCommand},
     CliCommand{"scheme", "scheme list | save NAME|current FILE.dps [--replace] | apply NAME|FILE.dps",
                "print the looks of the list, keep one as a file, or make one the stored look", SchemeCommand},
     CliCommand{"search", "search [--in COLUMNS] [--case] TEXT PATH...",
