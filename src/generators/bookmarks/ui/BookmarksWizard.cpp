@@ -20,6 +20,7 @@ BookmarksWizard::BookmarksWizard(Engine& engine, const Commands& commands, bool 
       commands_(commands),
       bookmarker_(engine, AddMode, {[this] { Render(); }, [this] { reject(); }}) {
   setupUi(this);
+  if (AddMode) CmdNext->setToolTip(tr("Keep the selected items in the category"));
   connect(lstCategory, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
     bookmarker_.lstCategory_ItemClick(lstCategory->indexOfTopLevelItem(item));
   });
