@@ -152,12 +152,14 @@ void Main::Load(const std::string& command_line, QWidget* splash) {
   loaded_ = true;
 }
 
-// The player's menu is there only with a player.
+// What waits for a player's end is there only with a player, and so is the whole menu where bookmarks are a player's.
 void Main::DetectPlayer() {
   PlayerLink& player = engine_.player;
   player.PlayerAssociated = player.DetectPlayer();
+  const bool has_menu = player.PlayerAssociated || !engine_.services.players.KeepBookmarks();
   for (const CommandName command : {CommandName("MToolsWinamp"), CommandName("s101")})
-    (*menus_)[command].setVisible(player.PlayerAssociated);
+    (*menus_)[command].setVisible(has_menu);
+  (*menus_)["MToolsWinampShutDown"].setVisible(player.PlayerAssociated);
 }
 
 void Main::OpenCommandLine(const std::string& command_line) {

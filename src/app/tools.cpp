@@ -2,6 +2,7 @@
 
 #include "generators/autocreate/ui/add_autocreate.h"
 #include "generators/disc/ui/add_disc.h"
+#include "generators/bookmarks/ui/add_bookmarks.h"
 #include "generators/report/ui/add_report.h"
 #include "media/editor/ui/add_tag_editor.h"
 #include "player/ui/play_commands.h"
@@ -27,6 +28,7 @@ void AddTools(Commands& commands, const Desk& desk) {
   AddReport(commands, desk);
   AddDisc(commands, desk);
   AddAutoCreate(commands, desk);
+  AddBookmarks(commands, desk);
   AddPreferences(commands, desk);
 }
 

@@ -6,6 +6,7 @@
 
 #include "cli/autocreate_command.h"
 #include "cli/disc_command.h"
+#include "cli/bookmarks_command.h"
 #include "cli/list_command.h"
 #include "cli/name_command.h"
 #include "cli/play_command.h"
@@ -94,6 +95,12 @@ constexpr std::array kCliCommands{
     CliCommand{"autocreate", "autocreate [--in base|root|both | --to FOLDER] [--format F] [--dry-run] PATH...",
                "write a playlist for each folder: there, in the folder that all share, or in FOLDER",
                AutoCreateCommand},
+    CliCommand{"bookmarks", "bookmarks list | show CATEGORY | add CATEGORY PATH... | remove CATEGORY",
+               "print the categories of bookmarks or the lines of one, keep paths in one, or remove one",
+               BookmarksCommand},
+    CliCommand{"bookmarks", "bookmarks titles FILE PATH...",
+               "write paths and titles into a player's bookmark file, and keep the old one as FILE.bak",
+               BookmarksCommand},
     CliCommand{"scheme", "scheme list | save NAME|current FILE.dps [--replace] | apply NAME|FILE.dps",
                "print the looks of the list, keep one as a file, or make one the stored look", SchemeCommand},
     CliCommand{"search", "search [--in COLUMNS] [--case] TEXT PATH...",

@@ -42,21 +42,20 @@ bool Activation::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Show && !event->spontaneous()) opened_ = true;
   // A window that had the keyboard last may get it again without a word about the focus.
   if (event->type() == QEvent::WindowActivate && opened_) {
-    from_ = nullptr;
+    from_window_ = false;
     Come(false);
   }
   return QObject::eventFilter(watched, event);
 }
 
 void Activation::FocusMoved(const QWindow* focused) {
-  QWidget* to = focused == nullptr ? nullptr : TopLevelOf(focused);
-  if (to != &window_) {
-    from_ = to;
-    return;
+  const QWidget* to = focused == nullptr ? nullptr : TopLevelOf(focused);
+  if (to == &window_) {
+    Come(std::exchange(from_window_, false));
+  } else {
+    // Asked now: by the time the user comes back it may be gone.
+    from_window_ = to != nullptr && !IsPassing(*to);
   }
-  const bool returned = from_ != nullptr && !IsPassing(*from_);
-  from_ = nullptr;
-  Come(returned);
 }
 
 void Activation::Come(bool returned) {

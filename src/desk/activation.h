@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 #include <QWidget>
 #include <functional>
 
@@ -30,7 +29,7 @@ class Activation : public QObject {
 
   QWidget& window_;
   std::function<void(Cause cause)> came_;
-  QPointer<QWidget> from_;  // the window of the program that had the keyboard last; none after another program
+  bool from_window_ = false;  // the keyboard was in another window of the program last, one that counts
   bool opened_ = false;
 };
 

@@ -55,6 +55,10 @@ class PlayerWindows {
 
   virtual PlayerStart Start() const = 0;
 
+  // Whether players here keep bookmarks in a file of their own, so that commands about it belong to a player.
+  // Elsewhere it is any file that the user names.
+  virtual bool KeepBookmarks() const = 0;
+
   virtual void Stop(const PlayerHandle& player) = 0;
   virtual PlayingState State(const PlayerHandle& player) = 0;
   // Where it plays, in milliseconds; -1 when it is stopped, kNoAnswer when it doesn't say.

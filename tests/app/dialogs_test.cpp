@@ -88,6 +88,29 @@ TEST_F(DialogsTest, TakeAClosedBoxForCancel) {
   EXPECT_EQ(dialogs.ShowMessage("!", MessageIcon::kStop, MessageButtons::kOk), MessageAnswer::kOk);
 }
 
+TEST_F(DialogsTest, StandBeforeTheWindowThatTheUserWorksIn) {
+  QDialog first, second;
+  const auto owner = [&](QWidget& window) {
+    window.show();
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    QWidget* before = nullptr;
+    WhenOpen<QMessageBox>([&](QMessageBox& box) {
+      before = box.parentWidget();
+      box.accept();
+    });
+    dialogs.ShowMessage("!", MessageIcon::kStop, MessageButtons::kOk);
+    return before;
+  };
+  dialogs.SetOwner(&first);
+  EXPECT_EQ(owner(second), &second);
+  EXPECT_EQ(owner(first), &first);
+  second.hide();
+  first.hide();
+  second.setModal(true);
+  EXPECT_EQ(owner(second), &second);
+}
+
 TEST_F(DialogsTest, SaveUnderTheProposedNameInDriveForm) {
   QStringList filters;
   WhenOpen<QFileDialog>([&](QFileDialog& dialog) {

@@ -16,10 +16,10 @@ constexpr int kSizes[] = {16, 24, 32};
 
 // Every drawing that a button, a menu, a row or a window asks for by name.
 const QStringList kAskedFor{
-    "new",     "open",       "save", "save-relative", "add",         "remove",   "move-up",   "move-down",
-    "play",    "preview",    "tag",  "tools",         "help",        "search",   "purge",     "rename",
-    "report",  "autocreate", "cd",   "row-normal",    "row-missing", "row-blue", "row-green", "row-red",
-    "warning", "program",    "copy", "paste",         "refresh",     "undo",     "previous",  "next"};
+    "new",        "open",  "save",       "save-relative", "add",      "remove",    "move-up", "move-down", "play",
+    "preview",    "tag",   "tools",      "help",          "search",   "purge",     "rename",  "bookmark",  "report",
+    "autocreate", "cd",    "row-normal", "row-missing",   "row-blue", "row-green", "row-red", "warning",   "program",
+    "copy",       "paste", "refresh",    "undo",          "previous", "next"};
 const QStringList kOwnColours{"row-normal", "row-missing", "row-blue", "row-green", "row-red", "warning", "program"};
 
 QImage Drawn(const QString& name, int side, QIcon::Mode mode = QIcon::Normal) {

@@ -54,7 +54,8 @@ TEST_F(PlayTest, HasItsCaptionsLetterForLetter) {
   }
 }
 
-TEST_F(PlayTest, ShowsThePlayersMenuOnlyWithAPlayer) {
+TEST_F(PlayTest, ShowsThePlayersMenuOnlyWithAPlayerThatKeepsBookmarks) {
+  window.players.keep_bookmarks = true;
   window.associations.program = {"z:\\usr\\bin\\editor", "editor", false};
   window.Start();
   EXPECT_FALSE(window.main->findChild<QMenu*>("MToolsWinamp")->menuAction()->isVisible());
@@ -65,6 +66,23 @@ TEST_F(PlayTest, ShowsThePlayersMenuOnlyWithAPlayer) {
   EXPECT_TRUE(window.Action("s101")->isVisible());
   EXPECT_TRUE(window.Action("s101")->isSeparator());
   EXPECT_EQ(window.drives.Read("program/tmp.m3u"), "#\r\n");
+}
+
+TEST_F(PlayTest, KeepsTheCommandsAboutBookmarksWherePlayersHaveNoneOfTheirOwn) {
+  window.associations.program = {"z:\\usr\\bin\\editor", "editor", false};
+  window.Start();
+  const auto shown = [&] {
+    std::string names;
+    for (const QAction* entry : window.main->findChild<QMenu*>("MToolsWinamp")->actions())
+      if (entry->isVisible() && !entry->isSeparator()) names += " " + entry->objectName().toStdString();
+    return names;
+  };
+  EXPECT_TRUE(window.main->findChild<QMenu*>("MToolsWinamp")->menuAction()->isVisible());
+  EXPECT_TRUE(window.Action("s101")->isVisible());
+  EXPECT_EQ(shown(), " MToolsLoadWinamp MToolsSaveWinamp MToolsLocWinamp");
+  window.associations.program = {"z:\\usr\\bin\\mpv", "mpv", true};
+  window.Restart();
+  EXPECT_EQ(shown(), " MToolsLoadWinamp MToolsSaveWinamp MToolsLocWinamp MToolsWinampShutDown");
 }
 
 TEST_F(PlayTest, RemembersTheBookmarkFileThatItFound) {

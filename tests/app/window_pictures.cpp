@@ -12,6 +12,7 @@
 #include "app/ToolbarForm.h"
 #include "app/appearance.h"
 #include "autocreate_pictures.h"
+#include "bookmarks_pictures.h"
 #include "desk/Status.h"
 #include "disc_pictures.h"
 #include "editor_pictures.h"
@@ -122,6 +123,7 @@ class Pictures {
     TakeAutoCreatePictures(window_, take);
     TakeReportPictures(window_, take);
     TakeOptionsPictures(window_, take);
+    TakeBookmarksPictures(window_, take);
   }
 
   bool Failed() const { return failed_; }

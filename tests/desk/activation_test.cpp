@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
+#include <memory>
 #include <vector>
 
 namespace qublet {
@@ -59,6 +60,16 @@ TEST_F(ActivationTest, TellsThatTheWindowWasOpenedAndOpenedAgain) {
 TEST_F(ActivationTest, TellsThatTheUserCameBackFromAnotherWindowOfTheProgram) {
   Show(tool);
   ComeForward(main);
+  ComeForward(tool);
+  EXPECT_EQ(causes, (Causes{kOpened, kReturned}));
+}
+
+TEST_F(ActivationTest, TellsOfAReturnFromAWindowThatIsGone) {
+  Show(tool);
+  auto other = std::make_unique<QDialog>();
+  Show(*other);
+  other->hide();
+  other.reset();
   ComeForward(tool);
   EXPECT_EQ(causes, (Causes{kOpened, kReturned}));
 }

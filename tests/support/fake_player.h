@@ -28,6 +28,7 @@ class FakePlayerWindows : public PlayerWindows {
     return running;
   }
   PlayerStart Start() const override { return start; }
+  bool KeepBookmarks() const override { return keep_bookmarks; }
   void Stop(const PlayerHandle& player) override { calls.push_back("stop " + player); }
   PlayingState State(const PlayerHandle& player) override { return player == running ? state : kStopped; }
   std::int32_t Position(const PlayerHandle& player) override { return player == running ? position : -1; }
@@ -39,6 +40,7 @@ class FakePlayerWindows : public PlayerWindows {
   PlayingState state = kStopped;
   std::int32_t position = -1;
   PlayerStart start;
+  bool keep_bookmarks = false;
   std::vector<std::string> wanted, calls;
 };
 

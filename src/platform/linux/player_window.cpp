@@ -175,6 +175,7 @@ class BusPlayers : public PlayerWindows {
     start.anew = start.says_so_early = true;
     return start;
   }
+  bool KeepBookmarks() const override { return false; }
 
   void Stop(const PlayerHandle& player) override {
     if (!player.empty()) ResumeNext([&] { bus_.Ask(PlayerCall(player, "Stop"), Deadline()); });

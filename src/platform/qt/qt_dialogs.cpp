@@ -91,10 +91,14 @@ QString FittingMessage(const QMessageBox& box, const std::string& text) {
 
 }  // namespace
 
-// A dialog stands before the window that the user works in.
-QWidget* QtDialogs::Owner() const {
-  QWidget* modal = QApplication::activeModalWidget();
-  return modal != nullptr ? modal : owner_.data();
+// A dialog stands before the window that the user works in. Between two dialogs none is active.
+QWidget* QtDialogs::Owner() {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  QWidget* const active = QApplication::activeWindow();
+  const bool stays = active != nullptr && active->isVisible() &&
+                     (active->windowType() == Qt::Window || active->windowType() == Qt::Dialog);
+  if (stays) last_owner_ = active;
+  return last_owner_ != nullptr && last_owner_->isVisible() ? last_owner_ : owner_;
 }
 
 MessageAnswer QtDialogs::ShowMessage(const std::string& text, MessageIcon icon, MessageButtons buttons) {

@@ -17,7 +17,7 @@ class QtDialogs : public Dialogs {
   QtDialogs(QWidget* owner, const FileSystem& files, QString title, QStringList file_patterns)
       : owner_(owner), files_(files), title_(std::move(title)), file_patterns_(std::move(file_patterns)) {}
 
-  // The window that dialogs stand over.
+  // The window that dialogs stand over while the user works in none.
   void SetOwner(QWidget* owner) { owner_ = owner; }
 
   MessageAnswer ShowMessage(const std::string& text, MessageIcon icon, MessageButtons buttons) override;
@@ -28,10 +28,11 @@ class QtDialogs : public Dialogs {
                                              bool files_too) override;
 
  private:
-  QWidget* Owner() const;
+  QWidget* Owner();
   std::optional<std::string> AskForFile(const FileRequest& request, bool saving);
 
   QPointer<QWidget> owner_;
+  QPointer<QWidget> last_owner_;
   const FileSystem& files_;
   QString title_;
   QStringList file_patterns_;

@@ -27,6 +27,7 @@ class MessagePlayers : public PlayerWindows {
   }
 
   PlayerStart Start() const override { return {}; }
+  bool KeepBookmarks() const override { return true; }
 
   void Stop(const PlayerHandle& player) override {
     if (!player.empty()) Send(player, WM_COMMAND, kStopCommand, 0, 0);
