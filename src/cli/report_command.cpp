@@ -54,7 +54,8 @@ int ReportCommand(CommandContext& context) {
   if (!unknown.empty()) return Complain(context.err, "report: unknown option " + unknown, kWrongUse);
   const bool saves = !options.saved_settings.empty();
   if (saves && (!arguments.empty() || options.replace))
-    return Complain(context.err, "report: --save-settings makes no report, so it wants no path", kWrongUse);
+    return Complain(context.err, "report: --save-settings makes no report, so it wants neither a path nor --replace",
+                    kWrongUse);
   if (!saves && arguments.size() < 2)
     return Complain(context.err, "report: the report's name and a path are wanted", kWrongUse);
 

@@ -9,6 +9,7 @@
 #include "media/mpeg_stream.h"
 #include "media/vorbis_comments.h"
 #include "media/wav_header.h"
+#include "platform/drive_form.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/formats.h"
 #include "playlist/paths/numbers.h"
@@ -136,18 +137,30 @@ void FillFromWav(InputFile* file, ReportItem& item) {
   std::fill(item.cells.begin() + kV1TitleCell, item.cells.end(), "-");
 }
 
+// As many pieces from the end of a native path as `relative` has, where that is the end of `path`: a name's own "\"
+// is another letter in drive form.
+std::string NativeEnd(const std::string& native, const std::string& path, std::string relative) {
+  if (!path.ends_with("\\" + relative)) return ReplaceAll(relative, "\\", "/");
+  std::size_t start = native.size();
+  for (auto pieces = std::ranges::count_if(relative, IsSeparator) + 1; pieces > 0 && start > 0; --pieces)
+    start = native.rfind('/', start - 1);
+  return native.substr(start + 1);
+}
+
 // The file's address, or its place from the base on. Of what addresses must not hold only blanks are escaped.
 std::string LinkTo(const FileSystem& files, const std::string& path, const ReportBase& base) {
-  std::string link = "file:///" + path;
+  std::string native;
+  ResumeNext([&] { native = files.ToNative(path); });
+  const bool has_native = native.starts_with('/');  // one that isn't in drive form
+  std::string link;
   if (base.relative) {
     link = ReplaceAll(path, base.folder + "\\", "");
+    if (has_native) link = NativeEnd(native, path, link);
   } else {
-    std::string native;
-    ResumeNext([&] { native = files.ToNative(path); });
-    // One that isn't in drive form has its "/" already.
-    if (native.starts_with('/')) return "file://" + ReplaceAll(native, " ", "%20");
+    link = has_native ? "file://" + native : "file:///" + path;
   }
-  return ReplaceAll(ReplaceAll(link, "\\", "/"), " ", "%20");
+  if (!has_native) link = ReplaceAll(link, "\\", "/");
+  return ReplaceAll(link, " ", "%20");
 }
 
 std::string FolderOf(const std::string& path, const ReportBase& base) {

@@ -17,7 +17,7 @@ namespace qublet {
 // A row of a report as it is made ahead.
 struct ReportRow {
   ReportFacts facts;
-  std::string bytes;               // as they stand in the file
+  std::string bytes;                // as they stand in the file
   std::optional<ReportItem> waits;  // instead, for the row before: it has to be told first
 };
 

@@ -129,13 +129,19 @@ void ReportWizard::OfferToKeep(const ReportSettings& settings, const std::string
 }
 
 void ReportWizard::KeepAs(const std::string& name, const std::string& temporary) {
+  const FileSystem& files = engine_.services.files;
+  const auto file = files.IdentityOfFile(temporary);
+  if (file && file == files.IdentityOfFile(name)) {
+    view.lblReport = "File copied to: " + name;  // it is there already
+    return;
+  }
   if (!engine_.playlist_files.CheckExists(name)) {
-    if (CopyFileSafe(engine_.services.files, temporary, name))
+    if (CopyFileSafe(files, temporary, name))
       view.lblReport = "File copied to: " + name;
     else
       Tell("Could not save the file!", MessageIcon::kExclamation);
   }
-  DeleteFileSafe(engine_.services.files, temporary);
+  DeleteFileSafe(files, temporary);
 }
 
 }  // namespace qublet

@@ -125,6 +125,14 @@ TEST_F(ReportEngine, LosesEveryBackslashOfALinkWhereThereIsNoCommonFolder) {
   EXPECT_EQ(LinksIn(Report({"c:\\music\\y.wma", "d:\\other\\b.wma"})), (Texts{"c:musicy.wma", "d:otherb.wma"}));
 }
 
+#ifndef _WIN32
+TEST_F(ReportEngine, LinksToNamesWithABackslashOfTheirOwn) {
+  drives_.Write("music/b\\c:d/e\tf g.mp3", "e");
+  const std::string odd = files_->FromNative((drives_.C() / "music/b\\c:d/e\tf g.mp3").string());
+  EXPECT_EQ(LinksIn(Report({"c:\\music\\y.wma", odd})), (Texts{"y.wma", "b\\c:d/e\tf%20g.mp3"}));
+}
+#endif
+
 // Paths that are native as they stand.
 class SamePaths : public ForwardingFileSystem {
  public:

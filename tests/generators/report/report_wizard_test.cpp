@@ -138,6 +138,14 @@ TEST_F(ReportWizardTest, KeepsNothingOverAFileThatIsToStay) {
   EXPECT_FALSE(IsThere("c:\\music\\tmp.htm"));
 }
 
+TEST_F(ReportWizardTest, KeepsAReportThatIsToStayWhereItIs) {
+  Answer(MessageAnswer::kYes);
+  fakes_.dialogs.save_names.emplace_back("c:\\music\\.\\tmp.htm");
+  Run();
+  EXPECT_TRUE(IsThere("c:\\music\\tmp.htm"));
+  EXPECT_EQ(fakes_.dialogs.messages.size(), 1U);
+}
+
 TEST_F(ReportWizardTest, SaysThatAReportCouldNotBeKept) {
   Answer(MessageAnswer::kYes);
   fakes_.dialogs.save_names.emplace_back("c:\\none\\a.htm");

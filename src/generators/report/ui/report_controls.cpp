@@ -88,8 +88,8 @@ void ReportForm::DelimitersToForm(const ReportSettings& settings) {
 
 // A font that isn't installed keeps its name.
 void ReportForm::FontToForm(const QString& name, std::int16_t size) {
+  FontList->setPlaceholderText(name);  // an empty one would choose the first row
   FontList->setCurrentIndex(FontList->findText(name));
-  FontList->setPlaceholderText(name);
   FontSizer->setCurrentIndex(size < FontSizer->count() ? size : -1);
   QFont font = FontTest->font();
   font.setFamilies({name});

@@ -246,6 +246,27 @@ TEST_F(ReportFormTest, ChoosesOneWayToPartCells) {
   EXPECT_EQ(Saved().Delimiter, ":ab");
 }
 
+TEST_F(ReportFormTest, EnterPressesTheButtonThatHasTheKeyboard) {
+  Open();
+  Find<QPushButton>("LoadCurrent").setFocus();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(Frame(), 0);
+  EXPECT_EQ(fakes_.dialogs.open_requests.size(), 1U);
+  Next(2);
+  Find<QPushButton>("CmdBack").setFocus();
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(Frame(), 1);
+}
+
+TEST_F(ReportFormTest, ShowsNoFontForARecordWithoutOne) {
+  ReportSettings settings = Defaults();
+  settings.FontName.clear();
+  Open();
+  Load(settings);
+  EXPECT_EQ(Find<QComboBox>("FontList").currentText().toStdString(), "");
+  EXPECT_EQ(Saved(), settings);
+}
+
 TEST_F(ReportFormTest, RunsByTheKeyboardAlone) {
   Open();
   fakes_.dialogs.answers.push_back(MessageAnswer::kYes);
