@@ -6,7 +6,7 @@
 namespace qublet {
 
 // "Purge Playlist Entries...": the window that selects, removes or restores duplicates and missing items. It is made
-// at its first use and then only hides, so that its choices stay until the program ends.
+// anew each time.
 void AddPurge(Commands& commands, const Desk& desk);
 
 }  // namespace qublet
