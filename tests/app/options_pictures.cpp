@@ -1,10 +1,10 @@
 #include "options_pictures.h"
 
 #include <QPushButton>
-#include <QTimer>
 #include <QTreeWidget>
 
 #include "settings/schemes/look.h"
+#include "support/modal_work.h"
 
 namespace qublet {
 namespace {
@@ -31,12 +31,7 @@ void TakePages(QWidget& form, const TakePicture& take) {
 }  // namespace
 
 void TakeOptionsPictures(MainWindow& window, const TakePicture& take) {
-  QTimer::singleShot(0, window.main, [&] {
-    QWidget* form = QApplication::activeModalWidget();
-    TakePages(*form, take);
-    form->close();
-  });
-  window.Run("MToolOptions");
+  WorkInModal([&] { window.Run("MToolOptions"); }, [&](QWidget& form) { TakePages(form, take); });
 }
 
 }  // namespace qublet

@@ -4,7 +4,8 @@
 #include <QComboBox>
 #include <QPushButton>
 #include <QTabWidget>
-#include <QTimer>
+
+#include "support/modal_work.h"
 
 namespace qublet {
 namespace {
@@ -50,12 +51,7 @@ void TakePurgePictures(MainWindow& window, const TakePicture& take) {
   window.drives.Write("purge.m3u", list);
   window.dialogs.open_names = {"c:\\purge.m3u"};
   window.Run("MFileOpen");
-  QTimer::singleShot(0, window.main, [&] {
-    QWidget* form = QApplication::activeModalWidget();
-    TakeTabs(*form, take);
-    form->close();
-  });
-  window.Run("MToolsFilter");
+  WorkInModal([&] { window.Run("MToolsFilter"); }, [&](QWidget& form) { TakeTabs(form, take); });
 }
 
 }  // namespace qublet

@@ -60,7 +60,10 @@ TEST_F(PurgeTest, TheWindowBeginsAnewEachTime) {
     first = action->currentIndex();
     QTest::keyClick(action, Qt::Key_Home);
     EXPECT_NE(action->currentIndex(), first);
+    Click(form, "CmdSearch");
   });
+  EXPECT_EQ(window.Selected(), "-x-");
+  EXPECT_EQ(window.Panel(1), "Track: 2/3");
   Open([&](QWidget& form) {
     EXPECT_EQ(form.findChild<QComboBox*>(QStringLiteral("MissAction"))->currentIndex(), first);
   });

@@ -4,7 +4,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
-#include <QTimer>
+
+#include "support/modal_work.h"
 
 namespace qublet {
 namespace {
@@ -44,12 +45,7 @@ void TakeRenamePictures(MainWindow& window, const TakePicture& take) {
   window.dialogs.open_names = {"c:\\rename.m3u"};
   window.Run("MFileOpen");
   window.Run("MEditSelAll");
-  QTimer::singleShot(0, window.main, [&] {
-    QWidget* form = QApplication::activeModalWidget();
-    TakeTabs(*form, take);
-    form->close();
-  });
-  window.Run("MToolsRename");
+  WorkInModal([&] { window.Run("MToolsRename"); }, [&](QWidget& form) { TakeTabs(form, take); });
 }
 
 }  // namespace qublet

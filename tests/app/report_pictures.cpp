@@ -3,7 +3,8 @@
 #include <QComboBox>
 #include <QPushButton>
 #include <QStackedWidget>
-#include <QTimer>
+
+#include "support/modal_work.h"
 
 namespace qublet {
 namespace {
@@ -27,12 +28,7 @@ void TakeSteps(QWidget& form, const TakePicture& take) {
 }  // namespace
 
 void TakeReportPictures(MainWindow& window, const TakePicture& take) {
-  QTimer::singleShot(0, window.main, [&] {
-    QWidget* form = QApplication::activeModalWidget();
-    TakeSteps(*form, take);
-    form->close();
-  });
-  window.Run("MToolsReport");
+  WorkInModal([&] { window.Run("MToolsReport"); }, [&](QWidget& form) { TakeSteps(form, take); });
 }
 
 }  // namespace qublet

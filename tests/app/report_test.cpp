@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <QLineEdit>
 #include <QStackedWidget>
-#include <QTimer>
 
 #include "support/main_window.h"
+#include "support/modal_work.h"
 
 namespace qublet {
 namespace {
@@ -21,20 +20,7 @@ class ReportTest : public testing::Test {
   }
   // Has `look` work in the window that the entry opens; True when there was one.
   bool Open(const std::function<void(QWidget& form)>& look) {
-    bool seen = false;
-    QTimer watch;
-    QObject::connect(&watch, &QTimer::timeout, window.main, [&] {
-      QWidget* form = QApplication::activeModalWidget();
-      if (form == nullptr) return;
-      watch.stop();
-      EXPECT_TRUE(QTest::qWaitForWindowActive(form));
-      seen = true;
-      look(*form);
-      form->close();
-    });
-    watch.start(0);
-    window.Run("MToolsReport");
-    return seen;
+    return WorkInModal([this] { window.Run("MToolsReport"); }, look);
   }
 
   MainWindow window;

@@ -3,7 +3,8 @@
 #include <QComboBox>
 #include <QMenu>
 #include <QPushButton>
-#include <QTimer>
+
+#include "support/modal_work.h"
 
 namespace qublet {
 namespace {
@@ -30,12 +31,7 @@ void TakeSearches(QWidget& form, const TakePicture& take) {
 void TakeSearchPictures(MainWindow& window, const TakePicture& take) {
   window.dialogs.open_names = {"c:\\Evening.m3u8"};
   window.Run("MFileOpen");
-  QTimer::singleShot(0, window.main, [&] {
-    QWidget* form = QApplication::activeModalWidget();
-    TakeSearches(*form, take);
-    form->close();
-  });
-  window.Run("MToolsSearch");
+  WorkInModal([&] { window.Run("MToolsSearch"); }, [&](QWidget& form) { TakeSearches(form, take); });
 }
 
 }  // namespace qublet

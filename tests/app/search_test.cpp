@@ -3,9 +3,9 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTimer>
 
 #include "support/main_window.h"
+#include "support/modal_work.h"
 
 namespace qublet {
 namespace {
@@ -25,29 +25,11 @@ class SearchTest : public testing::Test {
     window.Run("MFileOpen");
   }
 
-  // Until it has the keyboard: a window also counts as active while the one that it belongs to has it.
-  static bool ComesForward(const QWidget& form) {
-    return QTest::qWaitFor([&] { return QApplication::activeWindow() == &form; });
-  }
-  // Has `look` work in the window that `open` opens; what it leaves open is closed. A user comes from the main
-  // window.
+  // Has `look` work in the window that `open` opens. A user comes from the main window.
   void Look(const std::function<void()>& open, const std::function<void(QWidget& form)>& look) {
     window.main->activateWindow();
     ASSERT_TRUE(ComesForward(*window.main));
-    bool seen = false;
-    QTimer watch;
-    QObject::connect(&watch, &QTimer::timeout, window.main, [&] {
-      QWidget* form = QApplication::activeModalWidget();
-      if (form == nullptr) return;
-      watch.stop();
-      EXPECT_TRUE(ComesForward(*form));
-      seen = true;
-      look(*form);
-      form->close();
-    });
-    watch.start(0);
-    open();
-    EXPECT_TRUE(seen);
+    EXPECT_TRUE(WorkInModal(open, look));
   }
   void Open(const std::function<void(QWidget& form)>& look) {
     Look([this] { window.Run("MToolsSearch"); }, look);
