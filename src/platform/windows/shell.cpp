@@ -14,6 +14,24 @@ class WindowsShell : public Shell {
   explicit WindowsShell(const FileSystem& files) : files_(files) {}
 
   void Open(const std::string& path) override { Execute(L"open", path); }
+
+  bool CanStart(const std::string& program) const override {
+    return Guarded([&] {
+      DWORD kind = 0;
+      if (!GetBinaryTypeW(WideText(files_.ToNative(program)).c_str(), &kind)) throw Failure("no program");
+    });
+  }
+
+  // The one argument reaches a program whole only in quotes; a path holds none.
+  void Start(const std::string& program, const std::string& argument) override {
+    ResumeNext([&] {
+      const std::wstring native = WideText(files_.ToNative(program));
+      const bool quoted = argument.find(' ') != argument.npos;
+      const std::wstring word = WideText(quoted ? '"' + argument + '"' : argument);
+      ShellExecuteW(nullptr, L"open", native.c_str(), word.c_str(), nullptr, SW_SHOWNORMAL);
+    });
+  }
+
   void OpenAddress(const std::string& address) override {
     if (IsWebAddress(address))
       ShellExecuteW(nullptr, L"open", WideText(address).c_str(), nullptr, nullptr, SW_SHOWNORMAL);

@@ -123,7 +123,7 @@ class RealPlayer : public testing::Test {
   FakeServices fakes_;
   ScriptedDialogs& dialogs_ = fakes_.dialogs;
   Services services_{*files_,       fakes_.store,      fakes_.startup, dialogs_,  fakes_.clock, *shell_,
-                     fakes_.random, *fakes_.collation, *associations_, *players_, feedback_};
+                     fakes_.random, *fakes_.collation, *associations_, *players_, fakes_.power, feedback_};
   Items items_{document_, *files_, feedback_, view_, ","};
   PlayerLink link_{document_, services_, "c:\\program"};
   Preview preview_{document_, items_, services_, "c:\\program"};
