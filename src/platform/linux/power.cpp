@@ -20,8 +20,8 @@ class LoginManager : public Power {
   void ForceShutdown() override {
     EnableShutdownPrivilege();
     ResumeNext([&] {
-      BusMessage call = BusCall("org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager",
-                                "PowerOff");
+      BusMessage call =
+          BusCall("org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager", "PowerOff");
       dbus_message_set_auto_start(call.get(), TRUE);
       const dbus_bool_t interactive = TRUE;
       dbus_message_append_args(call.get(), DBUS_TYPE_BOOLEAN, &interactive, DBUS_TYPE_INVALID);

@@ -3,6 +3,7 @@
 #include "platform/windows/windows_api.h"
 
 #include <shellapi.h>
+#include <shlwapi.h>
 
 #include "platform/windows/wide_text.h"
 
@@ -17,8 +18,12 @@ class WindowsShell : public Shell {
 
   bool CanStart(const std::string& program) const override {
     return Guarded([&] {
+      const std::wstring native = WideText(files_.ToNative(program));
       DWORD kind = 0;
-      if (!GetBinaryTypeW(WideText(files_.ToNative(program)).c_str(), &kind)) throw Failure("no program");
+      // Another ending, or none, has the user asked what to do with the file.
+      const bool named =
+          CompareStringOrdinal(PathFindExtensionW(native.c_str()), -1, L".exe", -1, TRUE) == CSTR_EQUAL;
+      if (!named || GetBinaryTypeW(native.c_str(), &kind) == 0) throw Failure("no program");
     });
   }
 
