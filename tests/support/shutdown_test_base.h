@@ -10,7 +10,8 @@
 
 namespace qublet {
 
-// The program without a window, with a player that runs; what the system and the process are asked at the end is noted.
+// The program without a window, with a player that runs; what the system and the process are asked at the end is
+// noted.
 class ShutdownTestBase : public EditorTestBase {
  protected:
   ShutdownTestBase() {

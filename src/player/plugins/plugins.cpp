@@ -66,8 +66,9 @@ void Plugins::RegisterAccessoryTools() {
   if (engine_.program.empty()) return;
   const Services& services = engine_.services;
   Collection tools;
-  WalkFolder(services.files, services.feedback, engine_.program.substr(0, engine_.program.rfind('\\') + 1) + "plugins",
-             {"QUBTGL10.exe", "QUBTGL10"}, tools, true, true);
+  WalkFolder(services.files, services.feedback,
+             engine_.program.substr(0, engine_.program.rfind('\\') + 1) + "plugins", {"QUBTGL10.exe", "QUBTGL10"},
+             tools, true, true);
   for (const std::string& tool : tools) {
     if (services.shell.CanStart(tool)) services.shell.Start(tool, "-register");
   }

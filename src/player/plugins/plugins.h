@@ -17,7 +17,8 @@ struct Plugin {
 
 inline constexpr std::int16_t kPluginCount = 9;
 
-// The plug-ins as the store has them under "Velmora Plugins". Numbers are those of the slots, 1 to 9; a gap stays one.
+// The plug-ins as the store has them under "Velmora Plugins". Numbers are those of the slots, 1 to 9; a gap stays
+// one.
 class Plugins {
  public:
   explicit Plugins(Engine& engine) : engine_(engine) {}

@@ -5,7 +5,7 @@
 namespace qublet {
 namespace {
 
-constexpr std::int32_t kFirstSecond = 999;        // milliseconds
+constexpr std::int32_t kFirstSecond = 999;         // milliseconds
 constexpr std::int16_t kSilenceBetweenTracks = 2;  // seconds that aren't worth a word
 constexpr std::int16_t kPhases = 4;
 

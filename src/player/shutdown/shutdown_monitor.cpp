@@ -60,7 +60,8 @@ void ShutdownMonitor::cmdHALT_Click() {
   window_.render();
 }
 
-// One that isn't found may be there all the same: where it is known by what it says of itself it has to answer for that.
+// One that isn't found may be there all the same: where it is known by what it says of itself it has to answer for
+// that.
 ShutdownMonitor::Answer ShutdownMonitor::Ask(const PlayerLink& link, PlayerWindows& players,
                                              const PlayerHandle& known) {
   const PlayerWindows::Action action(players);

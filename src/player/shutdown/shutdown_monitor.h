@@ -12,8 +12,8 @@
 
 namespace qublet {
 
-// Whether the computer is to be watched over until the player is silent: one runs, the user agrees, and the playlist may
-// be left. What stands against it the user is told.
+// Whether the computer is to be watched over until the player is silent: one runs, the user agrees, and the playlist
+// may be left. What stands against it the user is told.
 bool BeginShutdown(Engine& engine, Background& background);
 
 // What the window shows, by the names of its controls.
@@ -24,9 +24,9 @@ struct ShutdownView {
   bool tmrSHUTDOWN = false;  // whether the timer runs
 };
 
-// Watches the player second by second, and switches the computer off when it has been silent for long enough. A player
-// that goes away ends the watch instead. The player is asked beside the windows; a second without an answer counts for
-// nothing.
+// Watches the player second by second, and switches the computer off when it has been silent for long enough. A
+// player that goes away ends the watch instead. The player is asked beside the windows; a second without an answer
+// counts for nothing.
 class ShutdownMonitor {
  public:
   // `render`: the view has changed. `close`: the window is to close.

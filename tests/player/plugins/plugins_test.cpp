@@ -17,7 +17,8 @@ class PluginsTest : public EditorTestBase {
 
   void Enter(const std::string& slot, const std::string& name, const std::string& description,
              const std::string& path) {
-    fakes_.store.SaveSettings("Velmora Plugins", {{slot, "name", name}, {slot, "desc", description}, {slot, "insl", path}});
+    fakes_.store.SaveSettings("Velmora Plugins",
+                              {{slot, "name", name}, {slot, "desc", description}, {slot, "insl", path}});
   }
   // The captions of the slots, "|" behind each.
   std::string Captions() {
@@ -65,7 +66,8 @@ TEST_F(PluginsTest, AreReadFromNineSlotsOnly) {
   for (const char* slot : {"0", "10", "01", ""}) Enter(slot, "Elsewhere", "", "");
   plugins_.LoadPluginMenu();
   EXPECT_TRUE(plugins_.IsEmpty());
-  for (const std::string& read : fakes_.store.reads) EXPECT_FALSE(read.starts_with("0") || read.starts_with("10")) << read;
+  for (const std::string& read : fakes_.store.reads)
+    EXPECT_FALSE(read.starts_with("0") || read.starts_with("10")) << read;
 }
 
 TEST_F(PluginsTest, AreReadAnewEachTime) {
@@ -97,8 +99,7 @@ TEST_F(PluginsTest, AreHandedTheSelectedRows) {
   Select("x-x");
   Click(2);
   EXPECT_EQ(drives_.Read("program/tmp.m3u"), "c:\\a.mp3\r\nc:\\c.mp3\r\n");
-  EXPECT_EQ(shell_.started,
-            std::vector{"c:\\tools\\tool.exe <" + files_->ToNative("c:\\program\\tmp.m3u") + ">"});
+  EXPECT_EQ(shell_.started, std::vector{"c:\\tools\\tool.exe <" + files_->ToNative("c:\\program\\tmp.m3u") + ">"});
   EXPECT_TRUE(dialogs_.messages.empty());
   EXPECT_EQ(engine_.document.FileArray, (Collection{"c:\\a.mp3", "c:\\c.mp3"}));
 }
@@ -111,8 +112,7 @@ TEST_F(PluginsTest, AreHandedTheTwinWherePlayersAre) {
   Select("x");
   Click(1);
   EXPECT_EQ(TemporaryDrives::ReadAt(drives_.D() / "hand over/tmp.m3u8"), files_->ToNative("c:\\a.mp3") + "\n");
-  EXPECT_EQ(shell_.started,
-            std::vector{"c:\\tools\\tool.exe <" + files_->ToNative("d:\\hand over\\tmp.m3u8") + ">"});
+  EXPECT_EQ(shell_.started, std::vector{"c:\\tools\\tool.exe <" + files_->ToNative("d:\\hand over\\tmp.m3u8") + ">"});
 }
 
 TEST_F(PluginsTest, AreHandedRowsOfMissingFilesToo) {
@@ -172,8 +172,9 @@ TEST_F(AccessoryToolsTest, AreStartedFromTheFolderBesideTheProgramWithAllBelow) 
   for (const char* name : {"app/plugins/QUBTGL10.exe", "app/plugins/a b/c/QUBTGL10.exe", "app/plugins/other.exe",
                            "app/QUBTGL10.exe", "own/plugins/QUBTGL10.exe", "plugins/QUBTGL10.exe"})
     drives_.Write(name, "a program");
-  EXPECT_EQ(Started("c:\\app\\QUBLET20"), (std::vector<std::string>{"c:\\app\\plugins\\QUBTGL10.exe <-register>",
-                                                                    "c:\\app\\plugins\\a b\\c\\QUBTGL10.exe <-register>"}));
+  EXPECT_EQ(Started("c:\\app\\QUBLET20"),
+            (std::vector<std::string>{"c:\\app\\plugins\\QUBTGL10.exe <-register>",
+                                      "c:\\app\\plugins\\a b\\c\\QUBTGL10.exe <-register>"}));
 }
 
 TEST_F(AccessoryToolsTest, AreFoundInAFolderThatBearsTheNameOfTheProgram) {

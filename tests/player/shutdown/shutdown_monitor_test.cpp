@@ -44,9 +44,8 @@ TEST_F(BeginShutdownTest, AsksFirst) {
   dialogs_.messages.clear();
   dialogs_.answers = {MessageAnswer::kOk};
   EXPECT_TRUE(BeginShutdown(engine_, background_));
-  EXPECT_EQ(dialogs_.messages,
-            (Messages{{"Windows will be shut down when WinAmp stops playing for 25 seconds.", MessageIcon::kQuestion,
-                       MessageButtons::kOkCancel}}));
+  EXPECT_EQ(dialogs_.messages, (Messages{{"Windows will be shut down when WinAmp stops playing for 25 seconds.",
+                                          MessageIcon::kQuestion, MessageButtons::kOkCancel}}));
 }
 
 TEST_F(BeginShutdownTest, OffersToSaveAChangedList) {
@@ -65,8 +64,8 @@ class ShutdownMonitorTest : public ShutdownTestBase {
   void Expect() override { label_at_the_end_ = monitor_->view.Label2; }
 
   void Open() {
-    monitor_ = std::make_unique<ShutdownMonitor>(engine_, background_, count_,
-                                                 ShutdownMonitor::Window{[this] { ++renders_; }, [this] { ++closed_; }});
+    monitor_ = std::make_unique<ShutdownMonitor>(
+        engine_, background_, count_, ShutdownMonitor::Window{[this] { ++renders_; }, [this] { ++closed_; }});
     monitor_->Form_Load();
   }
   // A second in which the player is at that place.
@@ -249,8 +248,8 @@ TEST_F(ShutdownMonitorTest, GoesOnCountingInTheNextWindow) {
 class LateAnswers : public ShutdownMonitorTest {
  protected:
   void Open() {
-    monitor_ = std::make_unique<ShutdownMonitor>(engine_, late_, count_,
-                                                 ShutdownMonitor::Window{[this] { ++renders_; }, [this] { ++closed_; }});
+    monitor_ = std::make_unique<ShutdownMonitor>(
+        engine_, late_, count_, ShutdownMonitor::Window{[this] { ++renders_; }, [this] { ++closed_; }});
     monitor_->Form_Load();
   }
 

@@ -8,9 +8,8 @@ PluginMenu::PluginMenu(QMenu& menu, const Commands& commands, Engine& engine) : 
   for (std::int16_t number = 1; number <= kPluginCount; ++number) {
     QAction* const entry = menu.addAction(QString());
     entry->setObjectName(QStringLiteral("plug%1").arg(number));
-    QObject::connect(entry, &QAction::triggered, &menu, [this, number, &commands] {
-      commands.Run([this, number] { plugins_.plug_Click(number); });
-    });
+    QObject::connect(entry, &QAction::triggered, &menu,
+                     [this, number, &commands] { commands.Run([this, number] { plugins_.plug_Click(number); }); });
     plug_[static_cast<std::size_t>(number) - 1] = entry;
   }
   Show();

@@ -21,8 +21,8 @@ class PluginsOnLinux : public testing::Test {
   // A plug-in that notes what it is handed, a word a line.
   std::filesystem::path AddTool(const std::string& name) const {
     const std::filesystem::path tool = Root() / name;
-    TemporaryDrives::WriteAt(tool, "#!/bin/sh\n{ for word; do echo \"$word\"; done; echo end; } >'" + Root().string() +
-                                       "/log'\n");
+    TemporaryDrives::WriteAt(
+        tool, "#!/bin/sh\n{ for word; do echo \"$word\"; done; echo end; } >'" + Root().string() + "/log'\n");
     std::filesystem::permissions(tool, std::filesystem::perms::owner_all);
     return tool;
   }
@@ -55,8 +55,8 @@ class PluginsOnLinux : public testing::Test {
 
 TEST_F(PluginsOnLinux, AreHandedOneWordWhateverStandsInTheirPaths) {
   Add("a.mp3");
-  for (const char* name : {"plain", "with blanks  in it", "50% $HOME `x` 100%s", "quotes \" and '", "back;slash\\n",
-                           "\u0414\u0430"}) {
+  for (const char* name :
+       {"plain", "with blanks  in it", "50% $HOME `x` 100%s", "quotes \" and '", "back;slash\\n", "\u0414\u0430"}) {
     const std::filesystem::path tool = AddTool(name);
     Enter("1", tool.string());
     Click(1);
