@@ -27,7 +27,6 @@
 namespace qublet {
 namespace {
 
-constexpr int kPluginRoom = 9;
 constexpr int kTipDelay = 200;      // milliseconds
 constexpr int kRoomBelowMenus = 2;  // pixels
 constexpr std::chrono::seconds kRecoveryEvery{1};
@@ -41,7 +40,7 @@ Main::Main(Engine& engine, Commands& commands, WindowFeedback& feedback)
   BuildStatusBar();
   menus_.emplace(*MainMenu, *this, commands_);
   BuildRecentMenu();
-  BuildPluginMenu();
+  plugin_menu_.emplace(menus_->Submenu("MToolsPlugins"), commands_, engine_);
   BuildToolbar();
   feedback_.ShowIn(*this, [this](const QString& text) { Panels[3]->ShowText(text); });
   list_events_ = std::make_unique<ListEvents>(
@@ -84,16 +83,6 @@ void Main::BuildRecentMenu() {
             [this, number] { commands_.Run([this, number] { engine_.playlist_files.MFileRecent_Click(number); }); });
   }
   RefreshRecentMenu();
-}
-
-// Until a plug-in is known, the last entry says so and the others are hidden.
-void Main::BuildPluginMenu() {
-  for (int number = 1; number <= kPluginRoom; ++number) {
-    QAction* entry = menus_->Submenu("MToolsPlugins").addAction(tr("None Loaded..."));
-    entry->setObjectName(QStringLiteral("plug%1").arg(number));
-    entry->setEnabled(false);
-    entry->setVisible(number == kPluginRoom);
-  }
 }
 
 void Main::BuildToolbar() {
@@ -140,11 +129,12 @@ void Main::Load(const std::string& command_line, QWidget* splash) {
   if (engine_.session.Kept(kMaximised) == "1") setWindowState(windowState() | Qt::WindowMaximized);
   menus_->SetMenuBitmaps();
   DetectPlayer();
+  plugin_menu_->LoadPluginMenu();
   if (splash != nullptr) splash->hide();
   QTimer::singleShot(kTipDelay, this, &Main::TipTimer_Timer);
   engine_.playlist_files.MFileNew_Click();
   OpenCommandLine(command_line);
-  RegisterAccessoryTools();
+  plugin_menu_->RegisterAccessoryTools();
   // The update timer starts here.
   engine_.document.PlaylistChanged = false;
   Refresh();

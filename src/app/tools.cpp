@@ -5,6 +5,7 @@
 #include "generators/disc/ui/add_disc.h"
 #include "generators/report/ui/add_report.h"
 #include "media/editor/ui/add_tag_editor.h"
+#include "player/shutdown/ui/add_shutdown.h"
 #include "player/ui/play_commands.h"
 #include "playlist/ui/menu_commands.h"
 #include "settings/preferences/ui/add_preferences.h"
@@ -21,6 +22,7 @@ void AddTools(Commands& commands, const Desk& desk) {
   AddSorts(commands, desk);
   AddPlaylistStats(commands, desk);
   AddPlayCommands(commands, desk);
+  AddShutdown(commands, desk);
   AddTagEditor(commands, desk);
   AddPurge(commands, desk);
   AddRename(commands, desk);

@@ -11,6 +11,7 @@
 #include "cli/name_command.h"
 #include "cli/play_command.h"
 #include "cli/player_command.h"
+#include "cli/plugins_command.h"
 #include "cli/properties_command.h"
 #include "cli/purge_command.h"
 #include "cli/rename_command.h"
@@ -41,6 +42,8 @@ constexpr std::array kCliCommands{
     CliCommand{"play", "play PATH...", "have them opened in the program that opens playlists", PlayCommand},
     CliCommand{"player", "player [status | stop | jump SECONDS]", "ask or steer that program while it runs",
                PlayerCommand},
+    CliCommand{"plugins", "plugins [list | run N PATH...]",
+               "print the plug-ins (number, name, description, path), or hand files to one", PluginsCommand},
     CliCommand{"properties", "properties PATH...", "print counts, sizes and times of the whole list",
                PropertiesCommand},
     CliCommand{"name", "name FORMAT PATH", "print the playlist name that a naming format gives for a path",

@@ -7,6 +7,7 @@ namespace qublet {
 Engine::Engine(const Services& system, const Session::Places& places, std::string separator)
     : services(system),
       program_folder(places.program_folder),
+      program(places.program),
       thousands_separator(std::move(separator)),
       items(document, services.files, services.feedback, view, thousands_separator),
       playlist_files(document, items, settings, services, view),

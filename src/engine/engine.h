@@ -48,6 +48,7 @@ class Engine {
 
   const Services services;
   const std::string program_folder;       // drive form, no trailing "\"; "" when there is none
+  const std::string program;              // QUBLET20 itself, drive form; "" when it isn't known
   const std::string thousands_separator;  // of this user
   Document document;
   AppSettings settings;

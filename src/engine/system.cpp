@@ -32,11 +32,12 @@ System::System(Traces traces, StartupIds startup_ids)
       random_(std::make_unique<SystemRandom>()),
       collation_(OpenCollation()),
       associations_(OpenAssociations(*files)),
-      players_(OpenPlayerWindows()) {}
+      players_(OpenPlayerWindows()),
+      power_(OpenPower()) {}
 
 Services System::With(Dialogs& dialogs, Feedback& feedback) const {
   return {*files,   *store_,     *startup_,      dialogs,   *clock_, *shell_,
-          *random_, *collation_, *associations_, *players_, feedback};
+          *random_, *collation_, *associations_, *players_, *power_, feedback};
 }
 
 Session::Places System::FindPlaces() const {

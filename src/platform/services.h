@@ -7,6 +7,7 @@
 #include "platform/feedback.h"
 #include "platform/file_system.h"
 #include "platform/player_window.h"
+#include "platform/power.h"
 #include "platform/random.h"
 #include "platform/settings_store.h"
 #include "platform/shell.h"
@@ -27,6 +28,7 @@ struct Services {
   const Collation& collation;
   const Associations& associations;
   PlayerWindows& players;
+  Power& power;
   Feedback& feedback;
 };
 

@@ -21,6 +21,7 @@
 #include "rename_pictures.h"
 #include "report_pictures.h"
 #include "search_pictures.h"
+#include "shutdown_pictures.h"
 #include "support/main_window.h"
 #include "support/mpeg_frames.h"
 
@@ -124,6 +125,7 @@ class Pictures {
     TakeReportPictures(window_, take);
     TakeOptionsPictures(window_, take);
     TakeBookmarksPictures(window_, take);
+    TakeShutdownPictures(window_, take);
   }
 
   bool Failed() const { return failed_; }

@@ -4,6 +4,7 @@
 
 #include "platform/services.h"
 #include "support/fake_player.h"
+#include "support/fake_power.h"
 #include "support/fake_settings_store.h"
 #include "support/fake_startup_entries.h"
 #include "support/scripted_dialogs.h"
@@ -17,7 +18,7 @@ namespace qublet {
 struct FakeServices {
   Services Over(FileSystem& files, Feedback& feedback) { return Over(files, feedback, dialogs); }
   Services Over(FileSystem& files, Feedback& feedback, Dialogs& others) {
-    return {files, store, startup, others, clock, shell, random, *collation, associations, players, feedback};
+    return {files, store, startup, others, clock, shell, random, *collation, associations, players, power, feedback};
   }
 
   FakeSettingsStore store;
@@ -29,6 +30,7 @@ struct FakeServices {
   std::unique_ptr<Collation> collation = OpenCollation();
   FakeAssociations associations;
   FakePlayerWindows players;
+  FakePower power;
 };
 
 }  // namespace qublet
