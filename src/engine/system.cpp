@@ -35,8 +35,19 @@ System::System(Traces traces, StartupIds startup_ids)
       players_(OpenPlayerWindows()) {}
 
 Services System::With(Dialogs& dialogs, Feedback& feedback) const {
-  return {*files,   *store_,     *startup_,      dialogs,   *clock_, *shell_,
-          *random_, *collation_, *associations_, *players_, feedback};
+  return {*files,
+          *store_,
+          *startup_,
+          dialogs,
+          *clock_,
+          *shell_,
+          *random_,
+          *collation_,
+          *associations_,
+          *players_,
+          feedback,
+          SocketsTo(kWebPort),
+          OpenMachineValues()};
 }
 
 Session::Places System::FindPlaces() const {
