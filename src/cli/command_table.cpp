@@ -5,8 +5,8 @@
 #include <ostream>
 
 #include "cli/autocreate_command.h"
-#include "cli/disc_command.h"
 #include "cli/bookmarks_command.h"
+#include "cli/disc_command.h"
 #include "cli/list_command.h"
 #include "cli/name_command.h"
 #include "cli/play_command.h"
@@ -21,6 +21,7 @@
 #include "cli/search_command.h"
 #include "cli/settings_command.h"
 #include "cli/tag_command.h"
+#include "cli/update_command.h"
 #include "settings/application.h"
 
 namespace qublet {
@@ -107,6 +108,8 @@ constexpr std::array kCliCommands{
                "print the rows that hold a text; COLUMNS of filename, folder, time, size, id, layer, bitrate,\n"
                "      samplerate, mode, parted by commas",
                SearchCommand},
+    CliCommand{"update", "update", "ask the maker's site whether there is a newer version, for 20 seconds at most",
+               UpdateCommand},
     CliCommand{"settings", "settings [list [--json] | get SECTION KEY | set SECTION KEY VALUE]",
                "print or change the stored settings", SettingsCommand},
 };

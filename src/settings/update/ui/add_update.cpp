@@ -1,0 +1,27 @@
+#include "settings/update/ui/add_update.h"
+
+#include "settings/update/ui/UpdateCheck.h"
+
+namespace qublet {
+namespace {
+
+UpdateCheck* UnderWay(const Desk& desk) {
+  return desk.main.findChild<UpdateCheck*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+}  // namespace
+
+void AddUpdate(Commands& commands, const Desk& desk) {
+  commands.Bind("MHelpUpdate", [&desk] {
+    UpdateCheck* const check = UnderWay(desk);
+    if (check != nullptr && check->Asked()) return;
+    delete check;
+    new UpdateCheck(desk, UpdateCheck::Manner::kAsked);
+  });
+}
+
+void CheckForUpdateQuietly(const Desk& desk) {
+  if (UnderWay(desk) == nullptr) new UpdateCheck(desk, UpdateCheck::Manner::kQuiet);
+}
+
+}  // namespace qublet
