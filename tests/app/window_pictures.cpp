@@ -23,6 +23,7 @@
 #include "search_pictures.h"
 #include "support/main_window.h"
 #include "support/mpeg_frames.h"
+#include "tips_pictures.h"
 
 namespace qublet {
 namespace {
@@ -124,6 +125,7 @@ class Pictures {
     TakeReportPictures(window_, take);
     TakeOptionsPictures(window_, take);
     TakeBookmarksPictures(window_, take);
+    TakeTipsPictures(window_, take);
   }
 
   bool Failed() const { return failed_; }
