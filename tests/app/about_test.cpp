@@ -64,7 +64,7 @@ TEST_F(AboutTest, TheAddressIsOpenedByTheKeyboardToo) {
   Open([this](QWidget& form) {
     QLabel& site = Label(form, "lblWebsite");
     form.findChild<QPushButton*>(QStringLiteral("cmdOK"))->setFocus();
-    QTest::keyClick(&form, Qt::Key_Tab);
+    QTest::keyClick(form.windowHandle(), Qt::Key_Tab);
     ASSERT_TRUE(site.hasFocus());
     QTest::keyClick(&site, Qt::Key_Return);
     EXPECT_EQ(window.shell.addresses, std::vector<std::string>{"http://a.invalid/b&c"});
@@ -90,7 +90,7 @@ TEST_F(AboutTest, SysInfoSaysThatThereIsNone) {
 
 TEST_F(AboutTest, EscapeClosesIt) {
   Open([](QWidget& form) {
-    QTest::keyClick(&form, Qt::Key_Escape);
+    QTest::keyClick(form.windowHandle(), Qt::Key_Escape);
     EXPECT_FALSE(form.isVisible());
   });
 }

@@ -12,6 +12,7 @@
 namespace qublet {
 namespace {
 
+constexpr int kPastTheFirst = 250;  // milliseconds; a start looks once whether a tip is wanted
 constexpr const char* kTips = "one\r\n<b>two</b> & more\r\nthree\r\n";
 
 class TipsTest : public testing::Test {
@@ -22,6 +23,7 @@ class TipsTest : public testing::Test {
 
   void Open(const std::function<void(QWidget& form)>& look) {
     window.Start();
+    QTest::qWait(kPastTheFirst);
     window.main->activateWindow();
     ASSERT_TRUE(ComesForward(*window.main));
     EXPECT_TRUE(WorkInModal([this] { window.Run("MHelpTip"); }, look));
@@ -31,7 +33,7 @@ class TipsTest : public testing::Test {
     const auto& text = *form.findChild<QLabel*>(QStringLiteral("lblTipText"));
     EXPECT_EQ(text.textFormat(), Qt::PlainText);
     const auto& number = *form.findChild<QLineEdit*>(QStringLiteral("CurTip"));
-    return (number.text() + u": " + WithoutBreaks(text.text())).toStdString();
+    return number.text().toStdString() + ": " + WithoutBreaks(text.text()).toStdString();
   }
   static void Click(const QWidget& form, const char* name) {
     QTest::mouseClick(form.findChild<QAbstractButton*>(QString::fromUtf8(name)), Qt::LeftButton);
@@ -75,8 +77,8 @@ TEST_F(TipsTest, TheButtonsStepAndDraw) {
     Click(form, "CmdNext");
     EXPECT_EQ(Shown(form), "1: one");
     window.random.otherwise = 0.99;
-    QTest::keyClick(&form, Qt::Key_R, Qt::AltModifier);
-    EXPECT_EQ(Shown(form), "3: three");
+    QTest::keyClick(form.windowHandle(), Qt::Key_R, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Shown(form) == "3: three"; }));
     Click(form, "cmdOK");
     EXPECT_FALSE(form.isVisible());
   });
@@ -109,10 +111,10 @@ TEST_F(TipsTest, EachClickOnTheTickIsKeptAtOnce) {
     const auto& tick = *form.findChild<QCheckBox*>(QStringLiteral("chkLoadTipsAtStartup"));
     EXPECT_EQ(tick.text().toStdString(), "&Show Tips at Startup");
     EXPECT_FALSE(tick.isChecked());
-    QTest::keyClick(&form, Qt::Key_S, Qt::AltModifier);
-    EXPECT_EQ(Kept(), "1");
-    QTest::keyClick(&form, Qt::Key_S, Qt::AltModifier);
-    EXPECT_EQ(Kept(), "0");
+    for (const char* kept : {"1", "0"}) {
+      QTest::keyClick(form.windowHandle(), Qt::Key_S, Qt::AltModifier);
+      EXPECT_TRUE(QTest::qWaitFor([&] { return Kept() == kept; }));
+    }
   });
 }
 

@@ -26,6 +26,7 @@ class UpdateCheck : public QObject {
   // Begins it, as a child of the main window. What a server hasn't ended after `patience` has failed.
   UpdateCheck(const Desk& desk, Manner manner, std::chrono::milliseconds patience = kUpdatePatience);
 
+  bool UnderWay() const { return poll_.isActive(); }
   bool Asked() const { return manner_ == Manner::kAsked; }
 
  private:

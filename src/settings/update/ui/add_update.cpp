@@ -5,8 +5,12 @@
 namespace qublet {
 namespace {
 
+// Nothing when there is none.
 UpdateCheck* UnderWay(const Desk& desk) {
-  return desk.main.findChild<UpdateCheck*>(QString(), Qt::FindDirectChildrenOnly);
+  for (UpdateCheck* check : desk.main.findChildren<UpdateCheck*>(QString(), Qt::FindDirectChildrenOnly)) {
+    if (check->UnderWay()) return check;
+  }
+  return nullptr;
 }
 
 }  // namespace
