@@ -28,6 +28,7 @@ namespace qublet {
 namespace {
 
 constexpr int kTipDelay = 200;      // milliseconds
+constexpr int kUpdateDelay = 2000;  // milliseconds
 constexpr int kRoomBelowMenus = 2;  // pixels
 constexpr std::chrono::seconds kRecoveryEvery{1};
 
@@ -135,7 +136,7 @@ void Main::Load(const std::string& command_line, QWidget* splash) {
   engine_.playlist_files.MFileNew_Click();
   OpenCommandLine(command_line);
   plugin_menu_->RegisterAccessoryTools();
-  // The update timer starts here.
+  if (engine_.settings.AUDate) QTimer::singleShot(kUpdateDelay, this, &Main::updateCheckDue);
   engine_.document.PlaylistChanged = false;
   Refresh();
   RecoveryTimer.start(kRecoveryEvery);

@@ -47,6 +47,8 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
  signals:
   // All that is to be stored is: the process ends now, other windows aren't asked.
   void ended();
+  // Some time after a start, where the settings want it.
+  void updateCheckDue();
 
  protected:
   bool event(QEvent* event) override;

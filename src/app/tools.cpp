@@ -8,7 +8,10 @@
 #include "player/shutdown/ui/add_shutdown.h"
 #include "player/ui/play_commands.h"
 #include "playlist/ui/menu_commands.h"
+#include "settings/about/ui/add_about.h"
 #include "settings/preferences/ui/add_preferences.h"
+#include "settings/tips/ui/add_tips.h"
+#include "settings/update/ui/add_update.h"
 #include "tools/purge/ui/add_purge.h"
 #include "tools/rename/ui/add_rename.h"
 #include "tools/search/ui/add_search.h"
@@ -32,6 +35,9 @@ void AddTools(Commands& commands, const Desk& desk) {
   AddAutoCreate(commands, desk);
   AddBookmarks(commands, desk);
   AddPreferences(commands, desk);
+  AddTips(commands, desk);
+  AddUpdate(commands, desk);
+  AddAbout(commands, desk);
 }
 
 }  // namespace qublet

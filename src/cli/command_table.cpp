@@ -22,6 +22,7 @@
 #include "cli/search_command.h"
 #include "cli/settings_command.h"
 #include "cli/tag_command.h"
+#include "cli/update_command.h"
 #include "settings/application.h"
 
 namespace qublet {
@@ -110,6 +111,8 @@ constexpr std::array kCliCommands{
                "print the rows that hold a text; COLUMNS of filename, folder, time, size, id, layer, bitrate,\n"
                "      samplerate, mode, parted by commas",
                SearchCommand},
+    CliCommand{"update", "update", "ask the maker's site whether there is a newer version, for 20 seconds at most",
+               UpdateCommand},
     CliCommand{"settings", "settings [list [--json] | get SECTION KEY | set SECTION KEY VALUE]",
                "print or change the stored settings", SettingsCommand},
 };

@@ -36,14 +36,27 @@ System::System(Traces traces, StartupIds startup_ids)
       power_(OpenPower()) {}
 
 Services System::With(Dialogs& dialogs, Feedback& feedback) const {
-  return {*files,   *store_,     *startup_,      dialogs,   *clock_, *shell_,
-          *random_, *collation_, *associations_, *players_, *power_, feedback};
+  return {*files,
+          *store_,
+          *startup_,
+          dialogs,
+          *clock_,
+          *shell_,
+          *random_,
+          *collation_,
+          *associations_,
+          *players_,
+          *power_,
+          feedback,
+          SocketsTo(kWebPort),
+          OpenMachineValues()};
 }
 
 Session::Places System::FindPlaces() const {
   Session::Places places{AppKey(), ""};
   ResumeNext([&] { places.program_folder = ProgramFolder(*files); });
   ResumeNext([&] { places.program = WindowProgram(*files); });
+  places.companions = CompanionFolders(*files);
   return places;
 }
 

@@ -69,9 +69,9 @@ TEST_F(PluginsMenuTest, EnterThemselvesForTheNextStartOfTheProgram) {
   window.drives.Write("app/plugins/QUBTGL10.exe", kNoise);
   EnteringShell shell(window.store);
   const Services given = window.fakes.Over(*window.files, window.feedback);
-  const Services services{given.files,        given.store,   given.startup, given.dialogs,
-                          given.clock,        shell,         given.random,  given.collation,
-                          given.associations, given.players, given.power,   window.feedback};
+  const Services services{given.files, given.store,     given.startup,   given.dialogs,       given.clock,
+                          shell,       given.random,    given.collation, given.associations,  given.players,
+                          given.power, window.feedback, given.sockets,   given.machine_values};
   const Session::Places places{"QUBLET2021", "c:\\program", "c:\\app\\QUBLET20", ""};
   for (const char* shown : {"None Loaded...|", "Tool - |"}) {
     window.program.reset();

@@ -24,6 +24,7 @@
 #include "shutdown_pictures.h"
 #include "support/main_window.h"
 #include "support/mpeg_frames.h"
+#include "tips_pictures.h"
 
 namespace qublet {
 namespace {
@@ -126,6 +127,7 @@ class Pictures {
     TakeOptionsPictures(window_, take);
     TakeBookmarksPictures(window_, take);
     TakeShutdownPictures(window_, take);
+    TakeTipsPictures(window_, take);
   }
 
   bool Failed() const { return failed_; }
