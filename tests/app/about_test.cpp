@@ -2,7 +2,9 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <algorithm>
 
+#include "platform/qt/colours.h"
 #include "settings/about/about_texts.h"
 #include "support/main_window.h"
 #include "support/modal_work.h"
@@ -86,6 +88,23 @@ TEST_F(AboutTest, SysInfoSaysThatThereIsNone) {
   ASSERT_EQ(window.dialogs.messages.size(), 1U);
   EXPECT_EQ(window.dialogs.messages.front().text, "System Information Is Unavailable At This Time");
   EXPECT_EQ(window.dialogs.messages.front().icon, MessageIcon::kExclamation);
+}
+
+TEST_F(AboutTest, TheAddressCanBeReadOnADarkDesktop) {
+  const QPalette before = QApplication::palette();
+  QApplication::setPalette(QPalette(QColor(0x35, 0x37, 0x3a), QColor(0x2b, 0x2d, 0x30)));
+  Open([](QWidget& form) {
+    QLabel& site = Label(form, "lblWebsite");
+    const QColor background = site.palette().color(QPalette::Window);
+    const QImage picture = site.grab().toImage();
+    double best = 1;
+    for (int x = 0; x < picture.width(); ++x) {
+      for (int y = 0; y < picture.height(); ++y)
+        best = std::max(best, Contrast(picture.pixelColor(x, y), background));
+    }
+    EXPECT_GE(best, 4.5);
+  });
+  QApplication::setPalette(before);
 }
 
 TEST_F(AboutTest, EscapeClosesIt) {

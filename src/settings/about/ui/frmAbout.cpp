@@ -34,8 +34,7 @@ void frmAbout::ShowTexts() {
   Label1->setText(caption);
   Picture1->setPixmap(Picture(QStringLiteral("program")).pixmap(kPictureSide));
   lblVersion->setText(QString::fromStdString(VersionLine()));
-  const QString site = QString::fromStdString(Site()).toHtmlEscaped();
-  lblWebsite->setText(QStringLiteral("<a href=\"%1\">%1</a>").arg(site));
+  lblWebsite->ShowLink(QString::fromStdString(Site()));
   lblDescription->setText(QString::fromUtf8(kDescription));
   // Told whole: what wanders can't be read aloud.
   Text1->setAccessibleName(QString::fromStdString(Credits()).trimmed());
