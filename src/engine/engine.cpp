@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/program.h"
+
 namespace qublet {
 
 Engine::Engine(const Services& system, const Session::Places& places, std::string separator)
@@ -17,6 +19,12 @@ Engine::Engine(const Services& system, const Session::Places& places, std::strin
       session(document, settings, items, recovery, services, view, places),
       closing(document, playlist_files, recovery, session, services.feedback) {
   LoadDefaultSettings(settings, {});
+  companion_folders_.push_back(program_folder);
+  companion_folders_.insert(companion_folders_.end(), places.companions.begin(), places.companions.end());
+}
+
+std::string Engine::CompanionFile(const std::string& name) const {
+  return FindCompanion(services.files, companion_folders_, name);
 }
 
 void Engine::Show(MainView& window, Session::Window& state) {

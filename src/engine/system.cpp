@@ -43,6 +43,7 @@ Session::Places System::FindPlaces() const {
   Session::Places places{AppKey(), ""};
   ResumeNext([&] { places.program_folder = ProgramFolder(*files); });
   ResumeNext([&] { places.program = WindowProgram(*files); });
+  places.companions = CompanionFolders(*files);
   return places;
 }
 
