@@ -1,9 +1,10 @@
 #include "app/tools.h"
 
 #include "generators/autocreate/ui/add_autocreate.h"
-#include "generators/disc/ui/add_disc.h"
 #include "generators/bookmarks/ui/add_bookmarks.h"
+#include "generators/disc/ui/add_disc.h"
 #include "generators/report/ui/add_report.h"
+#include "help/ui/add_help.h"
 #include "media/editor/ui/add_tag_editor.h"
 #include "player/ui/play_commands.h"
 #include "playlist/ui/menu_commands.h"
@@ -30,6 +31,7 @@ void AddTools(Commands& commands, const Desk& desk) {
   AddAutoCreate(commands, desk);
   AddBookmarks(commands, desk);
   AddPreferences(commands, desk);
+  AddHelp(commands, desk);
 }
 
 }  // namespace qublet

@@ -1,0 +1,37 @@
+#include "help_pictures.h"
+
+#include <QCoreApplication>
+
+#include "help/ui/HelpForm.h"
+#include "platform/qt/BrowseForm.h"
+
+namespace qublet {
+namespace {
+
+void TakeBrowser(const MainWindow& window, const TakePicture& take) {
+  const QString music = QString::fromStdString((window.drives.C() / "Music").string());
+  BrowseForm form(QStringLiteral("Select Folder..."), {QStringLiteral("*.mp3"), QStringLiteral("*.m3u")},
+                  {{QStringLiteral("Home"), QStringLiteral("/home"), QStyle::SP_DirHomeIcon},
+                   {QStringLiteral("Music"), music, QStyle::SP_DirIcon}},
+                  window.main);
+  form.show();
+  form.Preselect(music);
+  QTest::qWait(500);  // the tree is read in the background
+  take("browse-folder", &form);
+}
+
+}  // namespace
+
+void TakeHelpPictures(MainWindow& window, const TakePicture& take) {
+  HelpForm form(window.main);
+  const QString book = QCoreApplication::applicationDirPath();
+  const QString contents = book + QStringLiteral("/QUBLET20.hlp");
+  form.Open(contents, contents);
+  take("help-contents", &form);
+  form.Open(contents, HelpBrowser::PageNamed(contents, QStringLiteral("frmSearch")));
+  take("help-page", &form);
+  form.close();
+  TakeBrowser(window, take);
+}
+
+}  // namespace qublet
