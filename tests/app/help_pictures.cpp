@@ -24,6 +24,7 @@ void TakeBrowser(const MainWindow& window, const TakePicture& take) {
 
 void TakeHelpPictures(MainWindow& window, const TakePicture& take) {
   HelpForm form(window.main);
+  form.resize(660, 460);
   const QString book = QCoreApplication::applicationDirPath();
   const QString contents = book + QStringLiteral("/QUBLET20.hlp");
   form.Open(contents, contents);

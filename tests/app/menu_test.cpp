@@ -121,7 +121,7 @@ TEST_F(MenuTest, ShowsOnePluginEntryThatSaysThereAreNone) {
 TEST_F(MenuTest, LeavesWhatHasNoToolYetDisabledWhateverIsSelected) {
   window.drives.Write("a.mp3", kNoise);
   window.Add("c:\\a.mp3");
-  for (const char* name : {"MHelpHelp", "MHelpAbout"}) {
+  for (const char* name : {"MHelpTip", "MHelpAbout"}) {
     EXPECT_FALSE(window.Action(name)->isEnabled()) << name;
     EXPECT_FALSE(window.Action(name)->statusTip().isEmpty()) << name;
   }

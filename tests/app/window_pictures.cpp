@@ -76,7 +76,7 @@ class Pictures {
   Pictures(const QDir& folder, bool alone) : folder_(folder), alone_(alone) {
     window_.Start();
     window_.settings->TA = window_.settings->SA = true;
-    window_.main->resize(alone ? 760 : 1000, alone ? 380 : 480);
+    window_.main->resize(alone ? 680 : 1000, alone ? 400 : 480);
     std::string lines;
     for (const Track& track : kTracks) {
       const Bytes head{0xFF, 0xFB, track.rate_byte, 0x64};

@@ -27,6 +27,8 @@ HelpForm::HelpForm(QWidget* parent) : QDialog(parent, Qt::Window) {
   connect(txtFind, &QLineEdit::returnPressed, this, [this] { FindAgain(false); });
   connect(txtFind, &QLineEdit::textEdited, this, &HelpForm::FindTyped);
   MakeKeys();
+  create();  // winId() would make windows of the owner's widgets
+  beside_modal_ = new BesideModal(*this);
 }
 
 void HelpForm::MakeKeys() {
@@ -49,7 +51,7 @@ void HelpForm::MakeKeys() {
 }
 
 void HelpForm::Open(const QString& contents, const QString& page) {
-  beside_modal_.Follow();
+  beside_modal_->Follow();
   Browser->SetBook(contents);
   Browser->Open(page);
   show();

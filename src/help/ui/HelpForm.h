@@ -23,7 +23,7 @@ class HelpForm : public QDialog, private Ui::HelpForm {
   void FindTyped();
   void MakeKeys();
 
-  BesideModal beside_modal_{*this};
+  BesideModal* beside_modal_;
 };
 
 }  // namespace qublet

@@ -5,22 +5,20 @@
 
 namespace qublet {
 
-BesideModal::BesideModal(QWidget& window) : QObject(&window), window_(window) {
-  window.winId();  // makes the handle
-  handle_ = window.windowHandle();
+BesideModal::BesideModal(QWidget& window) : QObject(&window), window_(window), handle_(window.windowHandle()) {
   handle_->installEventFilter(this);
   Belong();
 }
 
 void BesideModal::Follow() {
   if (handle_->transientParent() == QGuiApplication::modalWindow()) return;
+  if (!window_.isVisible()) return Belong();
   // Window managers are told whom a window belongs to when it is shown.
   const QRect place = window_.geometry();
-  const bool shown = window_.isVisible();
   window_.hide();
   Belong();
   window_.setGeometry(place);
-  window_.setVisible(shown);
+  window_.show();
 }
 
 void BesideModal::Belong() {

@@ -13,6 +13,7 @@ class BesideModal : public QObject {
   Q_OBJECT
 
  public:
+  // The window has been created: it has a handle.
   explicit BesideModal(QWidget& window);
 
   // Above the modal window, if there is one; to be called before the window is brought to the front.

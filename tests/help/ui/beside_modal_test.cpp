@@ -17,6 +17,7 @@ namespace {
 struct Window : QDialog {
   explicit Window(QWidget* parent = nullptr) : QDialog(parent), box(new QLineEdit(this)) {
     (new QVBoxLayout(this))->addWidget(box);
+    create();
   }
   QLineEdit* box;
 };
