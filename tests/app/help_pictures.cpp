@@ -17,6 +17,16 @@ void TakeBrowser(const MainWindow& window, const TakePicture& take) {
   form.show();
   form.Preselect(music);
   QTest::qWait(500);  // the tree is read in the background
+  // Nothing of this machine.
+  auto& tree = *form.findChild<QTreeView*>();
+  auto& model = *qobject_cast<QFileSystemModel*>(tree.model());
+  tree.setRootIndex(model.index(music));
+  for (const char* folder : {"Harbour Lights", "Harbour Lights/Night Ferry"})
+    tree.expand(model.index(music + QLatin1Char('/') + QString::fromUtf8(folder)));
+  QTest::qWait(500);
+  auto& path = *form.findChild<QLineEdit*>();
+  const QSignalBlocker quiet(path);
+  path.setText(QStringLiteral("/home/you/Music"));
   take("browse-folder", &form);
 }
 
