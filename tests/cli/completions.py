@@ -34,7 +34,8 @@ CASES = {
 }
 SHELLS = {
     "bash": (["bash", "--norc", "--noprofile", "-i"],
-             "bind 'set enable-bracketed-paste off'; PS1='ready> '\nqublet() { printf '<%s>' \"$@\"; printf '\\nended\\n'; }\n"
+             "bind 'set enable-bracketed-paste off'; PS1='ready> '\n"
+             "qublet() { printf '<%s>' \"$@\"; printf '\\nended\\n'; }\n"
              "source ./script\n"),
     "zsh": (["zsh", "-f", "-i"],
             "PS1='ready> '; autoload -Uz compinit; compinit -u -D\n"

@@ -1,7 +1,7 @@
 """manual.py QUBLET MANUAL: holds the manual page of QUBLET against what its "help" prints.
 
-Every command has a heading of its own (.SS), and under the headings of its name each of its options and words; an option
-that stands there is one that the command has. The page is sound in the eyes of mandoc, where that is installed.
+Every command has a heading of its own (.SS), and under the headings of its name each of its options and words; an
+option that stands there is one that the command has. The page is sound in the eyes of mandoc, where that is installed.
 """
 
 import pathlib

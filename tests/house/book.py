@@ -1,7 +1,7 @@
 """book.py ROOT: holds the help, docs/help below the folder ROOT, against the program.
 
-- Every page is reached from the contents; every link, its place within the page too, every picture and style sheet exists,
-  and none leads out of the folder. No picture lies there that no page shows.
+- Every page is reached from the contents, the quick guide first; every link, its place within the page too, every
+  picture and style sheet exists, and none leads out of the folder. No picture lies there that no page shows.
 - Every window has a page of its name, with a picture.
 - Every entry of the menus and every button of the toolbar is named in bold by its caption.
 - Every control with a hint is named in bold by its caption on the page of its window; one without a caption has its
@@ -25,6 +25,7 @@ EDITOR_COMMAND = re.compile(r'\{(?:"\w+"|kUpdateCommand), "([^"]+)", "[a-z-]+"')
 # Windows that are made without a form.
 MADE_BY_HAND = ["BrowseForm"]
 CONTENTS = "contents.html"
+FIRST = "quickguide.html"
 
 
 class Page(html.parser.HTMLParser):
@@ -75,6 +76,8 @@ def wrong_links(folder, pages):
             elif place and place not in pages[target].places:
                 yield f"{name} leads to {link}, and there is no such place"
         shown.update(page.pictures)
+    if pages[CONTENTS].links[:1] != [FIRST]:
+        yield f"{CONTENTS} doesn't begin with {FIRST}"
     waiting = [CONTENTS]
     while waiting:
         for link in pages[waiting.pop()].links:

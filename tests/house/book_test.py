@@ -1,4 +1,5 @@
-"""book_test.py ROOT: tests of book.py on copies of the book and of what it is held against, each with one thing broken."""
+"""book_test.py ROOT: tests of book.py on copies of the book and of what it is held against, each with one thing
+broken."""
 
 import pathlib
 import shutil
@@ -17,8 +18,8 @@ class BookTest(unittest.TestCase):
         self.addCleanup(self.kept.cleanup)
         self.root = pathlib.Path(self.kept.name)
         shutil.copytree(ROOT / "docs", self.root / "docs")
-        for path in [*(ROOT / "src").rglob("*.ui"), ROOT / "src/desk/menu_table.h", ROOT / "src/app/toolbar_layout.cpp",
-                     ROOT / "src/media/editor/ui/editor_commands.cpp"]:
+        tables = ["desk/menu_table.h", "app/toolbar_layout.cpp", "media/editor/ui/editor_commands.cpp"]
+        for path in [*(ROOT / "src").rglob("*.ui"), *(ROOT / "src" / table for table in tables)]:
             copy = self.root / path.relative_to(ROOT)
             copy.parent.mkdir(parents=True, exist_ok=True)
             shutil.copy(path, copy)
@@ -62,6 +63,11 @@ class BookTest(unittest.TestCase):
     def test_a_page_that_no_link_leads_to(self):
         (self.root / "docs/help/lonely.html").write_text("<p>alone</p>")
         self.told("lonely.html")
+
+    def test_contents_that_begin_elsewhere(self):
+        first = '<li><a href="quickguide'
+        self.change("docs/help/contents.html", first, '<li><a href="Main.html">x</a></li>' + first)
+        self.told("quickguide.html")
 
     def test_a_window_without_a_page(self):
         form = '<ui><widget class="QDialog" name="NewForm"/></ui>'
