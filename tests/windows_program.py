@@ -192,6 +192,10 @@ class WholeProgram(unittest.TestCase):
         self.assertIn(b"GNU LESSER GENERAL PUBLIC LICENSE", papers["licences/LGPL-3.txt"])
         self.assertRegex(papers["COPYRIGHT.txt"], rb"apt-get source qt6-base=[0-9]")
 
+    def test_7_brings_its_help_and_tips(self):
+        for name in ("QUBLET20.hlp", "QUBLET20.htd", "help/contents.html", "help/book.css", "help/pictures/Main.png"):
+            self.assertGreater((self.programs / name).stat().st_size, 100, name)
+
     def where_it_stands(self, program):
         lines = run("xdotool", "getwindowgeometry", "--shell", str(int(program.window, 16))).stdout.splitlines()
         values = dict(line.split("=") for line in lines if "=" in line)

@@ -6,7 +6,6 @@
 #include <QShortcut>
 #include <QStatusTipEvent>
 #include <QTimer>
-#include <QToolTip>
 #include <chrono>
 
 #include "app/ToolbarForm.h"
@@ -87,7 +86,7 @@ void Main::BuildRecentMenu() {
 }
 
 void Main::BuildToolbar() {
-  Toolbar1 = new Toolbar(commands_, this);
+  Toolbar1 = new Toolbar(this);
   // The bars are shown and hidden by the View menu; the toolkit's own menu for that would be a second one.
   setContextMenuPolicy(Qt::NoContextMenu);
   connect(Toolbar1, &Toolbar::commandWanted, this, &Main::Toolbar1_ButtonClick);
@@ -196,14 +195,12 @@ bool Main::PrepareEnd(const std::function<bool()>& may_ask) {
   return true;
 }
 
-// The buttons are always enabled; one whose tool isn't there says so.
+// The buttons are always enabled.
 void Main::Toolbar1_ButtonClick(CommandName command) {
   if (command == CommandName("MFileSave") && engine_.settings.SActi) {
     commands_.Run("MFileSaveRel");
-  } else if (commands_.IsBound(command)) {
-    commands_.Run(command);
   } else {
-    QToolTip::showText(QCursor::pos(), (*menus_)[command].statusTip(), Toolbar1);
+    commands_.Run(command);
   }
 }
 

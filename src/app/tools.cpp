@@ -4,6 +4,7 @@
 #include "generators/bookmarks/ui/add_bookmarks.h"
 #include "generators/disc/ui/add_disc.h"
 #include "generators/report/ui/add_report.h"
+#include "help/ui/add_help.h"
 #include "media/editor/ui/add_tag_editor.h"
 #include "player/shutdown/ui/add_shutdown.h"
 #include "player/ui/play_commands.h"
@@ -38,6 +39,7 @@ void AddTools(Commands& commands, const Desk& desk) {
   AddTips(commands, desk);
   AddUpdate(commands, desk);
   AddAbout(commands, desk);
+  AddHelp(commands, desk);
 }
 
 }  // namespace qublet

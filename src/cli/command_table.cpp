@@ -6,6 +6,7 @@
 
 #include "cli/autocreate_command.h"
 #include "cli/bookmarks_command.h"
+#include "cli/completion_command.h"
 #include "cli/disc_command.h"
 #include "cli/list_command.h"
 #include "cli/name_command.h"
@@ -27,13 +28,6 @@
 
 namespace qublet {
 namespace {
-
-struct CliCommand {
-  const char* name;
-  const char* usage;
-  const char* help;
-  int (*run)(CommandContext& context);
-};
 
 // Every tool of the program has its row here.
 constexpr std::array kCliCommands{
@@ -115,6 +109,8 @@ constexpr std::array kCliCommands{
                UpdateCommand},
     CliCommand{"settings", "settings [list [--json] | get SECTION KEY | set SECTION KEY VALUE]",
                "print or change the stored settings", SettingsCommand},
+    CliCommand{"completion", "completion bash|zsh|fish", "print what that shell needs to complete these commands",
+               CompletionCommand},
 };
 
 void PrintHelp(std::ostream& out) {
@@ -125,6 +121,10 @@ void PrintHelp(std::ostream& out) {
 }
 
 }  // namespace
+
+std::span<const CliCommand> CliCommands() {
+  return kCliCommands;
+}
 
 int RunCommand(const Arguments& arguments, Engine& engine, PrintedDialogs& dialogs, std::ostream& out,
                std::ostream& err) {
