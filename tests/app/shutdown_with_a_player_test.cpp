@@ -19,6 +19,7 @@ constexpr int kCountdown = 2000;  // longer than 26 of them
 class ShutdownWithAPlayer : public RealPlayerTestBase {
  protected:
   void SetUp() override {
+    program_.engine.services.store.SaveSetting("QUBLET2021", "Options", "Show Tips at Startup", "0");
     program_.main.Load("", nullptr);
     program_.main.show();
     QObject::connect(&program_.main, &Main::ended, &program_.main, [this] { ++ended_; });
@@ -74,10 +75,11 @@ class ShutdownWithAPlayer : public RealPlayerTestBase {
   LoginStandIn login_{desktop_};
   std::unique_ptr<Power> power_ = OpenPower();
   WindowFeedback feedback_;
-  Program program_{{*files_, fakes_.store, fakes_.startup, dialogs_, fakes_.clock, *shell_, fakes_.random,
-                    *fakes_.collation, *associations_, *players_, *power_, feedback_},
-                   feedback_,
-                   {"QUBLET2021", "c:\\program", ""}};
+  Program program_{
+      {*files_, fakes_.store, fakes_.startup, dialogs_, fakes_.clock, *shell_, fakes_.random, *fakes_.collation,
+       *associations_, *players_, *power_, feedback_, *fakes_.sockets, fakes_.machine_values},
+      feedback_,
+      {"QUBLET2021", "c:\\program", ""}};
   int ended_ = 0;
 };
 
