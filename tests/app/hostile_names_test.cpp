@@ -65,7 +65,8 @@ class Sweep {
       Count(browser->toPlainText());
       EXPECT_FALSE(ShowsMarkup(*browser->document())) << where;
     }
-    if (const auto* view = qobject_cast<const QAbstractItemView*>(&widget); view != nullptr && view->model() != nullptr)
+    if (const auto* view = qobject_cast<const QAbstractItemView*>(&widget);
+        view != nullptr && view->model() != nullptr)
       Look(*view->model(), {}, where);
   }
   void Look(const QAbstractItemModel& model, const QModelIndex& parent, const std::string& where) {
@@ -103,9 +104,9 @@ class HostileNames : public testing::Test {
     }
     for (const char* category : {"<b>bold<b>", "<img src='pipe'>"})
       window.drives.Write(std::string("program/Bookmarks/") + category + ".bm", "");
-    window.drives.Write("<b>list<b>.m3u8", list);
+    window.drives.Write("<b>list<b>.m3u", list);
     window.Start();
-    window.dialogs.open_names = {"c:\\<b>list<b>.m3u8"};
+    window.dialogs.open_names = {"c:\\<b>list<b>.m3u"};
     window.Run("MFileOpen");
     window.Run("MEditSelAll");
   }
@@ -158,11 +159,13 @@ TEST_F(HostileNames, StandAsTheyAreInTheTagEditor) {
 }
 
 TEST_F(HostileNames, StandAsTheyAreInTheSearch) {
-  EXPECT_GT(LookThrough("MToolsSearch", {}, [](QWidget& form) {
-    auto* text = form.findChild<QComboBox*>(QStringLiteral("txtSearch"));
-    QTest::keyClicks(text, QStringLiteral("<b>"));
-    QTest::keyClick(text, Qt::Key_Return);
-  }), 0);
+  EXPECT_GT(LookThrough("MToolsSearch", {},
+                        [](QWidget& form) {
+                          auto* text = form.findChild<QComboBox*>(QStringLiteral("txtSearch"));
+                          QTest::keyClicks(text, QStringLiteral("<b>"));
+                          QTest::keyClick(text, Qt::Key_Return);
+                        }),
+            0);
 }
 
 TEST_F(HostileNames, StandAsTheyAreInThePurge) {
@@ -172,22 +175,26 @@ TEST_F(HostileNames, StandAsTheyAreInThePurge) {
                           const auto* report = form.findChild<QLabel*>(QStringLiteral("lbReport"));
                           EXPECT_TRUE(QTest::qWaitFor([&] { return report->text().startsWith(u"Done"); }));
                           QTest::keyClick(form.findChild<QComboBox*>(QStringLiteral("MissAction")), Qt::Key_End);
-                        }), 0);
+                        }),
+            0);
 }
 
 TEST_F(HostileNames, StandAsTheyAreInTheRenamer) {
-  EXPECT_GT(LookThrough("MToolsRename", {"RenTest"}, [](QWidget& form) {
-    form.findChild<QLineEdit*>(QStringLiteral("ToReplace"))->setText(QStringLiteral("<b>"));
-    Click(form, "AddRule");
-  }), 0);
+  EXPECT_GT(LookThrough("MToolsRename", {"RenTest"},
+                        [](QWidget& form) {
+                          form.findChild<QLineEdit*>(QStringLiteral("ToReplace"))->setText(QStringLiteral("<b>"));
+                          Click(form, "AddRule");
+                        }),
+            0);
 }
 
 TEST_F(HostileNames, StandAsTheyAreInTheWizards) {
   EXPECT_GT(LookThrough("MToolsM3UWiz", {"CmdNext", "CmdNext", "CmdNext", "CmdNext", "cmdUndo"}), 0);
   LookThrough("MToolsReport", {"CmdNext", "CmdNext", "CmdNext"});
   window.dialogs.folders = {"c:\\", "c:\\<b>music<b>"};
-  EXPECT_GT(LookThrough("MToolsMP3CDWiz", {"BrowseAssembleLoc", "BrowseImageLoc", "CmdNext", "CmdNext", "chkCreateTable",
-                                           "CmdNext", "CmdNext"}), 0);
+  EXPECT_GT(LookThrough("MToolsMP3CDWiz", {"BrowseAssembleLoc", "BrowseImageLoc", "CmdNext", "CmdNext",
+                                           "chkCreateTable", "CmdNext", "CmdNext"}),
+            0);
 }
 
 TEST_F(HostileNames, StandAsTheyAreInBookmarks) {
