@@ -112,11 +112,15 @@ TEST_F(HelpFormTest, StaysWhereItIsForALinkThatLeadsOutOfTheBookOrNowhere) {
     EXPECT_EQ(Title(), "Contents - Help") << link;
   }
   Follow("one");
-  for (const char* link : {"lost", "link"}) {
-    Follow(link);
-    EXPECT_EQ(Title(), "One - Help") << link;
-  }
+  Follow("lost");
+  EXPECT_EQ(Title(), "One - Help");
   Open("secret.html");
+  EXPECT_EQ(Title(), "One - Help");
+}
+
+TEST_F(HelpFormTest, FollowsNoLinkOnTheDiskOutOfTheBook) {
+  Follow("one");
+  Follow("link");
   EXPECT_EQ(Title(), "One - Help");
 }
 
