@@ -293,12 +293,18 @@ class Reports(Files):
             contents.append((self.folder / "my.rpt").read_bytes())
         self.assertEqual(contents[0], contents[1])
         self.assertEqual(len(contents[0]), 1340)
+
+
 class Bookmarks(Files):
     def test_a_players_file_is_the_same_bytes_and_its_copy_too(self):
+        contents = []
+        for program in ("linux", "windows"):
             self.write("winamp.bm", b"old")
             done = run(program, ["bookmarks", "titles", "winamp.bm", "."], self.folder)
+            self.assertEqual(done, (0, "", ""), program)
             self.assertEqual((self.folder / "winamp.bm.bak").read_bytes(), b"old")
             contents.append((self.folder / "winamp.bm").read_bytes())
+        self.assertEqual(contents[0], contents[1])
         self.assertEqual(contents[0].count(b"\r\n"), 2 * len(NAMES))
         self.assertEqual(self.both("list", "winamp.bm").count("\n"), len(NAMES) + 1)
 

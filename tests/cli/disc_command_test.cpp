@@ -26,8 +26,12 @@ class DiscCommandTest : public CliTestBase {
 
 TEST_F(DiscCommandTest, SaysNothingOfAFolderThatFits) {
   EXPECT_EQ(Run({"check", "c:\\discs\\mine"}), 0);
-  EXPECT_EQ(Run({"check", "--capacity", "0", files_->ToNative("c:\\discs\\mine")}), 0);
+  EXPECT_EQ(Run({"check", "--capacity", "0", "c:\\discs\\mine"}), 0);
   EXPECT_EQ(Out() + Err(), "");
+}
+
+TEST_F(DiscCommandTest, TakesAFolderAsTheSystemNamesIt) {
+  EXPECT_EQ(Run({"check", files_->ToNative("c:\\discs\\mine")}), 0);
 }
 
 TEST_F(DiscCommandTest, SaysWhyAFolderDoesNotFit) {
