@@ -6,6 +6,7 @@
 #include "playlist/own_playlists.h"
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/text_files.h"
+#include "playlist/row_paths.h"
 
 namespace qublet {
 
@@ -32,10 +33,10 @@ void Preview::FillFileArray(std::int16_t mode, const Selection& selection) {
   DestroyFileArray(document_);
   switch (mode) {
     case kPlayList:
-      items_.SaveFileArrayFromList(true);
+      document_.FileArray = RealPathsOf(document_.ListView1, WhichRows::kAll);
       break;
     case kPlaySelected:
-      items_.SaveFileArrayFromList(false);
+      document_.FileArray = RealPathsOf(document_.ListView1, WhichRows::kSelected);
       break;
     case kPlayFolder:
       for (const std::string& folder : selection.folders) {
@@ -45,7 +46,7 @@ void Preview::FillFileArray(std::int16_t mode, const Selection& selection) {
       break;
     case kPlayFrom:
       for (int i = selection.first; i <= document_.ListView1.Count(); ++i)
-        document_.FileArray.push_back(document_.ListView1.At(i).FullPath());
+        document_.FileArray.push_back(document_.ListView1.At(i).RealPath());
       break;
     default:
       break;

@@ -5,9 +5,10 @@
 #include <vector>
 
 #include "playlist/expansion.h"
-#include "playlist/m3u_lines.h"
+#include "playlist/foreign_lines.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/folder_walk.h"
+#include "playlist/playlist_lines.h"
 #include "playlist/row_filling.h"
 #include "playlist/row_paths.h"
 #include "playlist/stoppable_change.h"
@@ -19,7 +20,7 @@ Outcome Items::AddFile(const std::string& filename, int Index, int OrigIndex) {
   const int index = Index < 1 ? list.Count() + 1 : Index;
   std::vector<Row> rows(1);
   const Outcome filled =
-      ReadRow(files_, filename, OrigIndex != 0 ? OrigIndex : index, thousands_separator_, rows.front());
+      RowReader(files_, thousands_separator_).Read(filename, OrigIndex != 0 ? OrigIndex : index, rows.front());
   const Outcome inserted = Attempt([&] { list.Insert(index, std::move(rows)); });
   return inserted ? filled : inserted;
 }
@@ -36,9 +37,7 @@ void Items::AddByKind(const FileDetails& details, int InsertPoint) {
       break;
     case StuffKind::kPlaylist:
       files_.SetCurrentFolder(FolderOfPlaylist(details.Path));
-      DestroyFileArray(document_);
-      ReadPlaylistLines(files_, details.Path, document_.FileArray).OrThrow();
-      LoadFileArrayToList(InsertPoint);
+      AddPlaylist(details.Path, InsertPoint);
       break;
   }
 }
@@ -70,7 +69,22 @@ void Items::SaveFileArrayFromList(bool Mode) {
 }
 
 void Items::LoadFileArrayToList(int InsertPoint) {
-  BatchReader reader(files_, document_.ListView1.Count() + 1, thousands_separator_);
+  const RowReader rows(files_, thousands_separator_);
+  BatchReader reader(document_.ListView1.Count() + 1, [&](std::size_t, const std::string& path, int original_order,
+                                                          Row& row) { rows.ReadAgain(path, original_order, row); });
+  AddFromFileArray(reader, 0);
+  LoadBatch(reader, InsertPoint);
+}
+
+void Items::AddPlaylist(const std::string& path, int InsertPoint) {
+  DestroyFileArray(document_);
+  PlaylistLines playlist;
+  ReadPlaylist(files_, path, playlist, document_.FileArray).OrThrow();
+  const ForeignLines lines(files_, playlist, thousands_separator_);
+  BatchReader reader(document_.ListView1.Count() + 1,
+                     [&](std::size_t place, const std::string& line_path, int original_order, Row& row) {
+                       lines.FillRow(place, line_path, original_order, row);
+                     });
   AddFromFileArray(reader, 0);
   LoadBatch(reader, InsertPoint);
 }

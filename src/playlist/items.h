@@ -52,6 +52,7 @@ class Items {
 
  private:
   void AddByKind(const FileDetails& details, int InsertPoint);
+  void AddPlaylist(const std::string& path, int InsertPoint);
   void AddFolder(const std::string& folder, int InsertPoint);
   void AddFromFileArray(BatchReader& reader, std::size_t from);
   void LoadBatch(BatchReader& reader, int InsertPoint);

@@ -15,6 +15,8 @@ namespace qublet {
 
 // Whether an extension (lower case, with its dot) is among PlaylistFilters.
 bool IsPlaylistExtension(std::string_view extension);
+// Whether a playlist of this name is in this system's own form.
+bool IsNativePlaylist(std::string_view path);
 
 // Appends the lines of a playlist that name audio files: empty lines and lines that begin with "#" are skipped, and a
 // line is kept once for each extension of FileFilters that it holds anywhere, in any case. A drive letter becomes

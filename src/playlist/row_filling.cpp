@@ -2,17 +2,26 @@
 
 #include <utility>
 
-#include "media/media_info.h"
 #include "playlist/paths/formats.h"
+#include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
 
 namespace qublet {
 
+void ReadFacts(const FileSystem& files, const std::string& path, MediaInfo& info) {
+  info = {};
+  GetMediaInfo(files, path, info);
+  if (!info.Valid && !Contains(path, ":")) ResumeNext([&] { CompleteFolder(files, info); });
+}
+
 Outcome ReadRow(const FileSystem& files, const std::string& path, int original_order,
                 const std::string& thousands_separator, Row& row) {
   MediaInfo info;
-  GetMediaInfo(files, path, info);
-  if (!info.Valid && !Contains(path, ":")) ResumeNext([&] { CompleteFolder(files, info); });
+  ReadFacts(files, path, info);
+  return WriteRow(std::move(info), original_order, thousands_separator, row);
+}
+
+Outcome WriteRow(MediaInfo info, int original_order, const std::string& thousands_separator, Row& row) {
   row.cells[kFileName] = std::move(info.FileName);
   return Attempt([&] {
     if (Contains(info.Bitrate, "VBR")) info.Length = VbrLength(info.Size, info.Bitrate);
@@ -33,6 +42,40 @@ Outcome ReadRow(const FileSystem& files, const std::string& path, int original_o
     row.cells[kHiddenSize] = std::to_string(info.Size);
     row.cells[kOriginalOrder] = std::to_string(original_order);
   });
+}
+
+void NoteRealFile(const std::string& file, Row& row) {
+  std::string path = row.FullPath();
+  if (path != file) row.real = std::make_shared<const Row::RealFile>(Row::RealFile{std::move(path), file});
+}
+
+void NameExactly(const std::string& path, MediaInfo& info) {
+  info.FileName = GetFileName(path);
+  info.Path = path.substr(0, path.size() - info.FileName.size());
+}
+
+RowReader::RowReader(const FileSystem& files, std::string thousands_separator)
+    : files_(files), thousands_separator_(std::move(thousands_separator)), names_(files.FindRealNames()) {}
+
+Outcome RowReader::ReadAgain(const std::string& path, int original_order, Row& row) const {
+  if (!path.starts_with("\\\\")) return Read(path, original_order, row);
+  MediaInfo info;
+  NameExactly(path, info);
+  return WriteRow(std::move(info), original_order, thousands_separator_, row);
+}
+
+Outcome RowReader::Read(const std::string& path, int original_order, Row& row) const {
+  MediaInfo info;
+  ReadFacts(files_, path, info);
+  const std::string full = info.Path + info.FileName;
+  const auto real = info.Found ? std::nullopt : names_->Of(full);
+  if (real) {
+    ReadFacts(files_, *real, info);
+    NameExactly(full, info);
+  }
+  const Outcome written = WriteRow(std::move(info), original_order, thousands_separator_, row);
+  if (real) NoteRealFile(*real, row);
+  return written;
 }
 
 }  // namespace qublet

@@ -24,11 +24,23 @@ struct Row {
   bool ghosted = false;
   bool selected = false;
 
+  // Where the disk has the file under another name than the row's: the row's full path then, and the file's.
+  struct RealFile {
+    std::string path;
+    std::string file;
+  };
+  std::shared_ptr<const RealFile> real;
+
   // The one way to get a path from a row.
   std::string FullPath() const {
     std::string path;
     path.reserve(cells[kPath].size() + cells[kFileName].size());
     return path.append(cells[kPath]).append(cells[kFileName]);
+  }
+  // The path under which the disk has the file, as far as the row knows: for what reads, plays or changes the file.
+  std::string RealPath() const {
+    std::string path = FullPath();
+    return real && real->path == path ? real->file : path;
   }
 };
 

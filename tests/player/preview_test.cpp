@@ -50,7 +50,7 @@ class PreviewTest : public testing::Test {
   FakeServices fakes_;
   ScriptedShell& shell_ = fakes_.shell;
   ScriptedDialogs& dialogs_ = fakes_.dialogs;
-  Preview preview_{document_, items_, fakes_.Over(*files_, feedback_), "c:\\program"};
+  Preview preview_{document_, fakes_.Over(*files_, feedback_), "c:\\program"};
 };
 
 TEST_F(PreviewTest, DoesNothingForAnEmptyList) {

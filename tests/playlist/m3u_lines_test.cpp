@@ -99,8 +99,8 @@ TEST_F(ReadPlaylist, TakesValidUtf8ForThatAndAllElseForTheCodePage) {
   EXPECT_EQ(Read("c:\\Bj\u00F6rk.mp3\nc:\\\u97F3\u697D.mp3\n"),
             (Collection{"c:\\Bj\u00F6rk.mp3", "c:\\\u97F3\u697D.mp3"}));
   EXPECT_EQ(Read("c:\\Bj\xF6rk.mp3\nc:\\\x80.mp3\n"), (Collection{"c:\\Bj\u00F6rk.mp3", "c:\\\u20AC.mp3"}));
-  EXPECT_EQ(Read("c:\\Bj\xF6rk.mp3\nc:\\\xC3\xB6.mp3\n"), (Collection{"c:\\Bj\u00F6rk.mp3", "c:\\\u00C3\u00B6.mp3"}))
-      << "the file is one or the other as a whole";
+  EXPECT_EQ(Read("c:\\Bj\xF6rk.mp3\nc:\\\xC3\xB6.mp3\n"), (Collection{"c:\\Bj\u00F6rk.mp3", "c:\\\u00F6.mp3"}))
+      << "each line by itself";
 }
 
 TEST_F(ReadPlaylist, SkipsAByteOrderMark) {
@@ -186,23 +186,17 @@ TEST_F(ReadM3u8, TakesPathsInDriveFormToo) {
   EXPECT_EQ(ReadNative("C:\\m\\a.mp3\r\nq:\\A.mp3\r\n"), (Collection{"c:\\m\\a.mp3", "q:\\A.mp3"}));
 }
 
-TEST_F(ReadM3u8, LooksWhatABackslashIs) {
-  Touch({"sub/a.mp3"});
-  drives_.Write("own\\b.mp3", "abc");
-  EXPECT_EQ(ReadNative("sub\\a.mp3\nown\\b.mp3\ngone\\c.mp3\n"), (Collection{"sub\\a.mp3",
-                                                                             "c:\\own\uF05C"
-                                                                             "b.mp3",
-                                                                             "c:\\gone\uF05C"
-                                                                             "c.mp3"}));
+TEST_F(ReadM3u8, TakesABackslashForASeparatorUnlessThereIsAnother) {
+  EXPECT_EQ(ReadNative("sub\\a.mp3\n.\\b.mp3\n..\\c.mp3\n\\d.mp3\n"),
+            (Collection{"c:\\sub\\a.mp3", "c:\\b.mp3", files_->FromNative(Root() + "/c.mp3"), "c:\\d.mp3"}));
+  EXPECT_EQ(ReadNative("./own\\b.mp3\n"), (Collection{"c:\\own\uF05C"
+                                                      "b.mp3"}));
 }
 
-TEST_F(ReadM3u8, LooksWhatAColonIs) {
-  drives_.Write("q:b.mp3", "abc");
-  EXPECT_EQ(ReadNative("q:b.mp3\nq:gone.mp3\n1:b.mp3\n"), (Collection{"c:\\q\uF03A"
-                                                                      "b.mp3",
-                                                                      "q:gone.mp3",
-                                                                      "c:\\1\uF03A"
-                                                                      "b.mp3"}));
+TEST_F(ReadM3u8, TakesALetterAndAColonForADrive) {
+  EXPECT_EQ(ReadNative("q:gone.mp3\n1:b.mp3\n"), (Collection{"q:gone.mp3",
+                                                             "c:\\1\uF03A"
+                                                             "b.mp3"}));
 }
 
 TEST_F(ReadM3u8, KeepsAddresses) {
@@ -212,11 +206,9 @@ TEST_F(ReadM3u8, KeepsAddresses) {
   EXPECT_EQ(ReadNative("c://a.mp3\n"), Collection{"c://a.mp3"});
 }
 
-TEST_F(ReadM3u8, TakesEachLineForUtf8ElseForANameThatIsNoneElseForTheCodePage) {
-  drives_.Write("Bj\xF6rk.mp3", "abc");
-  EXPECT_EQ(ReadNative("Bj\xF6rk.mp3\n\u97F3.mp3\ngone\xF6.mp3\nC:\\Bj\xF6rk.mp3\nhttp://host/\xF6.mp3\n"),
-            (Collection{"c:\\Bj\uF7F6rk.mp3", "c:\\\u97F3.mp3", "c:\\gone\u00F6.mp3", "c:\\Bj\u00F6rk.mp3",
-                        "http://host/\u00F6.mp3"}));
+TEST_F(ReadM3u8, TakesEachLineForUtf8ElseForTheCodePage) {
+  EXPECT_EQ(ReadNative("\u97F3.mp3\ngone\xF6.mp3\nC:\\Bj\xF6rk.mp3\nhttp://host/\xF6.mp3\n"),
+            (Collection{"c:\\\u97F3.mp3", "c:\\gone\u00F6.mp3", "c:\\Bj\u00F6rk.mp3", "http://host/\u00F6.mp3"}));
 }
 
 TEST_F(WritePlaylist, WritesOneLineARowAndNothingElse) {

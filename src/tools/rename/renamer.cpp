@@ -43,8 +43,7 @@ void Renamer::Activate() {
 }
 
 void Renamer::TakeSelection() {
-  DestroyFileArray(engine_.document);
-  AppendPaths(engine_.document.ListView1, WhichRows::kSelected, engine_.document.FileArray);
+  engine_.document.FileArray = RealPathsOf(engine_.document.ListView1, WhichRows::kSelected);
 }
 
 void Renamer::Report(const Watch& watch, const std::string& text) {
@@ -133,6 +132,7 @@ Renamer::Count Renamer::RenameSelection(const Watch& watch, bool ResetPerFolder)
       if (new_path != path) {
         ++count.done;
         rows.SetCell(i, kFileName, GetFileName(new_path));
+        if (rows.At(i).FullPath() != new_path) rows.SetCell(i, kPath, new_path.substr(0, new_path.rfind('\\') + 1));
       }
     }
     watch.progress(count.tried, maximum);
