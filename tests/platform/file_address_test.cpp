@@ -14,7 +14,7 @@ TEST(FileAddress, EscapesAllThatIsNoPlainCharacter) {
 
 TEST(FileAddress, GivesItsEscapesBack) {
   EXPECT_EQ(PercentDecoded("a%20b%2f%C3%A9%"), "a b/\xC3\xA9%");
-  EXPECT_EQ(PercentDecoded("100%%20 %4 %zz %4g"), "100% %4 %zz %4g");
+  EXPECT_EQ(PercentDecoded("100%%20 %4 %zz %4g"), "100%  %4 %zz %4g");
   EXPECT_EQ(PercentDecoded(PercentEncoded("any \x01\xFF% text", "")), "any \x01\xFF% text");
 }
 
