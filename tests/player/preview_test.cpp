@@ -46,7 +46,6 @@ class PreviewTest : public testing::Test {
   Document document_;
   RecordingFeedback feedback_;
   MainView view_;
-  Items items_{document_, *files_, feedback_, view_, ","};
   FakeServices fakes_;
   ScriptedShell& shell_ = fakes_.shell;
   ScriptedDialogs& dialogs_ = fakes_.dialogs;

@@ -131,8 +131,8 @@ Renamer::Count Renamer::RenameSelection(const Watch& watch, bool ResetPerFolder)
       UndoNewPaths.push_back(new_path);
       if (new_path != path) {
         ++count.done;
+        if (rows.At(i).FullPath() != path) rows.SetCell(i, kPath, path.substr(0, path.rfind('\\') + 1));
         rows.SetCell(i, kFileName, GetFileName(new_path));
-        if (rows.At(i).FullPath() != new_path) rows.SetCell(i, kPath, new_path.substr(0, new_path.rfind('\\') + 1));
       }
     }
     watch.progress(count.tried, maximum);
