@@ -15,7 +15,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     playlist.folder = "z:\\no such folder\\";
     playlist.linked_folder = "z:\\no other folder\\";
     qublet::Collection paths;
-    qublet::ReadPlaylistBytes(*files, qublet::TextOf(data, size), playlist, paths);
+    qublet::ReadPlaylistBytes(*files, std::string(qublet::TextOf(data, size)), playlist, paths);
     qublet::Require(paths.size() == playlist.lines.size());
     const qublet::ForeignLines lines(*files, playlist, ",");
     for (std::size_t i = 0; i < paths.size() && i < 50; ++i) {
