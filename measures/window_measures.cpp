@@ -8,6 +8,7 @@
 #include "app/program.h"
 #include "engine/system.h"
 #include "full_list.h"
+#include "settings/kept_values.h"
 
 namespace qublet::measures {
 namespace {
@@ -37,6 +38,11 @@ class NoDialogs : public Dialogs {
 class Window {
  public:
   Window() {
+    // Of one who has been here before, wants no tips, and asks for no newer version.
+    Session& session = program_.engine.session;
+    session.Keep(kProgramPath, "QUBLET20");
+    session.Keep(kShowTips, "0");
+    session.Keep({"SSE", "AUDate"}, "False");
     main_.Load("", nullptr);
     list_ = main_.findChild<RowList*>(QStringLiteral("ListView1"));
     list_->viewport()->installEventFilter(&painted_);

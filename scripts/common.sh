@@ -11,8 +11,8 @@ root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd -P)
   wayland_packages=(qt6-wayland)
   linked_by_tests=(libgtest-dev libtag1-dev libsm-dev)
   tools_of_tests=(python3 python3-mutagen lame twolame ffmpeg vorbis-tools desktop-file-utils appstream
-    xvfb xauth openbox xdotool wmctrl dbus-daemon python3-dbus python3-gi mpv mpv-mpris
-    x11-utils at-spi2-core gir1.2-atspi-2.0)
+    xvfb xauth openbox xdotool wmctrl dbus-daemon python3-dbus python3-gi mpv mpv-mpris xorriso
+    x11-utils at-spi2-core gir1.2-atspi-2.0 zsh fish mandoc)
   package_packages=(dpkg-dev file)
   windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev dpkg-dev googletest zip)
   wine_packages=(wine wine64 fonts-wine)

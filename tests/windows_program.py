@@ -90,6 +90,7 @@ class WholeProgram(unittest.TestCase):
         cls.music = pathlib.Path(os.environ["WINEPREFIX"]) / "drive_c" / "My Music"
         cls.addClassCleanup(shutil.rmtree, cls.music)
         cls.place = place
+        os.environ["QUBLET_SITE"] = "http://127.0.0.1"  # refuses to be asked for a newer version
         for number, (album, songs) in enumerate(ALBUMS.items(), 1):
             (cls.music / album).mkdir(parents=True)
             for length, song in enumerate(songs, 1):
@@ -111,6 +112,8 @@ class WholeProgram(unittest.TestCase):
         return (self.place / "expected.m3u").read_bytes()
 
     def test_1_lists_a_folder_and_leaves_it_as_the_last_list(self):
+        # No tip comes up over the window.
+        self.windows("settings", "set", "Options", "Show Tips at Startup", "0")
         program = Program(self.programs, r"c:\My Music")
         time.sleep(3)
         run("xdotool", "windowsize", str(int(program.window, 16)), "1180", "420")
@@ -188,6 +191,10 @@ class WholeProgram(unittest.TestCase):
             self.assertNotRegex(papers[name], rb"(?i)debian|apt-get|\./run", name)
         self.assertIn(b"GNU LESSER GENERAL PUBLIC LICENSE", papers["licences/LGPL-3.txt"])
         self.assertRegex(papers["COPYRIGHT.txt"], rb"apt-get source qt6-base=[0-9]")
+
+    def test_7_brings_its_help_and_tips(self):
+        for name in ("QUBLET20.hlp", "QUBLET20.htd", "help/contents.html", "help/book.css", "help/pictures/Main.png"):
+            self.assertGreater((self.programs / name).stat().st_size, 100, name)
 
     def where_it_stands(self, program):
         lines = run("xdotool", "getwindowgeometry", "--shell", str(int(program.window, 16))).stdout.splitlines()

@@ -15,10 +15,11 @@ import sys
 import tempfile
 
 RULES = ["platform", "paths", "settings", "schemes", "id3", "media", "journal", "editor", "playlist", "player", "engine",
+         "plugins", "shutdown",
          "preferences", "purge", "rename", "report", "disc", "autocreate", "bookmarks",
-         "search", "cli"]
-WINDOWS = ["platform_qt", "desk", "preferences_ui", "editor_ui", "purge_ui", "rename_ui", "search_ui", "report_ui",
-           "disc_ui", "autocreate_ui", "bookmarks_ui", "app"]
+         "search", "update", "tips", "about", "cli"]
+WINDOWS = ["platform_qt", "desk", "plugins_ui", "shutdown_ui", "preferences_ui", "editor_ui", "purge_ui", "rename_ui",
+           "search_ui", "report_ui", "disc_ui", "autocreate_ui", "bookmarks_ui", "help_ui", "app"]
 TABLE = pathlib.Path(__file__).with_name("windows_unavailable.txt")
 PATIENCE = 300  # seconds for one room
 

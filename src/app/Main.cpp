@@ -6,7 +6,6 @@
 #include <QShortcut>
 #include <QStatusTipEvent>
 #include <QTimer>
-#include <QToolTip>
 #include <chrono>
 
 #include "app/ToolbarForm.h"
@@ -27,8 +26,8 @@
 namespace qublet {
 namespace {
 
-constexpr int kPluginRoom = 9;
 constexpr int kTipDelay = 200;      // milliseconds
+constexpr int kUpdateDelay = 2000;  // milliseconds
 constexpr int kRoomBelowMenus = 2;  // pixels
 constexpr std::chrono::seconds kRecoveryEvery{1};
 
@@ -41,7 +40,7 @@ Main::Main(Engine& engine, Commands& commands, WindowFeedback& feedback)
   BuildStatusBar();
   menus_.emplace(*MainMenu, *this, commands_);
   BuildRecentMenu();
-  BuildPluginMenu();
+  plugin_menu_.emplace(menus_->Submenu("MToolsPlugins"), commands_, engine_);
   BuildToolbar();
   feedback_.ShowIn(*this, [this](const QString& text) { Panels[3]->ShowText(text); });
   list_events_ = std::make_unique<ListEvents>(
@@ -86,18 +85,8 @@ void Main::BuildRecentMenu() {
   RefreshRecentMenu();
 }
 
-// Until a plug-in is known, the last entry says so and the others are hidden.
-void Main::BuildPluginMenu() {
-  for (int number = 1; number <= kPluginRoom; ++number) {
-    QAction* entry = menus_->Submenu("MToolsPlugins").addAction(tr("None Loaded..."));
-    entry->setObjectName(QStringLiteral("plug%1").arg(number));
-    entry->setEnabled(false);
-    entry->setVisible(number == kPluginRoom);
-  }
-}
-
 void Main::BuildToolbar() {
-  Toolbar1 = new Toolbar(commands_, this);
+  Toolbar1 = new Toolbar(this);
   // The bars are shown and hidden by the View menu; the toolkit's own menu for that would be a second one.
   setContextMenuPolicy(Qt::NoContextMenu);
   connect(Toolbar1, &Toolbar::commandWanted, this, &Main::Toolbar1_ButtonClick);
@@ -140,12 +129,13 @@ void Main::Load(const std::string& command_line, QWidget* splash) {
   if (engine_.session.Kept(kMaximised) == "1") setWindowState(windowState() | Qt::WindowMaximized);
   menus_->SetMenuBitmaps();
   DetectPlayer();
+  plugin_menu_->LoadPluginMenu();
   if (splash != nullptr) splash->hide();
   QTimer::singleShot(kTipDelay, this, &Main::TipTimer_Timer);
   engine_.playlist_files.MFileNew_Click();
   OpenCommandLine(command_line);
-  RegisterAccessoryTools();
-  // The update timer starts here.
+  plugin_menu_->RegisterAccessoryTools();
+  if (engine_.settings.AUDate) QTimer::singleShot(kUpdateDelay, this, &Main::updateCheckDue);
   engine_.document.PlaylistChanged = false;
   Refresh();
   RecoveryTimer.start(kRecoveryEvery);
@@ -205,14 +195,12 @@ bool Main::PrepareEnd(const std::function<bool()>& may_ask) {
   return true;
 }
 
-// The buttons are always enabled; one whose tool isn't there says so.
+// The buttons are always enabled.
 void Main::Toolbar1_ButtonClick(CommandName command) {
   if (command == CommandName("MFileSave") && engine_.settings.SActi) {
     commands_.Run("MFileSaveRel");
-  } else if (commands_.IsBound(command)) {
-    commands_.Run(command);
   } else {
-    QToolTip::showText(QCursor::pos(), (*menus_)[command].statusTip(), Toolbar1);
+    commands_.Run(command);
   }
 }
 

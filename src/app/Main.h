@@ -18,6 +18,7 @@
 #include "desk/normal_place.h"
 #include "desk/window_feedback.h"
 #include "engine/engine.h"
+#include "player/plugins/ui/PluginMenu.h"
 #include "playlist/recent_files.h"
 #include "ui_Main.h"
 
@@ -46,6 +47,8 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
  signals:
   // All that is to be stored is: the process ends now, other windows aren't asked.
   void ended();
+  // Some time after a start, where the settings want it.
+  void updateCheckDue();
 
  protected:
   bool event(QEvent* event) override;
@@ -55,14 +58,12 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   void BuildList();
   void BuildStatusBar();
   void BuildRecentMenu();
-  void BuildPluginMenu();
   void BuildToolbar();
   void ShowBars();
   void BindOwnCommands();
   void Connect();
 
   void DetectPlayer();
-  void RegisterAccessoryTools() {}
   void OpenCommandLine(const std::string& command_line);
   void Form_Unload();
   void ListView1_KeyDown(int key);
@@ -95,6 +96,7 @@ class Main : public QMainWindow, private Ui::Main, private MainView, private Ses
   NormalPlace normal_place_{*this};
   std::optional<RecordedPlace> copied_place_;  // what the record got when the window's state was copied last
   std::optional<Menus> menus_;
+  std::optional<PluginMenu> plugin_menu_;
   std::unique_ptr<ListEvents> list_events_;
   QTimer RecoveryTimer;
   bool list_had_focus_ = false;  // when it was hidden

@@ -12,7 +12,7 @@
 
 namespace qublet {
 
-Toolbar::Toolbar(const Commands& commands, QWidget* window) : QToolBar(window), commands_(commands) {
+Toolbar::Toolbar(QWidget* window) : QToolBar(window) {
   setObjectName(QStringLiteral("Toolbar1"));
   setWindowTitle(tr("Toolbar"));
   setAccessibleName(windowTitle());
@@ -45,8 +45,6 @@ QMenu* Toolbar::MakeDropDown() {
     action->setObjectName(QStringLiteral("Toolbar1 %1").arg(QString::fromUtf8(row.name.data())));
     action->setStatusTip(QString::fromUtf8(row.tip));
     connect(action, &QAction::triggered, this, [this, &entry] { emit commandWanted(entry.command); });
-    connect(menu, &QMenu::aboutToShow, action,
-            [this, action, &entry] { action->setEnabled(commands_.IsBound(entry.command)); });
   }
   return menu;
 }

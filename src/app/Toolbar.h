@@ -12,8 +12,7 @@ class Toolbar : public QToolBar {
   Q_OBJECT
 
  public:
-  // `commands` says which entries of the drop-down are there.
-  Toolbar(const Commands& commands, QWidget* window);
+  explicit Toolbar(QWidget* window);
 
   // Flat or raised buttons; with a frame that gives depth, or without.
   void SetLook(bool flat, bool three_d);
@@ -41,7 +40,6 @@ class Toolbar : public QToolBar {
   QMenu* MakeDropDown();
   void RaiseButtons();
 
-  const Commands& commands_;
   std::map<int, QAction*> buttons_;  // by index; the gaps are made anew with each layout
   ToolbarLayout layout_;
   bool flat_ = true;

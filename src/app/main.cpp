@@ -18,6 +18,7 @@
 #include "platform/qt/qt_dialogs.h"
 #include "playlist/paths/folder_walk.h"
 #include "settings/application.h"
+#include "settings/kept_values.h"
 
 namespace qublet {
 namespace {
@@ -53,6 +54,8 @@ struct House {
 // shown.
 int TakeScreenshot(const System& system, const QString& picture, const std::string& command_line) {
   House house(system, {AppKey(), "", ""});
+  // No tip comes up over it.
+  house.program.engine.session.Keep(kShowTips, "0");
   Main& main = house.program.main;
   main.Load(command_line, nullptr);
   main.resize(1180, 560);

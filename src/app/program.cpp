@@ -2,6 +2,7 @@
 
 #include "app/tools.h"
 #include "playlist/paths/formats.h"
+#include "settings/update/ui/add_update.h"
 
 namespace qublet {
 
@@ -11,6 +12,7 @@ Program::Program(const Services& services, WindowFeedback& feedback, const Sessi
       main(engine, commands, feedback),
       desk{engine, main, feedback, worker} {
   AddTools(commands, desk);
+  QObject::connect(&main, &Main::updateCheckDue, &main, [this] { CheckForUpdateQuietly(desk); });
 }
 
 }  // namespace qublet

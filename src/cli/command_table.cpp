@@ -5,12 +5,14 @@
 #include <ostream>
 
 #include "cli/autocreate_command.h"
-#include "cli/disc_command.h"
 #include "cli/bookmarks_command.h"
+#include "cli/completion_command.h"
+#include "cli/disc_command.h"
 #include "cli/list_command.h"
 #include "cli/name_command.h"
 #include "cli/play_command.h"
 #include "cli/player_command.h"
+#include "cli/plugins_command.h"
 #include "cli/properties_command.h"
 #include "cli/purge_command.h"
 #include "cli/rename_command.h"
@@ -21,17 +23,11 @@
 #include "cli/search_command.h"
 #include "cli/settings_command.h"
 #include "cli/tag_command.h"
+#include "cli/update_command.h"
 #include "settings/application.h"
 
 namespace qublet {
 namespace {
-
-struct CliCommand {
-  const char* name;
-  const char* usage;
-  const char* help;
-  int (*run)(CommandContext& context);
-};
 
 // Every tool of the program has its row here.
 constexpr std::array kCliCommands{
@@ -41,6 +37,8 @@ constexpr std::array kCliCommands{
     CliCommand{"play", "play PATH...", "have them opened in the program that opens playlists", PlayCommand},
     CliCommand{"player", "player [status | stop | jump SECONDS]", "ask or steer that program while it runs",
                PlayerCommand},
+    CliCommand{"plugins", "plugins [list | run N PATH...]",
+               "print the plug-ins (number, name, description, path), or hand files to one", PluginsCommand},
     CliCommand{"properties", "properties PATH...", "print counts, sizes and times of the whole list",
                PropertiesCommand},
     CliCommand{"name", "name FORMAT PATH", "print the playlist name that a naming format gives for a path",
@@ -107,8 +105,12 @@ constexpr std::array kCliCommands{
                "print the rows that hold a text; COLUMNS of filename, folder, time, size, id, layer, bitrate,\n"
                "      samplerate, mode, parted by commas",
                SearchCommand},
+    CliCommand{"update", "update", "ask the maker's site whether there is a newer version, for 20 seconds at most",
+               UpdateCommand},
     CliCommand{"settings", "settings [list [--json] | get SECTION KEY | set SECTION KEY VALUE]",
                "print or change the stored settings", SettingsCommand},
+    CliCommand{"completion", "completion bash|zsh|fish", "print what that shell needs to complete these commands",
+               CompletionCommand},
 };
 
 void PrintHelp(std::ostream& out) {
@@ -119,6 +121,10 @@ void PrintHelp(std::ostream& out) {
 }
 
 }  // namespace
+
+std::span<const CliCommand> CliCommands() {
+  return kCliCommands;
+}
 
 int RunCommand(const Arguments& arguments, Engine& engine, PrintedDialogs& dialogs, std::ostream& out,
                std::ostream& err) {

@@ -82,6 +82,7 @@ int Build(CommandContext& context) {
   std::string folder;
   const Outcome found = Attempt([&] { folder = FolderFromArgument(context, arguments[0]); });
   if (!found) return Complain(context.err, arguments[0] + ": " + found.Reason(), kCouldNot);
+  if (folder.ends_with('\\')) folder.pop_back();
   if (!Divide(folder, plan)) return Complain(context.err, "disc: the root of a drive is no disc's folder", kWrongUse);
   const Outcome drawn = Attempt([&] {
     if (icon) TakeIcon(context, *icon, plan);

@@ -52,7 +52,7 @@ class Commands {
   Commands& operator=(const Commands&) = delete;
 
   void Bind(CommandName command, std::function<void()> handler);
-  // An unbound command's tool isn't there yet.
+  // What an unbound command stands for has no tool.
   bool IsBound(CommandName command) const { return handlers_[command.Index()] != nullptr; }
 
   // Nothing happens while a batch runs, or when nothing is bound.

@@ -43,6 +43,7 @@ QAction* Menus::MakeAction(CommandName command, QWidget& window) const {
   action->setObjectName(NameOf(row));
   action->setShortcut(QKeySequence(QString::fromUtf8(row.shortcut), QKeySequence::PortableText));
   action->setCheckable(row.checkable);
+  if (!row.IsSeparator() && !row.IsSubmenu()) action->setStatusTip(QString::fromUtf8(row.tip));
   window.addAction(action);
   const Commands* commands = &commands_;
   QObject::connect(action, &QAction::triggered, &window, [commands, command] { commands->Run(command); });
@@ -57,9 +58,6 @@ void Menus::ShowState(const ListFacts& list) const {
     if (is_entry || command.Row().available != when::Always) {
       actions_[i]->setEnabled(commands_.IsEnabled(command, list));
     }
-    if (!is_entry) continue;
-    const QString tip = QString::fromUtf8(command.Row().tip);
-    actions_[i]->setStatusTip(commands_.IsBound(command) ? tip : QObject::tr("%1 (in a later version)").arg(tip));
   }
 }
 

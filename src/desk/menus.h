@@ -18,7 +18,7 @@ class Menus {
   QAction& operator[](CommandName command) const { return *actions_[command.Index()]; }
   QMenu& Submenu(CommandName command) const { return *(*this)[command].menu(); }
 
-  // Enables what can be chosen with this list. An entry whose tool isn't there yet says so in its tip.
+  // Enables what can be chosen with this list.
   void ShowState(const ListFacts& list) const;
   // Puts the pictures beside the entries that have one.
   void SetMenuBitmaps() const;

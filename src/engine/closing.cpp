@@ -3,11 +3,15 @@
 namespace qublet {
 
 bool Closing::Ask() {
-  if (!playlist_files_.PromptSaveFirst()) return false;
+  if (!MayLeave()) return false;
+  StoreAnswered();
+  return true;
+}
+
+void Closing::StoreAnswered() {
   session_.SetFormState(true);
   // What is still not saved after the question isn't wanted.
   document_.PlaylistChanged ? recovery_.Drop() : recovery_.Settle();
-  return true;
 }
 
 void Closing::StoreUnasked() {

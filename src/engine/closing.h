@@ -21,6 +21,9 @@ class Closing {
 
   // As a user wants it, by the close box or the menu. False when he took it back: then nothing more is stored.
   bool Ask();
+  // The two halves of it, for an end that comes later than the question.
+  bool MayLeave() { return playlist_files_.PromptSaveFirst(); }
+  void StoreAnswered();
   // As the system wants it, and nobody can be asked; in the middle of a command too, with the list as it is then.
   void StoreUnasked();
   // What comes first when the system wants it, whoever is asked then.

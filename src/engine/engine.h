@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "engine/closing.h"
 #include "engine/recovery.h"
@@ -46,8 +47,13 @@ class Engine {
   // From now on this window shows the document. It outlives all use of the engine.
   void Show(MainView& window, Session::Window& state);
 
+  // A file that came with the program ("ReadMe.txt"), from the first that has it of the program folder, the place
+  // beside the executable and the installed data; "" when there is none. Never throws.
+  std::string CompanionFile(const std::string& name) const;
+
   const Services services;
   const std::string program_folder;       // drive form, no trailing "\"; "" when there is none
+  const std::string program;              // QUBLET20 itself, drive form; "" when it isn't known
   const std::string thousands_separator;  // of this user
   Document document;
   AppSettings settings;
@@ -60,6 +66,9 @@ class Engine {
   Recovery recovery;
   Session session;
   Closing closing;
+
+ private:
+  std::vector<std::string> companion_folders_;
 };
 
 }  // namespace qublet

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "engine/recovery.h"
 #include "platform/services.h"
@@ -32,6 +33,7 @@ class Session {
     std::string program_folder;  // drive form, no trailing "\"; "" when there is none
     std::string program = {};    // drive form of QUBLET20 itself; "" for one of that name in the program folder
     std::string recovery = {};   // folder of the recovery lists, drive form, no trailing "\"; "" for none
+    std::vector<std::string> companions = {};  // where files that came with the program stand, beside its own folder
   };
 
   Session(Document& document, AppSettings& settings, Items& items, Recovery& recovery, const Services& services,

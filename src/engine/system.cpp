@@ -32,17 +32,31 @@ System::System(Traces traces, StartupIds startup_ids)
       random_(std::make_unique<SystemRandom>()),
       collation_(OpenCollation()),
       associations_(OpenAssociations(*files)),
-      players_(OpenPlayerWindows()) {}
+      players_(OpenPlayerWindows()),
+      power_(OpenPower()) {}
 
 Services System::With(Dialogs& dialogs, Feedback& feedback) const {
-  return {*files,   *store_,     *startup_,      dialogs,   *clock_, *shell_,
-          *random_, *collation_, *associations_, *players_, feedback};
+  return {*files,
+          *store_,
+          *startup_,
+          dialogs,
+          *clock_,
+          *shell_,
+          *random_,
+          *collation_,
+          *associations_,
+          *players_,
+          *power_,
+          feedback,
+          SocketsTo(kWebPort),
+          OpenMachineValues()};
 }
 
 Session::Places System::FindPlaces() const {
   Session::Places places{AppKey(), ""};
   ResumeNext([&] { places.program_folder = ProgramFolder(*files); });
   ResumeNext([&] { places.program = WindowProgram(*files); });
+  places.companions = CompanionFolders(*files);
   return places;
 }
 

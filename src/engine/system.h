@@ -34,6 +34,7 @@ class System {
   std::unique_ptr<Collation> collation_;
   std::unique_ptr<Associations> associations_;
   std::unique_ptr<PlayerWindows> players_;
+  std::unique_ptr<Power> power_;
 };
 
 }  // namespace qublet

@@ -6,7 +6,7 @@
 namespace qublet {
 
 enum class MessageIcon { kStop, kExclamation, kInformation, kQuestion };
-enum class MessageButtons { kOk, kYesNo, kYesNoCancel };
+enum class MessageButtons { kOk, kOkCancel, kYesNo, kYesNoCancel };
 enum class MessageAnswer { kOk, kYes, kNo, kCancel };
 
 // What a file dialog starts from. `filter` is a list of description and pattern pairs, each part followed by "|".

@@ -31,4 +31,24 @@ std::string ProgramFolder(const FileSystem& files) {
   return OwnFolderOfUser(files);
 }
 
+std::vector<std::string> CompanionFolders(const FileSystem& files) {
+  std::vector<std::string> folders;
+  ResumeNext([&] {
+    const std::string beside = FolderOf(ExecutablePath(files));
+    folders.push_back(beside);
+    const std::string installed = InstalledDataFolder(beside);
+    if (!installed.empty()) folders.push_back(installed);
+  });
+  return folders;
+}
+
+std::string FindCompanion(const FileSystem& files, const std::vector<std::string>& folders, const std::string& name) {
+  for (const std::string& folder : folders) {
+    const std::string path = folder + '\\' + name;
+    const std::optional<unsigned> attributes = files.Attributes(path);
+    if (!folder.empty() && attributes && (*attributes & kFolder) == 0) return path;
+  }
+  return "";
+}
+
 }  // namespace qublet

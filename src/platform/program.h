@@ -54,6 +54,18 @@ std::string WindowProgram(const FileSystem& files);
 // executable's folder if files can be made there, else a folder of this user, made when missing. Throws Failure.
 std::string ProgramFolder(const FileSystem& files);
 
+// Where files that came with the program stand (tips, help, read-me), behind its own folder: beside the executable,
+// then where an installation puts them; in drive form without a trailing "\". Whether there are such folders isn't
+// looked at. Never throws.
+std::vector<std::string> CompanionFolders(const FileSystem& files);
+
+// Where an installation of a program that stands in this folder puts its data; "" where it puts them beside it.
+std::string InstalledDataFolder(const std::string& beside);
+
+// The first of `folders` that holds a file of this name ("ReadMe.txt", "help\\index.html"), as its whole path; ""
+// when none does. Never throws.
+std::string FindCompanion(const FileSystem& files, const std::vector<std::string>& folders, const std::string& name);
+
 // A folder of this user for the program's own files, made when missing, in drive form. Throws Failure.
 std::string OwnFolderOfUser(const FileSystem& files);
 

@@ -6,10 +6,13 @@
 #include "platform/dialogs.h"
 #include "platform/feedback.h"
 #include "platform/file_system.h"
+#include "platform/machine_values.h"
 #include "platform/player_window.h"
+#include "platform/power.h"
 #include "platform/random.h"
 #include "platform/settings_store.h"
 #include "platform/shell.h"
+#include "platform/socket.h"
 #include "platform/startup_entry.h"
 
 namespace qublet {
@@ -27,7 +30,10 @@ struct Services {
   const Collation& collation;
   const Associations& associations;
   PlayerWindows& players;
+  Power& power;
   Feedback& feedback;
+  Sockets sockets;
+  MachineValues machine_values;
 };
 
 }  // namespace qublet

@@ -16,6 +16,12 @@ class Shell {
   // Opens a file or folder (drive form) with the program that it is associated with. Nothing happens when there is
   // none. Never throws.
   virtual void Open(const std::string& path) = 0;
+  // Whether this system itself runs that file (drive form) as a program: it is there, may be executed, and isn't made
+  // for another system. Never throws.
+  virtual bool CanStart(const std::string& program) const = 0;
+  // Starts it with one word behind its name, which reaches it as it is whatever stands in it. A file that this system
+  // doesn't run is opened as by Open, without the word. Never throws.
+  virtual void Start(const std::string& program, const std::string& argument) = 0;
   // Opens an address of the web ("http://...", "https://...") in the program for those. What is neither is opened by
   // nothing. Never throws.
   virtual void OpenAddress(const std::string& address) = 0;

@@ -2,10 +2,8 @@
 
 #include <unordered_set>
 
-#include "playlist/m3u_lines.h"
-#include "playlist/own_playlists.h"
+#include "player/hand_over.h"
 #include "playlist/paths/folder_walk.h"
-#include "playlist/paths/text_files.h"
 #include "playlist/row_paths.h"
 
 namespace qublet {
@@ -53,25 +51,8 @@ void Preview::FillFileArray(std::int16_t mode, const Selection& selection) {
   }
 }
 
-// The playlist to be opened; "" when it couldn't be written.
-std::string Preview::WritePlaylist() {
-  const std::string own = TempPlaylist(program_folder_);
-  if (!WriteLinesToFile(services_.files, own, document_.FileArray)) return "";
-  std::string playlist;
-  ResumeNext([&] {
-    const std::string folder = services_.shell.HandOverFolder();
-    const std::string twin = folder + "\\tmp.m3u8";
-    if (folder.empty()) {
-      playlist = own;
-    } else if (WriteHandOver(services_.files, twin, document_.FileArray)) {
-      playlist = twin;
-    }
-  });
-  return playlist;
-}
-
 void Preview::HandOver() {
-  const std::string playlist = WritePlaylist();
+  const std::string playlist = WriteTempPlaylist(services_, program_folder_, document_.FileArray);
   if (!playlist.empty()) {
     services_.shell.Open(playlist);
     return;

@@ -35,7 +35,6 @@ class Preview {
   Selection Selected(bool folders) const;
   void FillFileArray(std::int16_t mode, const Selection& selection);
   void HandOver();
-  std::string WritePlaylist();
 
   Document& document_;
   Services services_;

@@ -18,4 +18,7 @@ std::string AppKey(const ProgramVersion& version = {});
 // "[Velmora] M3U Playlist Editor v2.1b", the beginning of the window's caption and the title of every message.
 std::string AppTitle(const ProgramVersion& version = {});
 
+// Address of the maker's home page, without a "/" at its end. For tests $QUBLET_SITE stands in its place.
+std::string Site();
+
 }  // namespace qublet

@@ -3,8 +3,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTimer>
 #include <QTreeWidget>
+
+#include "support/modal_work.h"
 
 namespace qublet {
 namespace {
@@ -15,7 +16,6 @@ Control& Find(const QWidget& form, const char* name) {
 }
 
 void TakeSteps(QWidget& form, MainWindow& window, const TakePicture& take) {
-  if (!QTest::qWaitForWindowActive(&form)) return;
   take("autocreate-mode", &form);
   window.dialogs.folders = {"c:\\Lists of last year\\Everything by folder"};
   Find<QRadioButton>(form, "MyFolderOnly").click();
@@ -40,12 +40,7 @@ void TakeSteps(QWidget& form, MainWindow& window, const TakePicture& take) {
 void Open(MainWindow& window, const char* list, const std::function<void(QWidget& form)>& look) {
   window.dialogs.open_names = {list};
   window.Run("MFileOpen");
-  QTimer::singleShot(0, window.main, [&] {
-    QWidget* form = QApplication::activeModalWidget();
-    look(*form);
-    form->close();
-  });
-  window.Run("MToolsM3UWiz");
+  WorkInModal([&] { window.Run("MToolsM3UWiz"); }, look);
 }
 
 }  // namespace
@@ -53,9 +48,7 @@ void Open(MainWindow& window, const char* list, const std::function<void(QWidget
 void TakeAutoCreatePictures(MainWindow& window, const TakePicture& take) {
   Open(window, "c:\\Evening.m3u8", [&](QWidget& form) { TakeSteps(form, window, take); });
   window.drives.Write("gone.m3u", "c:\\Old\\Night Ferry\\01 - Slack Water.mp3\r\n");
-  Open(window, "c:\\gone.m3u", [&](QWidget& form) {
-    if (QTest::qWaitForWindowActive(&form)) take("autocreate-nothing", &form);
-  });
+  Open(window, "c:\\gone.m3u", [&](QWidget& form) { take("autocreate-nothing", &form); });
 }
 
 }  // namespace qublet

@@ -2,10 +2,10 @@
 
 #include <QLabel>
 #include <QPushButton>
-#include <QTimer>
 #include <QTreeWidget>
 
 #include "support/main_window.h"
+#include "support/modal_work.h"
 
 namespace qublet {
 namespace {
@@ -28,21 +28,11 @@ class AutoCreateTest : public testing::Test {
 
   // Has `look` work in the window that the action opens; what it leaves open is closed.
   void Open(QAction& action, const std::function<void(QWidget& form)>& look) {
-    bool seen = false;
-    QTimer watch;
-    QObject::connect(&watch, &QTimer::timeout, window.main, [&] {
-      QWidget* form = QApplication::activeModalWidget();
-      if (form == nullptr) return;
-      watch.stop();
-      EXPECT_TRUE(QTest::qWaitForWindowActive(form));
-      EXPECT_EQ(form->objectName().toStdString(), "AutoCreateWizard");
-      seen = true;
-      look(*form);
-      form->close();
-    });
-    watch.start(0);
-    action.trigger();
-    EXPECT_TRUE(seen);
+    EXPECT_TRUE(WorkInModal([&] { action.trigger(); },
+                            [&](QWidget& form) {
+                              EXPECT_EQ(form.objectName().toStdString(), "AutoCreateWizard");
+                              look(form);
+                            }));
   }
   void Open(const std::function<void(QWidget& form)>& look) { Open(*window.Action("MToolsM3UWiz"), look); }
   static void Click(const QWidget& form, const char* name, int times = 1) {

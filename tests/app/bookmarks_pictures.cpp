@@ -1,7 +1,8 @@
 #include "bookmarks_pictures.h"
 
-#include <QTimer>
 #include <QTreeWidget>
+
+#include "support/modal_work.h"
 
 namespace qublet {
 namespace {
@@ -20,12 +21,10 @@ void TakeBookmarksPictures(MainWindow& window, const TakePicture& take) {
   window.dialogs.open_names = {"c:\\Evening.m3u8"};
   window.Run("MFileOpen");
   window.Run("MEditSelAll");
-  QTimer::singleShot(0, window.main, [&] {
-    QWidget* form = QApplication::activeModalWidget();
-    if (HasRows(*form)) take("bookmarks-add", form);
-    form->close();
-  });
-  window.Run("MToolsBookmarkAdd");
+  WorkInModal([&] { window.Run("MToolsBookmarkAdd"); },
+              [&](QWidget& form) {
+                if (HasRows(form)) take("bookmarks-add", &form);
+              });
   window.Run("MToolsBookmarkImport");
   for (QWidget* form : QApplication::topLevelWidgets()) {
     if (form->objectName() != u"BookmarksWizard" || !form->isVisible()) continue;

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <QPushButton>
-#include <QTimer>
 #include <QTreeWidget>
 
 #include "support/main_window.h"
+#include "support/modal_work.h"
 
 namespace qublet {
 namespace {
@@ -51,19 +51,11 @@ class BookmarksTest : public testing::Test {
 
   // Has `look` work in the modal window; what it leaves open is closed.
   void Add(const std::function<void(QWidget& form)>& look) {
-    bool seen = false;
-    QTimer watch;
-    QObject::connect(&watch, &QTimer::timeout, window.main, [&] {
-      QWidget* form = QApplication::activeModalWidget();
-      if (form == nullptr || List(*form).topLevelItemCount() == 0) return;
-      watch.stop();
-      seen = true;
-      look(*form);
-      form->close();
-    });
-    watch.start(0);
-    window.Run("MToolsBookmarkAdd");
-    EXPECT_TRUE(seen);
+    EXPECT_TRUE(WorkInModal([&] { window.Run("MToolsBookmarkAdd"); },
+                            [&](QWidget& form) {
+                              EXPECT_TRUE(QTest::qWaitFor([&] { return List(form).topLevelItemCount() > 0; }));
+                              look(form);
+                            }));
   }
   // The window that is open beside the main one, nullptr when there is none.
   QWidget* Import() {

@@ -88,6 +88,18 @@ TEST_F(DialogsTest, TakeAClosedBoxForCancel) {
   EXPECT_EQ(dialogs.ShowMessage("!", MessageIcon::kStop, MessageButtons::kOk), MessageAnswer::kOk);
 }
 
+TEST_F(DialogsTest, AskWithOkAndCancel) {
+  QMessageBox::StandardButtons shown;
+  WhenOpen<QMessageBox>([&](QMessageBox& box) {
+    shown = box.standardButtons();
+    box.button(QMessageBox::Ok)->click();
+  });
+  EXPECT_EQ(dialogs.ShowMessage("?", MessageIcon::kQuestion, MessageButtons::kOkCancel), MessageAnswer::kOk);
+  EXPECT_EQ(shown, QMessageBox::Ok | QMessageBox::Cancel);
+  WhenOpen<QMessageBox>([](QMessageBox& box) { box.close(); });
+  EXPECT_EQ(dialogs.ShowMessage("?", MessageIcon::kQuestion, MessageButtons::kOkCancel), MessageAnswer::kCancel);
+}
+
 TEST_F(DialogsTest, StandBeforeTheWindowThatTheUserWorksIn) {
   QDialog first, second;
   const auto owner = [&](QWidget& window) {

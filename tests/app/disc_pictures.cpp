@@ -3,13 +3,13 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QPushButton>
-#include <QTimer>
+
+#include "support/modal_work.h"
 
 namespace qublet {
 namespace {
 
 void TakeSteps(MainWindow& window, QWidget& form, const TakePicture& take) {
-  if (!QTest::qWaitForWindowActive(&form)) return;
   const auto click = [&](const char* name) { form.findChild<QAbstractButton*>(QString::fromUtf8(name))->click(); };
   window.dialogs.folders = {"c:\\Discs"};
   click("BrowseAssembleLoc");
@@ -31,12 +31,7 @@ void TakeSteps(MainWindow& window, QWidget& form, const TakePicture& take) {
 
 void TakeDiscPictures(MainWindow& window, const TakePicture& take) {
   window.drives.Write("Discs/Night Ferry/01 - Slack Water.mp3", "abc");
-  QTimer::singleShot(0, window.main, [&] {
-    QWidget* form = QApplication::activeModalWidget();
-    TakeSteps(window, *form, take);
-    form->close();
-  });
-  window.Run("MToolsMP3CDWiz");
+  WorkInModal([&] { window.Run("MToolsMP3CDWiz"); }, [&](QWidget& form) { TakeSteps(window, form, take); });
 }
 
 }  // namespace qublet

@@ -96,6 +96,9 @@ def new_home():
             os.environ[name] = os.path.join(home, below)
         music = pathlib.Path(home, "music")
         music.mkdir()
+        # No tip comes up over the window, and no site is asked for a newer version.
+        setting("set", "Options", "Show Tips at Startup", "0")
+        os.environ["QUBLET_SITE"] = "http://127.0.0.1"
         yield pathlib.Path(home), music
 
 

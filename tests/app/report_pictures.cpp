@@ -11,7 +11,6 @@ namespace {
 
 // The steps are numbered as they stand in the wizard, so both kinds of reports have their own third one.
 void TakeSteps(QWidget& form, const TakePicture& take) {
-  if (!QTest::qWaitForWindowActive(&form)) return;
   const auto click = [&](const char* name) { form.findChild<QPushButton*>(QString::fromUtf8(name))->click(); };
   const auto frame = [&] { return form.findChild<QStackedWidget*>(QStringLiteral("FrameStep"))->currentIndex(); };
   auto& kind = *form.findChild<QComboBox*>(QStringLiteral("RepType"));

@@ -215,6 +215,9 @@ def main():
             os.environ[name] = os.path.join(home, folder)
         music = pathlib.Path(home, "music")
         music.mkdir()
+        # No tip comes up over the window, and no site is asked for a newer version.
+        subprocess.run([PROGRAMS / "qublet", "settings", "set", "Options", "Show Tips at Startup", "0"], check=True)
+        os.environ["QUBLET_SITE"] = "http://127.0.0.1"
         for name in NAMES:
             (music / f"{name}.mp3").write_bytes(b"abc")
         Atspi.init()

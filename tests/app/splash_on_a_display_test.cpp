@@ -56,6 +56,7 @@ TEST(SplashOnADisplay, CanBeReadWhileAnotherProcessHoldsTheSettings) {
   environment.insert("HOME", home.path());
   environment.insert("XDG_CONFIG_HOME", home.filePath("config"));
   environment.insert("XDG_DATA_HOME", home.filePath("data"));
+  environment.insert("QUBLET_SITE", "http://127.0.0.1");
   QProcess program;
   program.setProcessEnvironment(environment);
   program.start(QUBLET_PROGRAM);

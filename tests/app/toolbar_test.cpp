@@ -5,7 +5,6 @@
 #include <QPushButton>
 #include <QTimer>
 #include <QToolButton>
-#include <QToolTip>
 
 #include "support/main_window.h"
 
@@ -83,12 +82,6 @@ TEST_F(ToolbarTest, RunsACommandWhoseMenuEntryIsDisabled) {
   EXPECT_FALSE(window.Action("MEditMoveUp")->isEnabled());
   Press("Move Items Up");
   EXPECT_EQ(window.Panel(1), "Total: 0");
-}
-
-TEST_F(ToolbarTest, SaysThatAToolIsNotThereYet) {
-  Press("Help");
-  EXPECT_NE(QToolTip::text().toStdString().find("later version"), std::string::npos);
-  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 TEST_F(ToolbarTest, DropsDownTheSpecialFunctions) {

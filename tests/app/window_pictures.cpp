@@ -1,5 +1,6 @@
-// window_pictures FOLDER [--dark]: writes pictures of the window in its states as PNG files into FOLDER.
+// window_pictures FOLDER [--dark] [--alone]: writes pictures of the window in its states as PNG files into FOLDER.
 //
+// With --alone each other window is taken by itself, without the main one behind it, as the help shows it.
 // The list is of made-up music on temporary drives; nothing of this user's is read. QT_SCALE_FACTOR gives the scale.
 
 #include <QDir>
@@ -16,13 +17,16 @@
 #include "desk/Status.h"
 #include "disc_pictures.h"
 #include "editor_pictures.h"
+#include "help_pictures.h"
 #include "options_pictures.h"
 #include "purge_pictures.h"
 #include "rename_pictures.h"
 #include "report_pictures.h"
 #include "search_pictures.h"
+#include "shutdown_pictures.h"
 #include "support/main_window.h"
 #include "support/mpeg_frames.h"
+#include "tips_pictures.h"
 
 namespace qublet {
 namespace {
@@ -71,10 +75,10 @@ std::unique_ptr<FileSystem> OpenClosedDrives() {
 
 class Pictures {
  public:
-  explicit Pictures(const QDir& folder) : folder_(folder) {
+  Pictures(const QDir& folder, bool alone) : folder_(folder), alone_(alone) {
     window_.Start();
     window_.settings->TA = window_.settings->SA = true;
-    window_.main->resize(1000, 480);
+    window_.main->resize(alone ? 680 : 1000, alone ? 400 : 480);
     std::string lines;
     for (const Track& track : kTracks) {
       const Bytes head{0xFF, 0xFB, track.rate_byte, 0x64};
@@ -124,6 +128,9 @@ class Pictures {
     TakeReportPictures(window_, take);
     TakeOptionsPictures(window_, take);
     TakeBookmarksPictures(window_, take);
+    TakeShutdownPictures(window_, take);
+    TakeTipsPictures(window_, take);
+    TakeHelpPictures(window_, take);
   }
 
   bool Failed() const { return failed_; }
@@ -224,8 +231,8 @@ class Pictures {
   // The window, and what has popped up over it.
   void Take(const char* name, QWidget* over = nullptr) {
     QCoreApplication::processEvents();
-    QPixmap picture = window_.main->grab();
-    if (over != nullptr) {
+    QPixmap picture = over != nullptr && alone_ ? over->grab() : window_.main->grab();
+    if (over != nullptr && !alone_) {
       const QPoint place = window_.main->mapFromGlobal(over->mapToGlobal(QPoint()));
       const QPixmap popup = over->grab();
       const QRect whole = QRect(QPoint(), window_.main->size()) | QRect(place, over->size());
@@ -249,6 +256,7 @@ class Pictures {
   }
 
   QDir folder_;
+  bool alone_;
   MainWindow window_{OpenClosedDrives};
   bool failed_ = false;
 };
@@ -276,7 +284,7 @@ int main(int argc, char** argv) {
   if (words.contains(QStringLiteral("--dark"))) QApplication::setPalette(qublet::DarkPalette());
   const QDir folder(QDir(words[1]).absolutePath());
   if (!QDir().mkpath(folder.path())) return 1;
-  qublet::Pictures pictures(folder);
+  qublet::Pictures pictures(folder, words.contains(QStringLiteral("--alone")));
   pictures.TakeAll();
   return pictures.Failed() ? 1 : 0;
 }

@@ -70,6 +70,11 @@ TEST_F(DiscCommandTest, BuildsADiscAndTellsItsWay) {
   EXPECT_TRUE(fakes_.store.AllSettings("QUBLET2021").empty());
 }
 
+TEST_F(DiscCommandTest, TakesAFolderWithOrWithoutItsLastBackslash) {
+  EXPECT_EQ(Run({"build", "c:\\discs\\mine\\"}), 0) << Err();
+  EXPECT_EQ(Run({"build", "c:\\discs\\mine"}), 0) << Err();
+}
+
 TEST_F(DiscCommandTest, TakesWhatDependsOnOthersWithoutEffect) {
   EXPECT_EQ(Build({"--auto-list", "--auto-index", "--auto-icon", "1"}), 0);
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(drives_.C() / "discs/mine"), {}), 2);

@@ -38,6 +38,16 @@ TEST_F(EngineTest, WorksWithoutAWindow) {
   EXPECT_EQ(drives_.Read("list.m3u"), "c:\\a.mp3\r\n");
 }
 
+TEST_F(EngineTest, FindsWhatCameWithTheProgramInItsOwnFolderFirst) {
+  drives_.Write("program/ReadMe.txt", "here");
+  drives_.Write("bin/ReadMe.txt", "there");
+  drives_.Write("bin/QUBLET20.htd", "there");
+  const Engine engine(services_, {"QUBLET2021", "c:\\program", "", "", {"c:\\bin"}}, ",");
+  EXPECT_EQ(engine.CompanionFile("ReadMe.txt"), "c:\\program\\ReadMe.txt");
+  EXPECT_EQ(engine.CompanionFile("QUBLET20.htd"), "c:\\bin\\QUBLET20.htd");
+  EXPECT_EQ(engine.CompanionFile("QUBLET20.hlp"), "");
+}
+
 TEST_F(EngineTest, TellsTheWindowThatShowsIt) {
   NoWindow state;
   engine_.Show(view_, state);

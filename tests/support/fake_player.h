@@ -31,12 +31,16 @@ class FakePlayerWindows : public PlayerWindows {
   bool KeepBookmarks() const override { return keep_bookmarks; }
   void Stop(const PlayerHandle& player) override { calls.push_back("stop " + player); }
   PlayingState State(const PlayerHandle& player) override { return player == running ? state : kStopped; }
-  std::int32_t Position(const PlayerHandle& player) override { return player == running ? position : -1; }
+  std::int32_t Position(const PlayerHandle& player) override {
+    if (!silent.empty() && player == silent) return kNoAnswer;
+    return player == running ? position : -1;
+  }
   void Jump(const PlayerHandle& player, std::int32_t milliseconds) override {
     calls.push_back("jump " + player + " " + std::to_string(milliseconds));
   }
 
   PlayerHandle running;
+  PlayerHandle silent;  // one that is there and answers nothing
   PlayingState state = kStopped;
   std::int32_t position = -1;
   PlayerStart start;

@@ -11,12 +11,14 @@ NAME is the part of its bus name behind "org.mpris.MediaPlayer2.". STATE is a JS
     texts     true: the id is a text instead of an object path
     metadata  false: something that is no dictionary
     entry     DesktopEntry
+    delay     seconds that an answer for the position takes
 
 LOG gets a line "ready", and a line for each call that changes something.
 """
 
 import json
 import sys
+import time
 
 import dbus
 import dbus.service
@@ -57,6 +59,8 @@ class Player(dbus.service.Object):
         told = self.told()
         if name == "PlaybackStatus" and told.get("status") is not None:
             return told["status"]
+        if name == "Position":
+            time.sleep(told.get("delay", 0))
         if name == "Position" and told.get("position") is not None:
             return TYPES[told.get("type", "x")](told["position"])
         if name == "Metadata":

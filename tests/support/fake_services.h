@@ -1,9 +1,13 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
 
+#include "platform/failure.h"
 #include "platform/services.h"
 #include "support/fake_player.h"
+#include "support/fake_power.h"
 #include "support/fake_settings_store.h"
 #include "support/fake_startup_entries.h"
 #include "support/scripted_dialogs.h"
@@ -17,7 +21,20 @@ namespace qublet {
 struct FakeServices {
   Services Over(FileSystem& files, Feedback& feedback) { return Over(files, feedback, dialogs); }
   Services Over(FileSystem& files, Feedback& feedback, Dialogs& others) {
-    return {files, store, startup, others, clock, shell, random, *collation, associations, players, feedback};
+    return {files,
+            store,
+            startup,
+            others,
+            clock,
+            shell,
+            random,
+            *collation,
+            associations,
+            players,
+            power,
+            feedback,
+            [held = sockets] { return (*held)(); },
+            [this](const std::string& key, const std::string& name) { return machine_values(key, name); }};
   }
 
   FakeSettingsStore store;
@@ -29,6 +46,11 @@ struct FakeServices {
   std::unique_ptr<Collation> collation = OpenCollation();
   FakeAssociations associations;
   FakePlayerWindows players;
+  FakePower power;
+  // Held by whatever still asks a server when the test is over.
+  std::shared_ptr<Sockets> sockets =
+      std::make_shared<Sockets>([]() -> std::unique_ptr<Socket> { throw Failure("no network"); });
+  MachineValues machine_values = [](const std::string&, const std::string&) { return std::optional<MachineValue>(); };
 };
 
 }  // namespace qublet

@@ -21,6 +21,8 @@ class MainWindow {
  public:
   explicit MainWindow(const std::function<std::unique_ptr<FileSystem>()>& open_files = OpenFileSystem)
       : files(open_files()) {
+    // No tip comes up over what a test does.
+    store.SaveSetting("QUBLET2021", "Options", "Show Tips at Startup", "0");
     Make();
   }
 

@@ -9,14 +9,16 @@
 
 namespace qublet {
 
-// A session bus of the test's own. For as long as it lives it is the one of this process and of those it starts.
+// A bus of the test's own, the session's unless another variable names the system's. For as long as it lives it is
+// the one of this process and of those it starts.
 class PrivateBus {
  public:
-  explicit PrivateBus(const TemporaryDesktop& desktop)
-      : socket_(desktop.Runtime() / "test-bus"),
-        address_("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + socket_.string()) {
+  explicit PrivateBus(const TemporaryDesktop& desktop, const std::string& variable = "DBUS_SESSION_BUS_ADDRESS")
+      : socket_(desktop.Runtime() / variable), address_(variable, "unix:path=" + socket_.string()) {
     Start();
   }
+
+  std::string Address() const { return "unix:path=" + socket_.string(); }
 
   void Start() {
     std::filesystem::remove(socket_);

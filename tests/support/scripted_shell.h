@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -15,11 +16,17 @@ class ScriptedShell : public Shell {
   std::string folder;  // of the hand-over
   bool refuses = false;
 
+  std::vector<std::string> started;  // "program <argument>"
+  std::set<std::string> foreign;     // programs that can't be started
   std::vector<std::string> explored, searched, properties;
   int volume_controls = 0;
   bool has_volume_control = true;
 
   void Open(const std::string& path) override { opened.push_back(path); }
+  bool CanStart(const std::string& program) const override { return !foreign.contains(program); }
+  void Start(const std::string& program, const std::string& argument) override {
+    started.push_back(program + " <" + argument + ">");
+  }
   void OpenAddress(const std::string& address) override { addresses.push_back(address); }
   void Explore(const std::string& path) override { explored.push_back(path); }
   void Find(const std::string& path) override { searched.push_back(path); }

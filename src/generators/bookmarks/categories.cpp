@@ -1,7 +1,11 @@
 #include "generators/bookmarks/categories.h"
 
+#include <chrono>
+#include <memory>
+#include <thread>
 #include <utility>
 
+#include "platform/held_file.h"
 #include "platform/program.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/folder_walk.h"
@@ -14,6 +18,21 @@ namespace {
 
 constexpr std::string_view kExtension = ".bm";
 constexpr const char* kDefault = "Default";
+
+// Lets another program end what it adds to the same file; after two seconds that one counts as hung. Where files
+// can't be held there is nothing to wait for.
+std::unique_ptr<HeldFile> WaitToHold(const FileSystem& files, const std::string& path) {
+  constexpr int kTries = 200;
+  constexpr int kMostFailures = 5;
+  constexpr std::chrono::milliseconds kPause{10};
+  std::unique_ptr<HeldFile> held;
+  for (int tries = 0, failures = 0; tries < kTries && failures < kMostFailures; ++tries) {
+    if (!Attempt([&] { held = HoldFile(files, path); })) ++failures;
+    if (held) break;
+    std::this_thread::sleep_for(kPause);
+  }
+  return held;
+}
 
 }  // namespace
 
@@ -60,6 +79,7 @@ Outcome Categories::CreateDefaultCategory() const {
 }
 
 Outcome Categories::AddBookmarks(const std::string& path, const Collection& paths) const {
+  const std::unique_ptr<HeldFile> alone = WaitToHold(files_, path + ".lock");
   Collection lines;
   if (FileExists(files_, path)) {
     const Outcome read = ReadLinesFromFile(files_, lines, path);

@@ -56,7 +56,7 @@ class DiscRun {
   }
 
   void CopyBrowser() {
-    Take(static_cast<bool>(CopyFileSafe(services_.files, services_.program_folder + "\\" + kBrowserProgram,
+    Take(static_cast<bool>(CopyFileSafe(services_.files, BrowserProgram(services_.files, services_.program_folder),
                                         root_ + kBrowserOnDisc)),
          kBrowserOnDisc);
   }
@@ -69,7 +69,8 @@ class DiscRun {
     record.Title = DiscTitle(plan_.CDROMLoc, services_.clock);
     record.Description.clear();
     const ReportServices services{services_.files, services_.clock, services_.thousands_separator};
-    Take(GenerateReport(services, root_ + page, CompileFiles_, record, watch_.ProgressBar1).exists, page);
+    const ReportResult made = GenerateReport(services, root_ + page, CompileFiles_, record, watch_.ProgressBar1);
+    Take(made.exists && made.written, page);
   }
 
   void CreateAutorun() {
@@ -140,6 +141,16 @@ void SetDefaultReport(const std::string& title, ReportSettings& record) {
   record.Title = title;
   record.Description.clear();
   record.ColumnChecked.fill(true);
+}
+
+std::string BrowserProgram(const FileSystem& files, const std::string& program_folder) {
+  std::string name = kBrowserOnDisc;
+  ResumeNext([&] {
+    for (const FolderEntry& entry : files.ReadFolder(program_folder)) {
+      if (LowerCase(entry.name) == kBrowserOnDisc) name = entry.name;
+    }
+  });
+  return program_folder + "\\" + name;
 }
 
 std::string DiscTitle(const std::string& name, const Clock& clock) {

@@ -10,9 +10,10 @@
 
 namespace qublet {
 
-// The browser program for a disc, as it lies in the program's folder, and as it stands on the disc.
-inline constexpr const char* kBrowserProgram = "QUBBROWS.exe";
+// The browser program as it stands on a disc.
 inline constexpr const char* kBrowserOnDisc = "qubbrows.exe";
+// The same as it lies in the program's folder, with the case it has there. The file may be missing.
+std::string BrowserProgram(const FileSystem& files, const std::string& program_folder);
 
 // A disc that is to be made. Paths are in drive form.
 struct DiscPlan {

@@ -59,10 +59,6 @@ void DiscWizard::Tell(const std::string& text, MessageIcon icon) {
   engine_.services.dialogs.ShowMessage(text, icon, MessageButtons::kOk);
 }
 
-std::string DiscWizard::BrowserProgram() const {
-  return engine_.program_folder + "\\" + kBrowserProgram;
-}
-
 DiscServices DiscWizard::Services() const {
   return {engine_.services.files, engine_.services.feedback, engine_.services.clock, engine_.thousands_separator,
           engine_.program_folder};
@@ -134,7 +130,8 @@ bool DiscWizard::CheckCompilation() {
 }
 
 void DiscWizard::PrepareExtras() {
-  view.browser_usable = FileExists(engine_.services.files, BrowserProgram());
+  view.browser_usable =
+      FileExists(engine_.services.files, BrowserProgram(engine_.services.files, engine_.program_folder));
   if (!view.browser_usable) GiveUpBrowser();
   PrepareReport();
   if (!view.choices.IconFile.empty()) ShowIconFile();
@@ -197,7 +194,7 @@ void DiscWizard::OpenFol_Click() {
 
 void DiscWizard::ShowSoftware_Click() {
   const std::string copy = CDRoot() + "\\" + kBrowserOnDisc;
-  if (CopyFileSafe(engine_.services.files, BrowserProgram(), copy)) {
+  if (CopyFileSafe(engine_.services.files, BrowserProgram(engine_.services.files, engine_.program_folder), copy)) {
     engine_.services.shell.Open(copy);
     return;
   }

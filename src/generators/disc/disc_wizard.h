@@ -74,7 +74,6 @@ class DiscWizard {
 
  private:
   std::string CDRoot() const { return view.choices.AssembleLoc + view.CDROMLoc; }
-  std::string BrowserProgram() const;
   DiscServices Services() const;
   void Tell(const std::string& text, MessageIcon icon);
   void EnableNext();

@@ -7,7 +7,7 @@
 
 namespace qublet {
 
-bool ShowItemProperties(SessionBus& bus, const std::string& native, const std::string& startup_id) {
+bool ShowItemProperties(MessageBus& bus, const std::string& native, const std::string& startup_id) {
   BusMessage call = BusCall("org.freedesktop.FileManager1", "/org/freedesktop/FileManager1",
                             "org.freedesktop.FileManager1", "ShowItemProperties");
   dbus_message_set_auto_start(call.get(), TRUE);

@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "platform/failure.h"
-#include "platform/linux/session_bus.h"
+#include "platform/linux/message_bus.h"
 
 namespace qublet {
 namespace {
@@ -198,8 +198,10 @@ class BusPlayers : public PlayerWindows {
       calls.push_back(Property(player, kPlayer, "Position"));
       const std::vector<BusMessage> answers = bus_.Ask(calls, deadline);
       const std::optional<std::int64_t> microseconds = NumberOf(answers[1]);
-      if (!answers[0] && std::chrono::steady_clock::now() >= deadline) position = kNoAnswer;
-      if (StateFrom(TextOf(answers[0])) == kStopped || !microseconds) return;
+      const bool stopped = StateFrom(TextOf(answers[0])) == kStopped;
+      const bool missing = !answers[0] || (!stopped && !answers[1]);
+      if (missing && std::chrono::steady_clock::now() >= deadline) position = kNoAnswer;
+      if (stopped || !microseconds) return;
       // At the start of a track some are a little before it, which is no reason to call them stopped.
       position = static_cast<std::int32_t>(
           std::clamp<std::int64_t>(*microseconds / 1000, 0, std::numeric_limits<std::int32_t>::max()));
@@ -305,7 +307,7 @@ class BusPlayers : public PlayerWindows {
     return best;
   }
 
-  SessionBus bus_;
+  MessageBus bus_;
 };
 
 }  // namespace

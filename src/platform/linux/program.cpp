@@ -39,6 +39,11 @@ std::string WindowProgram(const FileSystem& files) {
   return ExecutablePath(files);
 }
 
+// "/usr/share/qublet" for a program in "/usr/bin".
+std::string InstalledDataFolder(const std::string& beside) {
+  return beside.substr(0, beside.rfind('\\')) + "\\share\\qublet";
+}
+
 std::string OwnFolderOfUser(const FileSystem& files) {
   const std::string data = DataFolder();
   if (data.empty()) throw Failure("this user has no home folder");

@@ -2,10 +2,13 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <csignal>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -88,6 +91,9 @@ const Commands kTerminals{{"xdg-terminal-exec"},
                           {"alacritty", "-e"},
                           {"xterm", "-e"}};
 
+// What every program for Windows begins with.
+constexpr std::array<std::uint8_t, 2> kWindowsProgram{'M', 'Z'};
+
 // The environment of this process, with `startup_id` in place of what this process itself was started by.
 std::vector<std::string> EnvironmentFor(const std::string& startup_id) {
   std::vector<std::string> environment;
@@ -117,6 +123,21 @@ class DesktopShell : public Shell {
       const std::vector<std::string> command = CommandFor(path, files_.ToNative(path));
       if (!command.empty()) Start(command);
     });
+  }
+
+  bool CanStart(const std::string& program) const override {
+    return Guarded([&] {
+      const std::string native = NativeProgram(program);
+      struct stat status {};
+      const bool runs =
+          stat(native.c_str(), &status) == 0 && S_ISREG(status.st_mode) && access(native.c_str(), X_OK) == 0;
+      if (!runs || IsForWindows(program)) throw Failure("no program of this system");
+    });
+  }
+
+  void Start(const std::string& program, const std::string& argument) override {
+    if (!CanStart(program)) return Open(program);
+    ResumeNext([&] { Start({NativeProgram(program), argument}); });
   }
 
   void OpenAddress(const std::string& address) override {
@@ -154,6 +175,19 @@ class DesktopShell : public Shell {
   std::string HandOverFolder() override { return files_.FromNative(TemporaryFolder()); }
 
  private:
+  // A bare name would be looked for in $PATH.
+  std::string NativeProgram(const std::string& program) const {
+    const std::string native = files_.ToNative(program);
+    return native.find('/') == native.npos ? "./" + native : native;
+  }
+
+  // On a disk of Windows every file may be executed. One that can't be read is taken for a program.
+  bool IsForWindows(const std::string& program) const {
+    std::array<std::uint8_t, 2> head{};
+    ResumeNext([&] { files_.OpenForReading(program)->ReadAt(0, head); });
+    return head == kWindowsProgram;
+  }
+
   // Kinds that we know are opened by their own program or not at all: the system's opener would have a text editor
   // show a playlist.
   static std::vector<std::string> CommandFor(const std::string& path, const std::string& native) {
@@ -180,7 +214,7 @@ class DesktopShell : public Shell {
 
   const FileSystem& files_;
   StartupIds startup_ids_;
-  SessionBus bus_;
+  MessageBus bus_;
 };
 
 }  // namespace

@@ -17,6 +17,8 @@ namespace {
 
 QMessageBox::StandardButtons ButtonsFor(MessageButtons buttons) {
   switch (buttons) {
+    case MessageButtons::kOkCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
     case MessageButtons::kYesNo:
       return QMessageBox::Yes | QMessageBox::No;
     case MessageButtons::kYesNoCancel:

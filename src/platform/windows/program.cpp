@@ -101,6 +101,10 @@ std::string WindowProgram(const FileSystem& files) {
   return running.substr(0, running.rfind('\\')) + "\\QUBLET20.exe";
 }
 
+std::string InstalledDataFolder(const std::string& /*beside*/) {
+  return "";
+}
+
 std::string OwnFolderOfUser(const FileSystem& files) {
   const std::string folder = LocalDataFolder() + "\\Velmora";
   CreateDirectoryW(WideText(folder).c_str(), nullptr);

@@ -3,6 +3,7 @@
 #include "platform/windows/windows_api.h"
 
 #include <shellapi.h>
+#include <shlwapi.h>
 
 #include "platform/windows/wide_text.h"
 
@@ -14,6 +15,28 @@ class WindowsShell : public Shell {
   explicit WindowsShell(const FileSystem& files) : files_(files) {}
 
   void Open(const std::string& path) override { Execute(L"open", path); }
+
+  bool CanStart(const std::string& program) const override {
+    return Guarded([&] {
+      const std::wstring native = WideText(files_.ToNative(program));
+      DWORD kind = 0;
+      // Another ending, or none, has the user asked what to do with the file.
+      const bool named =
+          CompareStringOrdinal(PathFindExtensionW(native.c_str()), -1, L".exe", -1, TRUE) == CSTR_EQUAL;
+      if (!named || GetBinaryTypeW(native.c_str(), &kind) == 0) throw Failure("no program");
+    });
+  }
+
+  // The one argument reaches a program whole only in quotes; a path holds none.
+  void Start(const std::string& program, const std::string& argument) override {
+    ResumeNext([&] {
+      const std::wstring native = WideText(files_.ToNative(program));
+      const bool quoted = argument.find(' ') != argument.npos;
+      const std::wstring word = WideText(quoted ? '"' + argument + '"' : argument);
+      ShellExecuteW(nullptr, L"open", native.c_str(), word.c_str(), nullptr, SW_SHOWNORMAL);
+    });
+  }
+
   void OpenAddress(const std::string& address) override {
     if (IsWebAddress(address))
       ShellExecuteW(nullptr, L"open", WideText(address).c_str(), nullptr, nullptr, SW_SHOWNORMAL);

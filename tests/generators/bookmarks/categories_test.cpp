@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <thread>
+#include <vector>
+
 #include "support/scripted_dialogs.h"
 #include "support/temporary_drives.h"
 
@@ -54,6 +58,22 @@ TEST_F(CategoriesTest, SaysThatDefaultCouldNotBeMade) {
   EXPECT_FALSE(categories_.ProvideDefault());
   EXPECT_EQ(dialogs_.messages, Stop("Could not create the bookmarks system."));
   EXPECT_EQ(drives_.Read("program/Bookmarks"), "a file");
+}
+
+TEST_F(CategoriesTest, LosesNothingWhereManyAddToOneCategoryAtOnce) {
+  constexpr int kWriters = 6;
+  constexpr int kEach = 8;
+  Write("Rock.bm", "");
+  std::vector<std::jthread> writers;
+  for (int i = 0; i < kWriters; ++i) {
+    writers.emplace_back([&] {
+      for (int song = 0; song < kEach; ++song) EXPECT_TRUE(Add("Rock", {"c:\\a.mp3"}));
+    });
+  }
+  writers.clear();
+  EXPECT_EQ(std::ranges::count(Read("Rock.bm"), '\n'), kWriters * kEach);
+  EXPECT_EQ(categories_.ListCategories(), Collection{"Rock"});
+  EXPECT_FALSE(files_->Exists("c:\\program\\Bookmarks\\Rock.bm.lock"));
 }
 
 TEST_F(CategoriesTest, MakesNothingWithoutAProgramFolder) {

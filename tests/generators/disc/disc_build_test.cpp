@@ -179,6 +179,25 @@ TEST_F(DiscBuildTest, LeavesAReadOnlyFileOfAnEarlierDisc) {
   EXPECT_EQ(Top(), (Collection{"album", "autorun.inf", "notes.txt", "one.mp3", "setup.ico"}));
 }
 
+TEST_F(DiscBuildTest, FailsWithAnOldPageThatCannotBeReplaced) {
+  plan_.extras.chkCreateTable = true;
+  drives_.Write("discs/mine/MP3Index.htm", "old");
+  SetReadOnly("discs/mine/MP3Index.htm", true);
+  EXPECT_FALSE(Build().BuildOk);
+  EXPECT_EQ(Content("MP3Index.htm"), "old");
+}
+
+TEST_F(DiscBuildTest, FindsTheBrowserProgramInAnyCase) {
+  plan_.extras.chkCopyBrowser = true;
+  for (const char* name : {"qubbrows.exe", "QubBrows.EXE"}) {
+    std::filesystem::remove(drives_.C() / "program/QUBBROWS.exe");
+    drives_.Write(std::string("program/") + name, "browser");
+    EXPECT_TRUE(Build().BuildOk) << name;
+    EXPECT_EQ(Content("qubbrows.exe"), "browser");
+    std::filesystem::remove(drives_.C() / "program" / name);
+  }
+}
+
 TEST_F(DiscBuildTest, FailsWithoutTheBrowserProgramThatIsWanted) {
   plan_.extras.chkCopyBrowser = true;
   std::filesystem::remove(drives_.C() / "program/QUBBROWS.exe");

@@ -13,7 +13,7 @@ class FileManagerTest : public testing::Test {
 
   TemporaryDesktop desktop_;
   PrivateBus bus_{desktop_};
-  SessionBus session_;
+  MessageBus session_;
 };
 
 TEST_F(FileManagerTest, IsAskedForTheWindowAboutAFile) {

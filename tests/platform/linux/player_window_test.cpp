@@ -255,6 +255,12 @@ TEST_F(PlayerWindowsTest, WaitASecondForAPlayerThatHangsAndGoOnWhenItComesBack) 
   EXPECT_EQ(players_->Position(handle), 3000);
 }
 
+TEST_F(PlayerWindowsTest, CallAPositionThatComesTooLateNoAnswer) {
+  const auto player = Start("fake", R"("status": "Playing", "position": 3000000, "delay": 2)");
+  const PlayerHandle handle = players_->Find(kFake);
+  EXPECT_LT(TimeOf([&] { EXPECT_EQ(players_->Position(handle), kNoAnswer); }), kAfterOnePatience);
+}
+
 TEST_F(PlayerWindowsTest, PreferAnInstanceThatAnswersToANewerOneThatHangs) {
   const auto first = Start("fake", R"("status": "Stopped", "position": 0)");
   const PlayerHandle answering = players_->Find(kFake);

@@ -62,5 +62,29 @@ TEST_F(ProgramTest, FailsWhereNoFolderCanBeMade) {
   EXPECT_THROW(ProgramFolder(*files_), Failure);
 }
 
+TEST_F(ProgramTest, LooksForItsCompanionsBesideTheExecutableAndInTheInstalledData) {
+  const fs::path beside = Executable().parent_path();
+  EXPECT_EQ(CompanionFolders(*files_), (Names{files_->FromNative(beside.string()),
+                                              files_->FromNative((beside.parent_path() / "share/qublet").string())}));
+}
+
+TEST_F(ProgramTest, HasNoPlacesForCompanionsWhereNoDriveLeadsToTheExecutable) {
+  HideExecutable();
+  EXPECT_EQ(CompanionFolders(*files_), Names());
+}
+
+TEST_F(ProgramTest, TakesACompanionFromTheFirstFolderThatHasIt) {
+  drives_.Write("first/tips", "1");
+  drives_.Write("second/tips", "2");
+  drives_.Write("second/help/index.html", "2");
+  fs::create_directory(drives_.C() / "first/help.txt");
+  drives_.Write("second/help.txt", "2");
+  const Names folders{"", "c:\\gone", "c:\\first", "c:\\second"};
+  EXPECT_EQ(FindCompanion(*files_, folders, "tips"), "c:\\first\\tips");
+  EXPECT_EQ(FindCompanion(*files_, folders, "help\\index.html"), "c:\\second\\help\\index.html");
+  EXPECT_EQ(FindCompanion(*files_, folders, "help.txt"), "c:\\second\\help.txt");
+  EXPECT_EQ(FindCompanion(*files_, folders, "ReadMe.txt"), "");
+}
+
 }  // namespace
 }  // namespace qublet

@@ -61,6 +61,55 @@ TEST_F(ShellTest, OpensAddressesOfTheWebAndNothingElse) {
   EXPECT_EQ(Noted(), "http://x.org/?q=a b&c#d\nend\n");
 }
 
+TEST_F(ShellTest, StartsAProgramWithOneWord) {
+  const std::string name = "a tool \"'100%$HOME.sh";
+  const std::string word = "/m/b c \"d' 50%25 $x;.m3u8";
+  AddLogger(name);
+  const std::string program = files_->FromNative((desktop_.Programs() / name).string());
+  EXPECT_TRUE(shell_->CanStart(program));
+  shell_->Start(program, word);
+  EXPECT_EQ(Noted(), word + "\nend\n");
+}
+
+TEST_F(ShellTest, StartsAProgramInTheCurrentFolderNotItsNamesakeInThePath) {
+  AddLogger("tool");
+  const std::filesystem::path here = desktop_.Drives().C() / "tool";
+  TemporaryDrives::WriteAt(here,
+                           "#!/bin/sh\necho here >'" + Log().string() + "'; echo end >>'" + Log().string() + "'");
+  std::filesystem::permissions(here, std::filesystem::perms::owner_all);
+  files_->SetCurrentFolder("c:\\");
+  shell_->Start("tool", "word");
+  EXPECT_EQ(Noted(), "here\nend\n");
+}
+
+TEST_F(ShellTest, OpensWhatItCantStart) {
+  AddLogger("xdg-open");
+  desktop_.Drives().Write("page.html", "<p>");
+  EXPECT_FALSE(shell_->CanStart("c:\\page.html"));
+  shell_->Start("c:\\page.html", "word");
+  EXPECT_EQ(Noted(), (desktop_.Drives().C() / "page.html").string() + "\nend\n");
+}
+
+TEST_F(ShellTest, StartsNoProgramForWindowsAndNoFolder) {
+  const std::filesystem::path tool = desktop_.Drives().C() / "tool.exe";
+  TemporaryDrives::WriteAt(tool, "MZ\x90");
+  std::filesystem::permissions(tool, std::filesystem::perms::owner_all);
+  EXPECT_FALSE(shell_->CanStart("c:\\tool.exe"));
+  TemporaryDrives::WriteAt(tool, "#!/bin/sh\n");
+  EXPECT_TRUE(shell_->CanStart("c:\\tool.exe")) << "what a file is called doesn't count";
+  std::filesystem::permissions(tool, std::filesystem::perms::owner_read);
+  EXPECT_FALSE(shell_->CanStart("c:\\tool.exe"));
+  for (const char* path : {"c:\\", "c:\\gone", "q:\\a", ""}) EXPECT_FALSE(shell_->CanStart(path)) << path;
+}
+
+TEST_F(ShellTest, SaysNothingOfAProgramThatCantRun) {
+  const std::filesystem::path tool = desktop_.Drives().C() / "tool";
+  TemporaryDrives::WriteAt(tool, "#!/no/such/interpreter\n");
+  std::filesystem::permissions(tool, std::filesystem::perms::owner_all);
+  shell_->Start("c:\\tool", "word");
+  EXPECT_TRUE(NothingComes());
+}
+
 TEST_F(ShellTest, LeavesOtherFilesAndFoldersToTheSystem) {
   AddLogger("xdg-open");
   shell_->Open("c:\\folder");

@@ -31,6 +31,11 @@ TEST_F(WindowsProgramTest, TakesPathsInTheLetterCaseOfTheDisk) {
   EXPECT_EQ(PathFromArgument(*files_, "c:\\gone\\New.m3u"), "c:\\gone\\New.m3u");
 }
 
+TEST_F(WindowsProgramTest, LooksForItsCompanionsBesideTheExecutable) {
+  const std::string path = ExecutablePath(*files_);
+  EXPECT_EQ(CompanionFolders(*files_), Names{path.substr(0, path.rfind('\\'))});
+}
+
 TEST_F(WindowsProgramTest, HasAFolderOfThisUserElse) {
   unsetenv("QUBLET_DOSDEVICES");  // the real drives
   files_ = OpenFileSystem();

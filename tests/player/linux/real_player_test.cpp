@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "platform/linux/desktop_entry.h"
 #include "platform/startup_entry.h"
 #include "player/player_link.h"
@@ -9,57 +7,14 @@
 #include "player/preview.h"
 #include "playlist/m3u_lines.h"
 #include "playlist/paths/text_files.h"
-#include "support/fake_services.h"
-#include "support/private_bus.h"
+#include "support/real_player_test_base.h"
 
 namespace qublet {
 namespace {
 
-// Of mono samples of one byte, 8000 a second.
-std::string WavOf(double seconds) {
-  const auto count = static_cast<std::uint32_t>(std::lround(seconds * 8000));
-  const auto number = [](std::uint32_t value, int bytes) {
-    std::string text;
-    for (int i = 0; i < bytes; ++i) text += static_cast<char>(value >> (8 * i) & 0xFF);
-    return text;
-  };
-  return "RIFF" + number(36 + count, 4) + "WAVEfmt " + number(16, 4) + number(1, 2) + number(1, 2) + number(8000, 4) +
-         number(8000, 4) + number(1, 2) + number(8, 2) + "data" + number(count, 4) + std::string(count, '\x80');
-}
-
-// The whole way with a real player on a bus of its own: rows, temporary playlist, association, start, steering.
-class RealPlayer : public testing::Test {
+// The whole way with a real player: rows, temporary playlist, association, start, steering.
+class RealPlayer : public RealPlayerTestBase {
  protected:
-  RealPlayer() {
-    const std::string root = Root().string();
-    // Wherever it runs it says what it plays, and its number, so that it can be ended here.
-    desktop_.AddProgram("mpv", "echo $$ >>'" + root + "/numbers'\nexport HOME='" + root + "'\nexec " +
-                                   QUBLET_REAL_PLAYER " --no-terminal --ao=null --no-video --log-file='" + root +
-                                   "/log'.$$ \"$@\"\n");
-    InstallAs("--idle=yes");
-    std::filesystem::create_directories(Root() / "c/program");
-  }
-
-  ~RealPlayer() override {
-    for (const pid_t number : Numbers()) kill(number, SIGKILL);
-  }
-
-  std::filesystem::path Root() const { return desktop_.Drives().Root(); }
-
-  void InstallAs(const std::string& options, const std::string& id = "mpv") const {
-    TemporaryDesktop::AddEntry(desktop_.Data(), id,
-                               "Exec=mpv " + options + " -- %U\nCategories=AudioVideo;Audio;Player;\n" +
-                                   "MimeType=audio/x-mpegurl;audio/mpegurl;audio/x-wav;\n");
-  }
-
-  // The players started so far, oldest first.
-  std::vector<pid_t> Numbers() const {
-    std::vector<pid_t> numbers;
-    std::istringstream lines(TemporaryDrives::ReadAt(Root() / "numbers"));
-    for (pid_t number = 0; lines >> number;) numbers.push_back(number);
-    return numbers;
-  }
-
   // What the player with that place has played, in order.
   std::vector<std::string> Played(std::size_t place = 0) const {
     std::vector<std::string> played;
@@ -111,19 +66,11 @@ class RealPlayer : public testing::Test {
     return player;
   }
 
-  TemporaryDesktop desktop_;
-  PrivateBus bus_{desktop_};
-  std::unique_ptr<FileSystem> files_ = OpenFileSystem();
-  std::unique_ptr<Shell> shell_ = OpenShell(*files_);
-  std::unique_ptr<Associations> associations_ = OpenAssociations(*files_);
-  std::unique_ptr<PlayerWindows> players_ = OpenPlayerWindows();
   Document document_;
   Feedback feedback_;
   MainView view_;
-  FakeServices fakes_;
-  ScriptedDialogs& dialogs_ = fakes_.dialogs;
   Services services_{*files_,       fakes_.store,      fakes_.startup, dialogs_,  fakes_.clock, *shell_,
-                     fakes_.random, *fakes_.collation, *associations_, *players_, feedback_};
+                     fakes_.random, *fakes_.collation, *associations_, *players_, fakes_.power, feedback_};
   Items items_{document_, *files_, feedback_, view_, ","};
   PlayerLink link_{document_, services_, "c:\\program"};
   Preview preview_{document_, items_, services_, "c:\\program"};

@@ -159,7 +159,7 @@ void AutoCreateWizard::Render() {
     option->setEnabled(view.modes);
     option->setChecked(view.mode == mode);
   }
-  MyFolderLine->Report(ShownText(creator_.MyFolder()));
+  MyFolderLine->Report(view.mode == AutoCreateMode::kMyFolderOnly ? ShownText(creator_.MyFolder()) : QString());
   if (Parameters->text().toStdString() != view.Parameters)
     Parameters->setText(QString::fromStdString(view.Parameters));
   TestOutput->Report(ShownText(view.TestOutput));

@@ -12,6 +12,7 @@ namespace qublet {
 namespace {
 
 constexpr int kLettersAcross = 76;
+constexpr int kLinesOfLabel7 = 5;  // what is said at the end
 
 void RenderBox(QCheckBox& box, bool ticked, bool usable) {
   box.setChecked(ticked);
@@ -35,6 +36,7 @@ MP3CDWizard::MP3CDWizard(Engine& engine, QWidget* parent) : BarlessDialog(parent
   wizard_.Load();
   ShowRecent();
   Render();
+  Label7->setMinimumHeight(kLinesOfLabel7 * fontMetrics().lineSpacing());
   resize(sizeHint().expandedTo({kLettersAcross * fontMetrics().averageCharWidth(), 0}));
   BrowseAssembleLoc->setFocus();
 }

@@ -9,6 +9,12 @@
 
 namespace qublet {
 
+namespace {
+
+constexpr int kPicture = 48;  // pixels across, as far as is known before there is one
+
+}  // namespace
+
 BurnIcon::BurnIcon(QWidget* parent) : QListWidget(parent) {
   setViewMode(QListView::IconMode);
   setMovement(QListView::Static);
@@ -23,6 +29,10 @@ void BurnIcon::ShowDisc(const QString& caption, const QPixmap& picture,
   for (const std::string& path : native_paths) addresses_ << FileUrl(path);
   setIconSize(picture.deviceIndependentSize().toSize());
   setCurrentItem(new QListWidgetItem(QIcon(picture), caption, this));
+}
+
+QSize BurnIcon::minimumSizeHint() const {
+  return {2 * kPicture, kPicture + 3 * fontMetrics().lineSpacing()};  // the picture and its caption
 }
 
 void BurnIcon::Clear() {

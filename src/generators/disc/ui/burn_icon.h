@@ -19,6 +19,7 @@ class BurnIcon : public QListWidget {
   // `native_paths` are given to whoever takes it, for copying.
   void ShowDisc(const QString& caption, const QPixmap& picture, const std::vector<std::string>& native_paths);
   void Clear();
+  QSize minimumSizeHint() const override;
 
  protected:
   void startDrag(Qt::DropActions actions) override;

@@ -35,6 +35,9 @@ class MP3CDWizardTest : public EditorTestBase {
     auto& button = Find<QAbstractButton>(name);
     QTest::mouseClick(&button, Qt::LeftButton, Qt::NoModifier, QPoint(8, button.height() / 2));
   }
+  void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(wizard_->windowHandle(), key, modifiers);
+  }
   bool Usable(const char* name) { return Find<QWidget>(name).isEnabled(); }
   bool Ticked(const char* name) { return Find<QCheckBox>(name).isChecked(); }
   int Frame() { return Find<QStackedWidget>("FrameStep").currentIndex(); }
@@ -118,15 +121,16 @@ TEST_F(MP3CDWizardTest, GoesThroughItsStepsByTheKeyboard) {
   Open();
   ChooseRoot();
   TypeName("mine");
-  QTest::keyClick(wizard_.get(), Qt::Key_Return);
+  Press(Qt::Key_Return);
   EXPECT_EQ(Frame(), 1);
-  QTest::keyClick(wizard_.get(), Qt::Key_O, Qt::AltModifier);
-  EXPECT_EQ(fakes_.shell.explored, std::vector<std::string>{"c:\\discs\\mine"});
-  QTest::keyClick(wizard_.get(), Qt::Key_Return);
+  Press(Qt::Key_O, Qt::AltModifier);
+  EXPECT_TRUE(
+      QTest::qWaitFor([this] { return fakes_.shell.explored == std::vector<std::string>{"c:\\discs\\mine"}; }));
+  Press(Qt::Key_Return);
   EXPECT_EQ(Frame(), 2);
-  QTest::keyClick(wizard_.get(), Qt::Key_A, Qt::AltModifier);
-  EXPECT_TRUE(Ticked("chkCreateAutorun"));
-  QTest::keyClick(wizard_.get(), Qt::Key_Escape);
+  Press(Qt::Key_A, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Ticked("chkCreateAutorun"); }));
+  Press(Qt::Key_Escape);
   EXPECT_FALSE(wizard_->isVisible());
 }
 

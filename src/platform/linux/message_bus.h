@@ -15,14 +15,17 @@ using BusMessage = std::unique_ptr<DBusMessage, UnrefMessage>;
 
 using Deadline = std::chrono::steady_clock::time_point;
 
-// This user's session bus, where the programs of a desktop talk to each other. Connected when first needed and anew
-// when the bus has gone; a session without one has nobody to talk to. No bus is ever started for us.
-class SessionBus {
+// One of the two buses: this user's session's, where the programs of a desktop talk to each other, or the system's,
+// where its services are asked. Connected when first needed and anew when the bus has gone; where there is none there
+// is nobody to talk to. No bus is ever started for us.
+class MessageBus {
  public:
-  SessionBus() = default;
-  ~SessionBus() { Close(); }
-  SessionBus(const SessionBus&) = delete;
-  SessionBus& operator=(const SessionBus&) = delete;
+  enum class Whose { kSession, kSystem };
+
+  explicit MessageBus(Whose whose = Whose::kSession) : whose_(whose) {}
+  ~MessageBus() { Close(); }
+  MessageBus(const MessageBus&) = delete;
+  MessageBus& operator=(const MessageBus&) = delete;
 
   // Sends all calls at once and waits for their answers, until `deadline` at the latest. One answer a call, in their
   // order; none for a call that failed or wasn't answered in time.
@@ -34,6 +37,7 @@ class SessionBus {
   std::vector<BusMessage> SendAndWait(const std::vector<BusMessage>& calls, Deadline deadline);
   void Close();
 
+  const Whose whose_;
   DBusConnection* connection_ = nullptr;
 };
 

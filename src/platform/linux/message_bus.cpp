@@ -1,4 +1,4 @@
-#include "platform/linux/session_bus.h"
+#include "platform/linux/message_bus.h"
 
 #include <unistd.h>
 
@@ -11,14 +11,26 @@
 namespace qublet {
 namespace {
 
+// What the user's surroundings say, "" when they say nothing.
+std::string AddressTold(const char* variable) {
+  const char* address = std::getenv(variable);
+  return address != nullptr ? address : "";
+}
+
 // "" for a session without a bus. The library's own search would start one.
-std::string Address() {
-  const char* address = std::getenv("DBUS_SESSION_BUS_ADDRESS");
-  if (address != nullptr && *address != '\0') return address;
+std::string SessionAddress() {
+  std::string address = AddressTold("DBUS_SESSION_BUS_ADDRESS");
+  if (!address.empty()) return address;
   const char* runtime = std::getenv("XDG_RUNTIME_DIR");
   const std::string socket = std::string(runtime != nullptr ? runtime : "") + "/bus";
   return runtime != nullptr && *runtime == '/' && access(socket.c_str(), R_OK | W_OK) == 0 ? "unix:path=" + socket
                                                                                            : "";
+}
+
+// It stands at the same place on every system.
+std::string SystemAddress() {
+  const std::string address = AddressTold("DBUS_SYSTEM_BUS_ADDRESS");
+  return address.empty() ? "unix:path=/run/dbus/system_bus_socket" : address;
 }
 
 int MillisecondsUntil(Deadline deadline) {
@@ -62,10 +74,10 @@ BusMessage BusCall(const char* destination, const char* path, const char* interf
   return call;
 }
 
-bool SessionBus::Connect(Deadline deadline) {
+bool MessageBus::Connect(Deadline deadline) {
   if (connection_ != nullptr && dbus_connection_get_is_connected(connection_)) return true;
   Close();
-  const std::string address = Address();
+  const std::string address = whose_ == Whose::kSession ? SessionAddress() : SystemAddress();
   if (address.empty()) return false;
   connection_ = dbus_connection_open_private(address.c_str(), nullptr);
   if (connection_ == nullptr) return false;
@@ -77,14 +89,14 @@ bool SessionBus::Connect(Deadline deadline) {
   return false;
 }
 
-void SessionBus::Close() {
+void MessageBus::Close() {
   if (connection_ == nullptr) return;
   dbus_connection_close(connection_);
   dbus_connection_unref(connection_);
   connection_ = nullptr;
 }
 
-std::vector<BusMessage> SessionBus::SendAndWait(const std::vector<BusMessage>& calls, Deadline deadline) {
+std::vector<BusMessage> MessageBus::SendAndWait(const std::vector<BusMessage>& calls, Deadline deadline) {
   std::vector<Pending> pending;
   for (const BusMessage& call : calls) pending.emplace_back(connection_, call.get());
   while (!std::ranges::all_of(pending, &Pending::IsOver)) {
@@ -96,12 +108,12 @@ std::vector<BusMessage> SessionBus::SendAndWait(const std::vector<BusMessage>& c
   return answers;
 }
 
-std::vector<BusMessage> SessionBus::Ask(const std::vector<BusMessage>& calls, Deadline deadline) {
+std::vector<BusMessage> MessageBus::Ask(const std::vector<BusMessage>& calls, Deadline deadline) {
   if (!Connect(deadline)) return std::vector<BusMessage>(calls.size());
   return SendAndWait(calls, deadline);
 }
 
-BusMessage SessionBus::Ask(BusMessage call, Deadline deadline) {
+BusMessage MessageBus::Ask(BusMessage call, Deadline deadline) {
   std::vector<BusMessage> calls;
   calls.push_back(std::move(call));
   return std::move(Ask(calls, deadline).front());
