@@ -137,6 +137,9 @@ class FileSystem {
   // The same for a file.
   virtual std::optional<FileIdentity> IdentityOfFile(const std::string& path) const = 0;
 
+  // Where a symbolic link to a file leads in the end; nothing for what is no link. Never throws.
+  virtual std::optional<std::string> LinkedFile(const std::string&) const { return std::nullopt; }
+
   // Which places aren't there now. Ends before this does.
   virtual std::unique_ptr<AbsentPlaces> FindAbsentPlaces() const = 0;
 

@@ -5,7 +5,6 @@
 #include "playlist/m3u_lines.h"
 #include "playlist/own_playlists.h"
 #include "playlist/paths/folder_walk.h"
-#include "playlist/paths/text_files.h"
 
 namespace qublet {
 
@@ -55,7 +54,7 @@ void Preview::FillFileArray(std::int16_t mode, const Selection& selection) {
 // The playlist to be opened; "" when it couldn't be written.
 std::string Preview::WritePlaylist() {
   const std::string own = TempPlaylist(program_folder_);
-  if (!WriteLinesToFile(services_.files, own, document_.FileArray)) return "";
+  if (!WritePlainLines(services_.files, own, document_.FileArray)) return "";
   std::string playlist;
   ResumeNext([&] {
     const std::string folder = services_.shell.HandOverFolder();

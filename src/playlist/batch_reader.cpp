@@ -4,8 +4,6 @@
 #include <chrono>
 #include <iterator>
 
-#include "playlist/row_filling.h"
-
 namespace qublet {
 namespace {
 
@@ -45,7 +43,8 @@ void BatchReader::Work(const std::function<void()>& file_read) {
       if (given_up_) break;
       part->rows.push_back(std::make_unique<Row>());
       // A row that couldn't be filled to its end stays as it is; the batch goes on.
-      ReadRow(files_, path, order++, thousands_separator_, *part->rows.back());
+      make_row_(static_cast<std::size_t>(order - first_order_), path, order, *part->rows.back());
+      ++order;
       ++done_;
       file_read();
     }

@@ -5,9 +5,10 @@
 #include <vector>
 
 #include "playlist/expansion.h"
-#include "playlist/m3u_lines.h"
+#include "playlist/own_playlists.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/folder_walk.h"
+#include "playlist/playlist_lines.h"
 #include "playlist/row_filling.h"
 #include "playlist/row_paths.h"
 #include "playlist/stoppable_change.h"
@@ -36,23 +37,49 @@ void Items::AddByKind(const FileDetails& details, int InsertPoint) {
       break;
     case StuffKind::kPlaylist:
       files_.SetCurrentFolder(FolderOfPlaylist(details.Path));
-      DestroyFileArray(document_);
-      ReadPlaylistLines(files_, details.Path, document_.FileArray).OrThrow();
-      LoadFileArrayToList(InsertPoint);
+      AddPlaylist(details.Path, InsertPoint);
       break;
   }
 }
 
+void Items::AddPlaylist(const std::string& path, int InsertPoint) {
+  DestroyFileArray(document_);
+  PlaylistLines playlist;
+  ReadPlaylist(files_, path, playlist, document_.FileArray).OrThrow();
+  const int more = static_cast<int>(document_.FileArray.size()) + document_.ListView1.Count() - RowStore::MaxRows;
+  last_playlist_ = {FormToKeep(files_, path, playlist.content), std::max(more, 0)};
+  const auto source = std::make_shared<const KeptLine::Source>(KeptLine::Source{FolderOfPlaylist(path), playlist.native});
+  LoadFileArray(InsertPoint, [&](std::size_t place) {
+    return std::make_shared<const KeptLine>(KeptLine{std::string(playlist.lines[place]), source});
+  });
+}
+
 Outcome Items::AddStuff(std::string filename, bool ReSelect, int& InsertPoint) {
+  last_playlist_ = {};
+  return AddRows(ReSelect, InsertPoint, [&] {
+    FileDetails details;
+    GetFileDetails(files_, filename, details);
+    AddByKind(details, InsertPoint);
+  });
+}
+
+Outcome Items::AddOwnPlaylist(const std::string& path) {
+  int at_the_end = 0;
+  return AddRows(false, at_the_end, [&] {
+    files_.SetCurrentFolder(FolderOfPlaylist(path));
+    DestroyFileArray(document_);
+    ReadOwnPlaylist(files_, path, document_.FileArray).OrThrow();
+    LoadFileArrayToList(at_the_end);
+  });
+}
+
+Outcome Items::AddRows(bool ReSelect, int& InsertPoint, const std::function<void()>& add) {
   const WaitCursor wait(feedback_);
   RowStore& list = document_.ListView1;
   return Attempt([&] {
     const int before = list.Count();
     if (InsertPoint < 1) InsertPoint = before + 1;
-    FileDetails details;
-    GetFileDetails(files_, filename, details);
-    AddByKind(details, InsertPoint);
-
+    add();
     const int after = list.Count();
     if (after == before) throw Failure(Stopped() ? "stopped" : "nothing to list");
     if (ReSelect) {
@@ -70,20 +97,33 @@ void Items::SaveFileArrayFromList(bool Mode) {
 }
 
 void Items::LoadFileArrayToList(int InsertPoint) {
-  BatchReader reader(files_, document_.ListView1.Count() + 1, thousands_separator_);
+  LoadFileArray(InsertPoint, {});
+}
+
+void Items::LoadFileArray(int InsertPoint, const KeptLines& lines) {
+  BatchReader reader(document_.ListView1.Count() + 1, RowMaker(lines));
   AddFromFileArray(reader, 0);
   LoadBatch(reader, InsertPoint);
 }
 
 void Items::AddFolder(const std::string& folder, int InsertPoint) {
   DestroyFileArray(document_);
-  BatchReader reader(files_, document_.ListView1.Count() + 1, thousands_separator_);
+  BatchReader reader(document_.ListView1.Count() + 1, RowMaker({}));
   std::size_t handed_over = 0;
   WalkFolder(files_, feedback_, folder, FileFilters(), document_.FileArray, true, false, [&] {
     AddFromFileArray(reader, handed_over);
     handed_over = document_.FileArray.size();
   });
   LoadBatch(reader, InsertPoint);
+}
+
+BatchReader::MakeRow Items::RowMaker(KeptLines lines) const {
+  return [this, lines = std::move(lines)](std::size_t place, const std::string& path, int original_order, Row& row) {
+    MediaInfo info;
+    ReadFacts(files_, path, info);
+    if (!info.Found && lines) row.kept = lines(place);
+    WriteRow(std::move(info), original_order, thousands_separator_, row);
+  };
 }
 
 // "Original Order" is a 16-bit number: the items beyond it are refused one by one, which leaves the first ones.
@@ -134,7 +174,7 @@ void Items::MViewRefresh_Click() {
     DestroyFileArray(document_);
     SaveFileArrayFromList(true);
     change.ClearList();
-    LoadFileArrayToList(1);
+    LoadFileArray(1, [&](std::size_t place) { return change.Cleared()[place]->kept; });
   }
   if (!Stopped()) MEditSelNone_Click();
 }

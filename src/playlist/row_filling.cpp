@@ -2,17 +2,25 @@
 
 #include <utility>
 
-#include "media/media_info.h"
 #include "playlist/paths/formats.h"
 #include "playlist/paths/text.h"
 
 namespace qublet {
 
+void ReadFacts(const FileSystem& files, const std::string& path, MediaInfo& info) {
+  info = {};
+  GetMediaInfo(files, path, info);
+  if (!info.Valid && !Contains(path, ":")) ResumeNext([&] { CompleteFolder(files, info); });
+}
+
 Outcome ReadRow(const FileSystem& files, const std::string& path, int original_order,
                 const std::string& thousands_separator, Row& row) {
   MediaInfo info;
-  GetMediaInfo(files, path, info);
-  if (!info.Valid && !Contains(path, ":")) ResumeNext([&] { CompleteFolder(files, info); });
+  ReadFacts(files, path, info);
+  return WriteRow(std::move(info), original_order, thousands_separator, row);
+}
+
+Outcome WriteRow(MediaInfo info, int original_order, const std::string& thousands_separator, Row& row) {
   row.cells[kFileName] = std::move(info.FileName);
   return Attempt([&] {
     if (Contains(info.Bitrate, "VBR")) info.Length = VbrLength(info.Size, info.Bitrate);

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "media/media_info.h"
 #include "platform/file_system.h"
 #include "playlist/row_store.h"
 
@@ -13,5 +14,9 @@ namespace qublet {
 // missing or damaged, so that the item can be saved as what it was. Safe to call from several threads.
 Outcome ReadRow(const FileSystem& files, const std::string& path, int original_order,
                 const std::string& thousands_separator, Row& row);
+
+// Its two steps: what is known of a file, and the cells of that.
+void ReadFacts(const FileSystem& files, const std::string& path, MediaInfo& info);
+Outcome WriteRow(MediaInfo info, int original_order, const std::string& thousands_separator, Row& row);
 
 }  // namespace qublet
