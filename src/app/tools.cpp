@@ -1,8 +1,8 @@
 #include "app/tools.h"
 
 #include "generators/autocreate/ui/add_autocreate.h"
-#include "generators/disc/ui/add_disc.h"
 #include "generators/bookmarks/ui/add_bookmarks.h"
+#include "generators/disc/ui/add_disc.h"
 #include "generators/report/ui/add_report.h"
 #include "media/editor/ui/add_tag_editor.h"
 #include "player/ui/play_commands.h"

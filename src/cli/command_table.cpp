@@ -5,8 +5,8 @@
 #include <ostream>
 
 #include "cli/autocreate_command.h"
-#include "cli/disc_command.h"
 #include "cli/bookmarks_command.h"
+#include "cli/disc_command.h"
 #include "cli/list_command.h"
 #include "cli/name_command.h"
 #include "cli/play_command.h"

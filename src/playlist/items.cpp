@@ -48,7 +48,8 @@ void Items::AddPlaylist(const std::string& path, int InsertPoint) {
   ReadPlaylist(files_, path, playlist, document_.FileArray).OrThrow();
   const int more = static_cast<int>(document_.FileArray.size()) + document_.ListView1.Count() - RowStore::MaxRows;
   last_playlist_ = {FormToKeep(files_, path, playlist.content), std::max(more, 0)};
-  const auto source = std::make_shared<const KeptLine::Source>(KeptLine::Source{FolderOfPlaylist(path), playlist.native});
+  const auto source =
+      std::make_shared<const KeptLine::Source>(KeptLine::Source{FolderOfPlaylist(path), playlist.native});
   LoadFileArray(InsertPoint, [&](std::size_t place) {
     return std::make_shared<const KeptLine>(KeptLine{std::string(playlist.lines[place]), source});
   });
@@ -121,8 +122,13 @@ BatchReader::MakeRow Items::RowMaker(KeptLines lines) const {
   return [this, lines = std::move(lines)](std::size_t place, const std::string& path, int original_order, Row& row) {
     MediaInfo info;
     ReadFacts(files_, path, info);
-    if (!info.Found && lines) row.kept = lines(place);
+    const bool found = info.Found;
     WriteRow(std::move(info), original_order, thousands_separator_, row);
+    if (!lines) return;
+    // A row may name another place than the line does that it came from.
+    const std::string full = row.FullPath();
+    const bool named = found && (full == path || Guarded([&] { files_.FileLength(full); }));
+    if (!named) row.kept = lines(place);
   };
 }
 

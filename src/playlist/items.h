@@ -46,8 +46,8 @@ class Items {
     return AddStuff(filename, ReSelect, at_the_end);
   }
 
-  // Adds the rows of a playlist that this program wrote for itself at the end of the list (see ReadOwnPlaylist), else as
-  // AddStuff does.
+  // Adds the rows of a playlist that this program wrote for itself at the end of the list (see ReadOwnPlaylist), else
+  // as AddStuff does.
   Outcome AddOwnPlaylist(const std::string& path);
   // Of the last call of AddStuff; nothing special unless that was for a playlist.
   const PlaylistFacts& LastPlaylist() const { return last_playlist_; }

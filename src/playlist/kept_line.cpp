@@ -71,7 +71,8 @@ std::optional<std::string> InOtherType(const FileSystem& files, const KeptLine& 
   const std::string bare(Bare(text));
   if (IsAddress(bare)) return std::nullopt;
   const bool own_form_has_drives = OwnFormHasDrives(files);
-  if (!HasDrive(bare) && (bare.empty() || !IsSeparator(bare[0]))) return RelativeIn(native, own_form_has_drives, text);
+  if (!HasDrive(bare) && (bare.empty() || !IsSeparator(bare[0])))
+    return RelativeIn(native, own_form_has_drives, text);
   const bool of_a_drive = IsRooted(bare) && bare[0] == '\\';
   const std::string whole = of_a_drive ? line.source->folder.substr(0, 2) + bare : bare;
   return native ? InNativeForm(files, whole) : InDriveForm(files, whole);

@@ -27,12 +27,13 @@ struct KeptLine {
 // Called from several threads at once.
 using KeptLines = std::function<std::shared_ptr<const KeptLine>(std::size_t place)>;
 
-// Whether the line names the same file in a playlist in that folder: it is absolute, or it was read against the folder.
+// Whether the line names the same file in a playlist in that folder: it is absolute, or it was read against the
+// folder.
 bool StandsIn(const KeptLine& line, const std::string& folder);
 
-// The line as text of a playlist of the other type: a relative one with that type's separators, an absolute one in its
-// form. Nothing where the line stays as it is: an address, and what would need a drive that isn't there or letters that
-// stand in for others.
+// The line as text of a playlist of the other type: a relative one with that type's separators, an absolute one in
+// its form. Nothing where the line stays as it is: an address, and what would need a drive that isn't there or
+// letters that stand in for others.
 std::optional<std::string> InOtherType(const FileSystem& files, const KeptLine& line, const LanguageCodePage& page);
 
 }  // namespace qublet

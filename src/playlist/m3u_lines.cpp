@@ -12,7 +12,6 @@
 #include "playlist/paths/text.h"
 #include "playlist/paths/text_files.h"
 #include "playlist/playlist_lines.h"
-#include "playlist/paths/text_files.h"
 
 namespace qublet {
 namespace {
@@ -39,7 +38,7 @@ std::string HandOverLine(const FileSystem& files, const std::string& path) {
   std::string whole;
   ResumeNext([&] { whole = files.ToNative(path); });
   return whole.starts_with('/') && whole.find_first_of("#%?\r\n") != whole.npos ? FileAddress(whole)
-                                                                               : NativePath(files, path);
+                                                                                : NativePath(files, path);
 }
 
 }  // namespace

@@ -35,10 +35,10 @@ bool ReadPlaylistText(const FileSystem& files, std::string_view bytes, bool nati
 // read.
 int CountOtherLines(const FileSystem& files, const std::string& path);
 
-// A playlist file put together item by item. An item's line is its full path in the file's form, or with `Relative` what
-// the folder of the playlist leaves of it (see RelativeLines; only ".m3u8" has lines that leave the folder). A line that
-// would be misread becomes a full path, and what this system can't say in its own form (a drive it doesn't have, an
-// end of line in a name) a path in drive form. An address stands bare.
+// A playlist file put together item by item. An item's line is its full path in the file's form, or with `Relative`
+// what the folder of the playlist leaves of it (see RelativeLines; only ".m3u8" has lines that leave the folder). A
+// line that would be misread becomes a full path, and what this system can't say in its own form (a drive it doesn't
+// have, an end of line in a name) a path in drive form. An address stands bare.
 class PlaylistText {
  public:
   // `form` is that of a new playlist unless it is given.
@@ -46,7 +46,8 @@ class PlaylistText {
                const std::optional<PlaylistForm>& form = {});
 
   // Appends an item. The two parts of its path come apart, as rows hold them: most lines need no joined text. `kept`
-  // is the line that it came from, if its file isn't there: that goes back byte for byte where it still says the same.
+  // is the line that it came from, if its file isn't there: that goes back byte for byte where it still says the
+  // same.
   void Add(const std::string& folder, const std::string& name, const KeptLine* kept = nullptr);
   // How many items of a relative playlist have got their full paths; addresses don't count.
   int LeftAbsolute() const { return left_absolute_; }
@@ -65,8 +66,8 @@ class PlaylistText {
   const bool native_type_;  // ".m3u8"
   const PlaylistForm form_;
   const bool own_form_has_drives_;
-  std::optional<RelativeLines> relative_;   // nothing when lines are full paths
-  std::optional<LanguageCodePage> page_;    // once a line was decoded
+  std::optional<RelativeLines> relative_;  // nothing when lines are full paths
+  std::optional<LanguageCodePage> page_;   // once a line was decoded
   int left_absolute_ = 0;
   TextWriter writer_;
 };

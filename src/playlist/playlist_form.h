@@ -20,8 +20,8 @@ struct PlaylistForm {
 PlaylistForm NewForm(std::string_view path);
 
 // The form that a playlist with this content came in and goes back in, where that isn't the one of a new playlist: a
-// plain one of a player of this system, whose paths have no drives here. A "/" in at least one line tells it, unless a
-// line has a drive, a "\" or CR LF; addresses don't count. `content` is as PlaylistLines has it.
+// plain one of a player of this system, whose paths have no drives here. A "/" in at least one line tells it, unless
+// a line has a drive, a "\" or CR LF; addresses don't count. `content` is as PlaylistLines has it.
 std::optional<PlaylistForm> FormToKeep(const FileSystem& files, const std::string& path, std::string_view content);
 
 }  // namespace qublet

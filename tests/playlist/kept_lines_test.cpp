@@ -39,12 +39,34 @@ class KeptLinesTest : public PlaylistFilesTest {
 };
 
 TEST_F(KeptLinesTest, GoBackByteForByte) {
-  for (const std::string line :
-       {"gone.mp3", "C:\\gone\\X.mp3", "c:\\gone\\..\\x.mp3", "c:/gone/x.mp3", "..\\x.mp3", ".\\x.mp3", "\\gone\\x.mp3",
-        "\\\\server\\share\\x.mp3", "q:\\no drive.mp3", "gone\\x.mp3", "gone/x.mp3", "/gone/x.mp3", "gone/x\\y.mp3",
-        "http://host/a%20b.mp3?x=1", "HTTP://host/x.mp3", "file:///gone/a%20b.mp3", "  x.mp3\t", "x.mp3 ", "a\x01.mp3",
-        "Bj\u00F6rk.mp3", "Bj\xF6rk.mp3", "\xFF\xFE.mp3", "\xC3\x28.mp3", "x.mp3.bak", "a%20b.mp3", "x.mp3/",
-        "x.mp3\\", "Disc: 1\\x.mp3"}) {
+  for (const std::string line : {"gone.mp3",
+                                 "C:\\gone\\X.mp3",
+                                 "c:\\gone\\..\\x.mp3",
+                                 "c:/gone/x.mp3",
+                                 "..\\x.mp3",
+                                 ".\\x.mp3",
+                                 "\\gone\\x.mp3",
+                                 "\\\\server\\share\\x.mp3",
+                                 "q:\\no drive.mp3",
+                                 "gone\\x.mp3",
+                                 "gone/x.mp3",
+                                 "/gone/x.mp3",
+                                 "gone/x\\y.mp3",
+                                 "http://host/a%20b.mp3?x=1",
+                                 "HTTP://host/x.mp3",
+                                 "file:///gone/a%20b.mp3",
+                                 "  x.mp3\t",
+                                 "x.mp3 ",
+                                 "a\x01.mp3",
+                                 "Bj\u00F6rk.mp3",
+                                 "Bj\xF6rk.mp3",
+                                 "\xFF\xFE.mp3",
+                                 "\xC3\x28.mp3",
+                                 "x.mp3.bak",
+                                 "a%20b.mp3",
+                                 "x.mp3/",
+                                 "x.mp3\\",
+                                 "Disc: 1\\x.mp3"}) {
     EXPECT_EQ(SavedAgain("c:\\m\\a\\1.mp3\r\n" + line + "\r\n"), "c:\\m\\a\\1.mp3\r\n" + line + "\r\n");
   }
 }
@@ -153,8 +175,9 @@ TEST_F(KeptLinesTest, TakeTheFullPathInAnotherFolderUnlessTheyAreAbsolute) {
 }
 
 TEST_F(KeptLinesTest, TakeTheFullPathOfOneRowInEachRelativeSave) {
-  EXPECT_EQ(SavedTo("c:\\lists\\list.m3u", "C:\\Lists\\x.mp3\r\nc:\\lists\\y.mp3\r\nsub\\gone.mp3\r\n", "list.m3u", true),
-            "c:\\Lists\\x.mp3\r\ny.mp3\r\nsub\\gone.mp3\r\n");
+  EXPECT_EQ(
+      SavedTo("c:\\lists\\list.m3u", "C:\\Lists\\x.mp3\r\nc:\\lists\\y.mp3\r\nsub\\gone.mp3\r\n", "list.m3u", true),
+      "c:\\Lists\\x.mp3\r\ny.mp3\r\nsub\\gone.mp3\r\n");
 }
 
 TEST_F(KeptLinesTest, OfImportedListsAreReadAgainstTheirOwnFolder) {

@@ -307,18 +307,18 @@ TEST_F(WritePlaylist, WritesUtf8ForAUserOfAnotherCodePage) {
 
 TEST_F(WriteM3u8, WritesLinesThatLeaveItsFolder) {
   for (const char* name : {"lists/new/x", "m/x"}) drives_.Write(name, "");
-  EXPECT_EQ(Written("c:\\lists\\new\\a.m3u8",
-                    {"c:\\m\\1.mp3", "c:\\2.mp3", "c:\\lists\\3.mp3", "c:\\lists\\new\\4.mp3", "c:\\lists\\newer\\5.mp3"},
-                    true),
-            "../../m/1.mp3\n../../2.mp3\n../3.mp3\n4.mp3\n../newer/5.mp3\n");
+  EXPECT_EQ(
+      Written("c:\\lists\\new\\a.m3u8",
+              {"c:\\m\\1.mp3", "c:\\2.mp3", "c:\\lists\\3.mp3", "c:\\lists\\new\\4.mp3", "c:\\lists\\newer\\5.mp3"},
+              true),
+      "../../m/1.mp3\n../../2.mp3\n../3.mp3\n4.mp3\n../newer/5.mp3\n");
   EXPECT_EQ(Written("c:\\lists\\a.m3u", {"c:\\m\\1.mp3"}, true), "c:\\m\\1.mp3\r\n") << "the plain type doesn't";
 }
 
 TEST_F(WriteM3u8, LeavesItsFolderOnlyWhereLinksLeadToTheSamePlace) {
   drives_.Write("far/away/lists/x", "");
   std::filesystem::create_directory_symlink(drives_.C() / "far/away/lists", drives_.C() / "lists");
-  EXPECT_EQ(Written("c:\\lists\\a.m3u8", {"c:\\m\\1.mp3", "c:\\lists\\2.mp3"}, true),
-            Root() + "/c/m/1.mp3\n2.mp3\n");
+  EXPECT_EQ(Written("c:\\lists\\a.m3u8", {"c:\\m\\1.mp3", "c:\\lists\\2.mp3"}, true), Root() + "/c/m/1.mp3\n2.mp3\n");
 }
 
 TEST_F(WritePlaylist, CutsTheFolderOfTheFileThatALinkLeadsToToo) {

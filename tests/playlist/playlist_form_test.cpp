@@ -89,7 +89,8 @@ TEST_F(PlaylistFormTest, IsRelativeWhereTheCommandSaysSo) {
 }
 
 TEST_F(PlaylistFormTest, WritesWhatAPlainPlaylistWouldMisreadInFullOrInDriveForm) {
-  for (const char* name : {"m/a\\b.mp3", "m/a:b.mp3", "m/new\nline.mp3", "m/Bj\xF6rk.mp3"}) drives_.Write(name, "abc");
+  for (const char* name : {"m/a\\b.mp3", "m/a:b.mp3", "m/new\nline.mp3", "m/Bj\xF6rk.mp3"})
+    drives_.Write(name, "abc");
   OpenLines("m/a/1.mp3\n");
   Add("c:\\m");
   const Collection paths = Paths();

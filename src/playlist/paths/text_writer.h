@@ -46,10 +46,10 @@ class TextWriter {
   const std::string path_;
   const Encoding encoding_;
   const bool mark_;
-  std::unique_ptr<FileReplacement> file_;  // once something was written
-  std::string text_;                       // what wasn't yet
+  std::unique_ptr<FileReplacement> file_;                         // once something was written
+  std::string text_;                                              // what wasn't yet
   std::vector<std::pair<std::size_t, std::size_t>> as_they_are_;  // begin and end in it, ascending
-  std::size_t next_ = kPiece;  // its size in bytes at which some of it may be
+  std::size_t next_ = kPiece;                                     // its size in bytes at which some of it may be
   Outcome so_far_;
 };
 
