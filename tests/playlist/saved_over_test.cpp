@@ -8,16 +8,25 @@ namespace qublet {
 namespace {
 
 // Pieces that lines are put together from: what is there, what isn't, and what makes lines hard to read.
-const Collection kPieces{"a.mp3", "sub",  "b.mp3", "deeper", "\u00F6.ogg", "\xF6.ogg", "\u97F3.wav", "x y.wma", "#c.mp3",
-                         "UP.MP3", "up.mp3", "d.mp3", "gone.mp3", "gone", "c:", "C:", "d:", "q:", "z:", "\\", "/", "..",
-                         ".", "\\\\", "//", "http://", "file:///", "%20", "%41", " ", "\t", "\x1A", "#", "\xEF\xBB\xBF",
-                         "\xFF", "\xFE", "\xC3", "\xC3\xB6", "\uF05C", "\uF03A", ":", "*", "?", ".mp3", ".wav"};
+const Collection kPieces{"a.mp3",      "sub",      "b.mp3",    "deeper",       "\u00F6.ogg", "\xF6.ogg",
+                         "\u97F3.wav", "x y.wma",  "#c.mp3",   "UP.MP3",       "up.mp3",     "d.mp3",
+                         "gone.mp3",   "gone",     "c:",       "C:",           "d:",         "q:",
+                         "z:",         "\\",       "/",        "..",           ".",          "\\\\",
+                         "//",         "http://",  "file:///", "%20",          "%41",        " ",
+                         "\t",         "\x1A",     "#",        "\xEF\xBB\xBF", "\xFF",       "\xFE",
+                         "\xC3",       "\xC3\xB6", "\uF05C",   "\uF03A",       ":",          "*",
+                         "?",          ".mp3",     ".wav"};
+const Collection kLines{
+    "a.mp3",       "sub\\b.mp3", "sub/b.mp3",      "C:/a.mp3",   "c:\\sub/deeper\\\u00F6.ogg", "D:\\d.mp3",
+    ".\\a.mp3",    "./#c.mp3",   "sub\\..\\a.mp3", "\u97F3.wav", "sub/deeper/\u00F6.ogg",      "x y.wma",
+    "a.mp3\\a.mp3"};
 const Collection kEnds{"\n", "\r\n", "\r", "\n\n"};
 
 class SavedOverTest : public testing::Test {
  protected:
   std::size_t Below(std::size_t count) { return std::uniform_int_distribution<std::size_t>(0, count - 1)(chance_); }
   std::string Line() {
+    if (Below(3) == 0) return kLines[Below(kLines.size())];
     std::string line;
     for (std::size_t i = Below(7) + 1; i > 0; --i) line += kPieces[Below(kPieces.size())];
     if (Below(3) > 0) line += ".mp3";
@@ -40,10 +49,11 @@ bool IsUtf16(const std::string& bytes) {
 }
 
 TEST_F(SavedOverTest, NoMissingLineChangesAndNoRowLosesItsFile) {
-  for (int i = 0; i < 400; ++i) {
+  for (int i = 0; i < 100; ++i) {
     const std::string bytes = List(Below(30) + 1);
     if (IsUtf16(bytes)) continue;
-    for (const char* name : {"list.m3u", "list.m3u8"}) ASSERT_EQ(list_.FaultOf(bytes, name), "") << name << "\n" << bytes;
+    for (const char* name : {"list.m3u", "list.m3u8"})
+      ASSERT_EQ(list_.FaultOf(bytes, name), "") << name << "\n" << bytes;
   }
 }
 

@@ -16,7 +16,8 @@ namespace qublet {
 class SavedOver {
  public:
   SavedOver() {
-    for (const char* name : {"a.mp3", "sub/b.mp3", "sub/deeper/\u00F6.ogg", "\u97F3.wav", "x y.wma", "#c.mp3", "UP.MP3"})
+    for (const char* name :
+         {"a.mp3", "sub/b.mp3", "sub/deeper/\u00F6.ogg", "\u97F3.wav", "x y.wma", "#c.mp3", "UP.MP3"})
       drives_.Write(name, "abc");
     TemporaryDrives::WriteAt(drives_.D() / "d.mp3", "abc");
   }
@@ -53,7 +54,7 @@ class SavedOver {
   struct List {
     int count = 0;
     std::set<std::string> missing;  // their lines
-    std::set<std::string> there;    // their paths
+    std::set<std::string> there;    // the places of their files
   };
 
   bool Open(const std::string& path) {
@@ -64,12 +65,17 @@ class SavedOver {
     return document_.ListView1.Count() > 0;
   }
 
+  // Some ways into a list leave "." and ".." in a path.
+  std::string Place(const std::string& path) const {
+    return std::filesystem::path(files_->ToNative(path)).lexically_normal().string();
+  }
+
   List Look() const {
     List list;
     list.count = document_.ListView1.Count();
     for (int i = 1; i <= list.count; ++i) {
       const Row& row = document_.ListView1.At(i);
-      row.kept ? list.missing.insert(row.kept->bytes) : list.there.insert(row.FullPath());
+      row.kept ? list.missing.insert(row.kept->bytes) : list.there.insert(Place(row.FullPath()));
     }
     return list;
   }
