@@ -151,6 +151,10 @@ bool IsSamePath(const std::string& full, const std::string& path) {
   return full == path || (!Contains(path, ":") && !path.starts_with('\\') && full.ends_with("\\" + path));
 }
 
+bool IsOfAServer(const std::string& path) {
+  return path.starts_with("\\\\");
+}
+
 // A "/" in a cell never is a name's.
 bool HoldsSlash(const MediaInfo& info) {
   return Contains(info.FileName, "/") || Contains(info.Path, "/");
@@ -231,22 +235,23 @@ bool ForeignLines::FillRow(std::size_t place, const std::string& path, int origi
   const std::string_view bytes = playlist_.lines[place];
   MediaInfo info;
   std::optional<Found> found;
+  bool there = false;
   if (IsOnAnotherHost(bytes)) {  // it may be asleep: nothing of it is looked at
     NameExactly(path, info);
   } else {
     ReadUnlessMissing(path, info);
     const std::string full = info.Path + info.FileName;
-    const bool there = info.Found && (IsSamePath(full, path) || NamesFile(files_, full));
+    there = info.Found && (IsSamePath(full, path) || NamesFile(files_, full));
     if (!there || HoldsSlash(info) || MayBeOwnBytes(bytes)) found = Find(bytes, full);
+    if (!there && !found && IsOfAServer(path)) NameExactly(path, info);
   }
   if (found) {
     ReadFacts(files_, found->real, info);
     NameExactly(found->path, info);
   }
-  const bool there = info.Found;
   WriteRow(std::move(info), original_order, thousands_separator_, row);
   if (found) NoteRealFile(found->real, row);
-  return there;
+  return there || found;
 }
 
 std::string ForeignLines::PathOf(std::size_t place, const std::string& path) const {
@@ -258,7 +263,8 @@ std::string ForeignLines::PathOf(std::size_t place, const std::string& path) con
   std::string full = info.Path + info.FileName;
   if (!HoldsSlash(info) && !MayBeOwnBytes(bytes) && NamesFile(files_, full)) return full;
   const auto found = Find(bytes, full);
-  return found ? found->path : full;
+  if (found) return found->path;
+  return IsOfAServer(path) ? path : full;
 }
 
 }  // namespace qublet

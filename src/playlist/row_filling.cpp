@@ -57,24 +57,39 @@ void NameExactly(const std::string& path, MediaInfo& info) {
 RowReader::RowReader(const FileSystem& files, std::string thousands_separator)
     : files_(files), thousands_separator_(std::move(thousands_separator)), names_(files.FindRealNames()) {}
 
-Outcome RowReader::ReadAgain(const std::string& path, int original_order, Row& row) const {
-  if (!path.starts_with("\\\\")) return Read(path, original_order, row);
-  MediaInfo info;
-  NameExactly(path, info);
-  return WriteRow(std::move(info), original_order, thousands_separator_, row);
+Outcome RowReader::Read(const std::string& path, int original_order, Row& row) const {
+  return Write(FactsOf(path), original_order, row);
 }
 
-Outcome RowReader::Read(const std::string& path, int original_order, Row& row) const {
-  MediaInfo info;
-  ReadFacts(files_, path, info);
-  const std::string full = info.Path + info.FileName;
-  const auto real = info.Found ? std::nullopt : names_->Of(full);
-  if (real) {
-    ReadFacts(files_, *real, info);
-    NameExactly(full, info);
+bool RowReader::ReadAgain(const std::string& path, int original_order, Row& row) const {
+  Facts facts;
+  if (path.starts_with("\\\\")) {
+    NameExactly(path, facts.info);
+  } else {
+    facts = FactsOf(path);
   }
-  const Outcome written = WriteRow(std::move(info), original_order, thousands_separator_, row);
-  if (real) NoteRealFile(*real, row);
+  const bool found = facts.info.Found;
+  // A folder may bear the file's name.
+  if (found && facts.path != path && !files_.Exists(facts.path)) NameExactly(path, facts.info);
+  Write(std::move(facts), original_order, row);
+  return found;
+}
+
+RowReader::Facts RowReader::FactsOf(const std::string& path) const {
+  Facts facts;
+  ReadFacts(files_, path, facts.info);
+  facts.path = facts.info.Path + facts.info.FileName;
+  facts.real = facts.info.Found ? std::nullopt : names_->Of(facts.path);
+  if (facts.real) {
+    ReadFacts(files_, *facts.real, facts.info);
+    NameExactly(facts.path, facts.info);
+  }
+  return facts;
+}
+
+Outcome RowReader::Write(Facts facts, int original_order, Row& row) const {
+  const Outcome written = WriteRow(std::move(facts.info), original_order, thousands_separator_, row);
+  if (facts.real) NoteRealFile(*facts.real, row);
   return written;
 }
 

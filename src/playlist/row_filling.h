@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "media/media_info.h"
@@ -31,10 +32,18 @@ class RowReader {
  public:
   RowReader(const FileSystem& files, std::string thousands_separator);
   Outcome Read(const std::string& path, int original_order, Row& row) const;
-  // The same for the full path of a row. One on another computer isn't looked at.
-  Outcome ReadAgain(const std::string& path, int original_order, Row& row) const;
+  // The same for the full path of a row. One on another computer isn't looked at. False when no file is there.
+  bool ReadAgain(const std::string& path, int original_order, Row& row) const;
 
  private:
+  struct Facts {
+    MediaInfo info;
+    std::string path;                 // full, of the row
+    std::optional<std::string> real;  // where the disk has the file under another name
+  };
+  Facts FactsOf(const std::string& path) const;
+  Outcome Write(Facts facts, int original_order, Row& row) const;
+
   const FileSystem& files_;
   const std::string thousands_separator_;
   const std::unique_ptr<RealNames> names_;

@@ -10,6 +10,7 @@
 
 #include "platform/failure.h"
 #include "playlist/columns.h"
+#include "playlist/kept_line.h"
 
 namespace qublet {
 
@@ -23,6 +24,8 @@ struct Row {
   RowIcon icon = RowIcon::kNormal;
   bool ghosted = false;
   bool selected = false;
+  // For a row that came from a playlist and found no file; it goes when the path changes.
+  std::shared_ptr<const KeptLine> kept;
 
   // Where the disk has the file under another name than the row's: the row's full path then, and the file's.
   struct RealFile {
