@@ -4,6 +4,7 @@
 
 #include "player/hand_over.h"
 #include "playlist/paths/folder_walk.h"
+#include "playlist/paths/path_text.h"
 #include "playlist/row_paths.h"
 
 namespace qublet {
@@ -21,7 +22,8 @@ Preview::Selection Preview::Selected(bool folders) const {
     const Row& row = document_.ListView1.At(i);
     if (!row.selected) continue;
     if (++selection.count == 1) selection.first = i;
-    const std::string& folder = row.cells[kPath];
+    const std::string path = row.RealPath();
+    const std::string folder = path.substr(0, path.size() - GetFileName(path).size());
     if (folders && seen.insert(folder).second) selection.folders.push_back(folder);
   }
   return selection;

@@ -26,7 +26,7 @@ void AppendPlaylist(const FileSystem& files, const std::string& path, Collection
   Collection paths;
   ReadPlaylist(files, path, playlist, paths).OrThrow();
   const ForeignLines lines(files, playlist, "");
-  for (std::size_t i = 0; i < paths.size(); ++i) found.push_back(lines.PathOf(i, paths[i]));
+  for (std::size_t i = 0; i < paths.size(); ++i) found.push_back(lines.FileOf(i, paths[i]));
 }
 
 }  // namespace

@@ -254,7 +254,7 @@ bool ForeignLines::FillRow(std::size_t place, const std::string& path, int origi
   return there || found;
 }
 
-std::string ForeignLines::PathOf(std::size_t place, const std::string& path) const {
+std::string ForeignLines::FileOf(std::size_t place, const std::string& path) const {
   const std::string_view bytes = playlist_.lines[place];
   if (IsOnAnotherHost(bytes)) return path;
   MediaInfo info;
@@ -263,7 +263,7 @@ std::string ForeignLines::PathOf(std::size_t place, const std::string& path) con
   std::string full = info.Path + info.FileName;
   if (!HoldsSlash(info) && !MayBeOwnBytes(bytes) && NamesFile(files_, full)) return full;
   const auto found = Find(bytes, full);
-  if (found) return found->path;
+  if (found) return found->real;
   return IsOfAServer(path) ? path : full;
 }
 

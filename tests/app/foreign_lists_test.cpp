@@ -4,7 +4,7 @@
 #include <QMimeData>
 #include <QToolTip>
 
-#include "playlist/paths/text.h"
+#include "support/environment.h"
 #include "support/foreign_lines_table.h"
 #include "support/main_window.h"
 
@@ -20,6 +20,17 @@ class ForeignLists : public testing::Test {
     window.dialogs.open_names.push_back(path);
     window.Run("MFileOpen");
   }
+  void SaveAs(const std::string& path) {
+    window.dialogs.save_names.push_back(path);
+    window.Run("MFileSaveAs");
+  }
+  // But for the program's own folders.
+  void ClearDrives() {
+    for (const char* folder : {"c/list", "c/m", "c/n", "c/Music", "c/MUSIC", "c/m n", "c/a.mp3", "c/a",
+                               "c/Brian Tyler", "c/k.mp3", "c/x", "d", "e"})
+      std::filesystem::remove_all(window.drives.Root() / folder);
+    std::filesystem::create_directories(window.drives.D());
+  }
   std::string Shown(int row, int column) {
     return window.List().model()->index(row - 1, column).data().toString().toStdString();
   }
@@ -27,27 +38,25 @@ class ForeignLists : public testing::Test {
   MainWindow window;
 };
 
-TEST_F(ForeignLists, ShowTheFilesThatTheirLinesMean) {
-  const std::string own = window.drives.Root().string();
-  const auto filled = [&](const char* text) {
-    return ReplaceAll(ReplaceAll(text, "@", own), "$", window.files->FromNative(own));
-  };
-  for (const ForeignLine& line : kForeignLines) {
+TEST_F(ForeignLists, ShowTheFilesThatTheirLinesMeanAndSaveThem) {
+  const std::filesystem::path root = window.drives.Root();
+  const auto filled = [&](const char* text) { return FilledIn(text, *window.files, root); };
+  ForEachForeignLine([&](const ForeignLine& line, const std::string& list) {
     const ScopedEnvironment page("QUBLET_CODEPAGE", line.page);
-    const std::string list = line.type == ListType::kM3u8 ? "list.m3u8" : "list.m3u";
     SCOPED_TRACE(std::string(line.habit) + ", " + list + ": " + line.line);
-    for (const char* place :
-         {"c/list", "c/m", "c/n", "c/Music", "c/MUSIC", "c/m n", "c/a.mp3", "c/k.mp3", "c/x", "d", "e"})
-      std::filesystem::remove_all(window.drives.Root() / place);
-    std::filesystem::create_directories(window.drives.D());
-    PutOnDisk(line, window.drives.Root());
+    ClearDrives();
+    PutOnDisk(line, root);
     window.drives.Write("list/" + list, filled(line.line) + "\n");
     Open("c:\\list\\" + list);
     ASSERT_EQ(window.Rows().Count(), 1);
     EXPECT_EQ(window.Rows().At(1).FullPath(), filled(line.path));
     EXPECT_EQ(Shown(1, kSize), line.there ? "3 Bytes" : "0 Bytes");
     EXPECT_EQ(window.Rows().At(1).ghosted, !line.there);
-  }
+    SaveAs("c:\\list\\saved.m3u");
+    EXPECT_EQ(window.drives.Read("list/saved.m3u"), filled(line.m3u) + "\r\n");
+    SaveAs("c:\\list\\saved.m3u8");
+    EXPECT_EQ(window.drives.Read("list/saved.m3u8"), filled(line.m3u8) + "\n");
+  });
 }
 
 class NamesInAnotherCase : public ForeignLists {

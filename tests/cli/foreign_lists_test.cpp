@@ -8,17 +8,13 @@ namespace {
 
 using ForeignListsCommand = CliTestBase;
 
-TEST_F(ForeignListsCommand, ListsTheFilesThatTheLinesMean) {
-  for (const ForeignLine& line : kForeignLines) {
+TEST_F(ForeignListsCommand, ListsTheFilesThatTheLinesMeanAndSavesThem) {
+  ForEachForeignLine([this](const ForeignLine& line, const std::string& list) {
     const TemporaryDrives own_drives;
     const ScopedEnvironment page("QUBLET_CODEPAGE", line.page);
     files_ = OpenFileSystem();
-    const std::string list = line.type == ListType::kM3u8 ? "list.m3u8" : "list.m3u";
     SCOPED_TRACE(std::string(line.habit) + ", " + list + ": " + line.line);
-    const std::string own = own_drives.Root().string();
-    const auto filled = [&](const char* text) {
-      return ReplaceAll(ReplaceAll(text, "@", own), "$", files_->FromNative(own));
-    };
+    const auto filled = [&](const char* text) { return FilledIn(text, *files_, own_drives.Root()); };
     PutOnDisk(line, own_drives.Root());
     own_drives.Write("list/" + list, filled(line.line) + "\n");
     EXPECT_EQ(Run("list", {"c:\\list\\" + list}), 0);
@@ -27,7 +23,11 @@ TEST_F(ForeignListsCommand, ListsTheFilesThatTheLinesMean) {
     const Collection cells = Split(lines[1], '\t');
     EXPECT_EQ(cells.at(kSize), line.there ? "3 Bytes" : "0 Bytes");
     EXPECT_EQ(cells.at(kPath) + cells.at(kFileName), PlainValue(filled(line.path)));
-  }
+    EXPECT_EQ(Run("save", {"c:\\list\\saved.m3u", "c:\\list\\" + list}), 0) << Err();
+    EXPECT_EQ(own_drives.Read("list/saved.m3u"), filled(line.m3u) + "\r\n");
+    EXPECT_EQ(Run("save", {"c:\\list\\saved.m3u8", "c:\\list\\" + list}), 0) << Err();
+    EXPECT_EQ(own_drives.Read("list/saved.m3u8"), filled(line.m3u8) + "\n");
+  });
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "playlist/expansion.h"
 #include "playlist/paths/text.h"
+#include "playlist/playlist_files.h"
 #include "support/environment.h"
 #include "support/foreign_lines_table.h"
 #include "support/forwarding_file_system.h"
@@ -23,30 +24,36 @@ class ForeignLinesTest : public ListTestBase {
     const TemporaryDrives own_drives;
     const ScopedEnvironment page("QUBLET_CODEPAGE", line.page);
     files_ = OpenFileSystem();
-    Items items(document_, *files_, feedback_, view_, ",");
-    const std::string own = own_drives.Root().string();
-    const auto filled = [&](const char* text) {
-      return ReplaceAll(ReplaceAll(text, "@", own), "$", files_->FromNative(own));
-    };
+    const Services services = fakes_.Over(*files_, feedback_);
+    Document document;
+    const RowStore& rows = document.ListView1;
+    Items items(document, *files_, feedback_, view_, ",");
+    PlaylistFiles playlist_files(document, items, settings_, services, view_);
+    const auto filled = [&](const char* text) { return FilledIn(text, *files_, own_drives.Root()); };
     PutOnDisk(line, own_drives.Root());
     own_drives.Write("list/" + list, filled(line.line) + "\n");
-    Rows().Clear();
     items.AddStuff("c:\\list\\" + list, false);
-    ASSERT_EQ(Rows().Count(), 1);
-    EXPECT_EQ(Rows().At(1).FullPath(), filled(line.path));
-    EXPECT_EQ(Rows().At(1).ghosted, !line.there);
-    EXPECT_EQ(Rows().At(1).cells[kSize], line.there ? "3 Bytes" : "0 Bytes");
+    ASSERT_EQ(rows.Count(), 1);
+    EXPECT_EQ(rows.At(1).FullPath(), filled(line.path));
+    EXPECT_EQ(rows.At(1).ghosted, !line.there);
+    EXPECT_EQ(rows.At(1).kept == nullptr, line.there);
+    EXPECT_EQ(rows.At(1).cells[kSize], line.there ? "3 Bytes" : "0 Bytes");
     Collection expanded;
     ExpandStuff(*files_, feedback_, "c:\\list\\" + list, expanded);
-    EXPECT_EQ(expanded, Collection{filled(line.path)});
+    EXPECT_EQ(expanded, Collection{rows.At(1).RealPath()});
+    EXPECT_EQ(files_->Exists(expanded.at(0)), line.there);
+
+    EXPECT_TRUE(playlist_files.SaveTo("c:\\list\\saved.m3u", PlaylistFiles::LineForm::kFull));
+    EXPECT_EQ(own_drives.Read("list/saved.m3u"), filled(line.m3u) + "\r\n");
+    EXPECT_TRUE(playlist_files.SaveTo("c:\\list\\saved.m3u8", PlaylistFiles::LineForm::kFull));
+    EXPECT_EQ(own_drives.Read("list/saved.m3u8"), filled(line.m3u8) + "\n");
   }
+
+  AppSettings settings_;
 };
 
-TEST_F(ForeignLinesTest, BecomeTheseRows) {
-  for (const ForeignLine& line : kForeignLines) {
-    if (line.type != ListType::kM3u8) Check(line, "list.m3u");
-    if (line.type != ListType::kM3u) Check(line, "list.m3u8");
-  }
+TEST_F(ForeignLinesTest, BecomeTheseRowsAndTheseLines) {
+  ForEachForeignLine([this](const ForeignLine& line, const std::string& list) { Check(line, list); });
 }
 
 // Counts what a list costs on the disk.
@@ -179,15 +186,15 @@ TEST_F(LinesFromElsewhere, KeepTheirTextAndKnowTheirFileInAnotherCase) {
 }
 
 TEST_F(LinesFromElsewhere, OfAnotherHostStayAsTheyAreWhenTheListIsReadAnew) {
-  drives_.Write("a.m3u", "file://nas/music/a%20b.mp3\r\nhttp://host/a.mp3\r\n");
-  const Collection paths{"\\\\nas\\music\\a b.mp3", "\\http://host/a.mp3"};
+  drives_.Write("a.m3u", "file://nas/music/a%20b.mp3\r\nhttp://host/a.mp3\r\n\\\\nas\\c.mp3\r\n");
+  const Collection paths{"\\\\nas\\music\\a b.mp3", "\\http://host/a.mp3", "\\\\nas\\c.mp3"};
   EXPECT_EQ(Opened("c:\\a.m3u"), paths);
   items_.MViewRefresh_Click();
   EXPECT_EQ(Paths(), paths);
 }
 
 TEST_F(ForeignLinesTest, AreMany) {
-  EXPECT_GE(std::size(kForeignLines), 150U);
+  EXPECT_GE(ForeignLinesTable().size(), 150U);
 }
 
 }  // namespace

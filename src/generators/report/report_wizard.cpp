@@ -24,7 +24,7 @@ ReportWizard::ReportWizard(Engine& engine) : engine_(engine) {
 }
 
 void ReportWizard::Load() {
-  const Collection files = PathsOf(engine_.document.ListView1, WhichRows::kAll);
+  const Collection files = RealPathsOf(engine_.document.ListView1, WhichRows::kAll);
   std::string format = "%0";
   FolderTitle_ = ReplaceAll(MakePlaylistName(format, FindCommonFolder(files), engine_.services.clock), ".m3u", "");
 }
