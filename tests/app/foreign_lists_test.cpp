@@ -85,6 +85,12 @@ TEST_F(NamesInAnotherCase, ArePlayedUnderTheNameThatTheDiskHas) {
   EXPECT_EQ(window.document->FileArray, Collection{"c:\\Music\\Song.mp3"});
 }
 
+TEST_F(NamesInAnotherCase, ArePlayedWithTheFolderThatTheDiskHas) {
+  window.drives.Write("Music/Another.mp3", "abc");
+  window.Run("MEditPlayFol");
+  EXPECT_EQ(window.document->FileArray.size(), 2U);
+}
+
 TEST_F(NamesInAnotherCase, AreNoMissingFilesAndHaveASize) {
   EXPECT_FALSE(window.Rows().At(1).ghosted);
   EXPECT_EQ(Shown(1, kSize), "3 Bytes");

@@ -30,5 +30,30 @@ TEST_F(ForeignListsCommand, ListsTheFilesThatTheLinesMeanAndSavesThem) {
   });
 }
 
+// What writes about files or for players works on those that the disk has.
+class NamesInAnotherCaseCommand : public CliTestBase {
+ protected:
+  NamesInAnotherCaseCommand() {
+    Touch({"Music/Song.mp3"});
+    std::filesystem::create_directory(drives_.C() / "program");
+    drives_.Write("list.m3u", "C:\\MUSIC\\SONG.MP3\r\n");
+  }
+};
+
+TEST_F(NamesInAnotherCaseCommand, ReportsTheFile) {
+  EXPECT_EQ(Run("report", {"c:\\out.htm", "c:\\list.m3u"}), 0) << Err();
+  EXPECT_NE(drives_.Read("out.htm").find("Music/Song.mp3"), std::string::npos) << drives_.Read("out.htm");
+}
+
+TEST_F(NamesInAnotherCaseCommand, BookmarksTheFile) {
+  EXPECT_EQ(Run("bookmarks", {"add", "Default", "c:\\list.m3u"}), 0) << Err();
+  EXPECT_EQ(drives_.Read("program/Bookmarks/Default.bm"), "c:\\Music\\Song.mp3\r\n");
+}
+
+TEST_F(NamesInAnotherCaseCommand, CreatesAPlaylistInItsFolder) {
+  EXPECT_EQ(Run("autocreate", {"--dry-run", "c:\\list.m3u"}), 0) << Err();
+  EXPECT_NE(Out().find("c:\\Music\\"), std::string::npos) << Out();
+}
+
 }  // namespace
 }  // namespace qublet
