@@ -48,6 +48,7 @@ TEST_F(CategoriesTest, MakesDefaultInAFolderThatIsThere) {
 }
 
 TEST_F(CategoriesTest, HoldsAddressesBare) {
+  EXPECT_TRUE(categories_.ProvideDefault());
   EXPECT_TRUE(Add("Radio", {"\\http://host/a.mp3", "c:\\a.mp3"}));
   EXPECT_EQ(Read("Radio.bm"), "http://host/a.mp3\r\nc:\\a.mp3\r\n");
 }
