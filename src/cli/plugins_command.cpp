@@ -29,6 +29,7 @@ std::int16_t SlotNumber(const std::string& text) {
 
 int RunPlugin(CommandContext& context, Plugins& plugins, std::int16_t number, const Arguments& paths) {
   const bool all_there = AddPaths(context, paths);
+  if (!all_there && context.engine.document.ListView1.Count() == 0) return kCouldNot;
   context.engine.document.ListView1.SelectWhere([](int, const Row&) { return true; });
   plugins.plug_Click(number);
   return all_there && !context.dialogs.said_something ? kDone : kCouldNot;

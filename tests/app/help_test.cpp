@@ -49,6 +49,16 @@ TEST_F(HelpTest, F1OpensTheContentsFromTheMainWindow) {
   EXPECT_TRUE(HelpShows("Contents"));
 }
 
+TEST_F(HelpTest, TheWindowIsWholeOnTheScreenWhereverTheMainOneIs) {
+  PutBookInto(window);
+  const QRect screen = window.main->screen()->availableGeometry();
+  window.main->move(screen.center());
+  QCoreApplication::processEvents();
+  window.Run("MHelpHelp");
+  ASSERT_TRUE(HelpShows("Contents"));
+  EXPECT_TRUE(screen.contains(ShownHelp()->geometry())) << ShownHelp()->x() << ", " << ShownHelp()->y();
+}
+
 TEST_F(HelpTest, TheQuickGuideOpensTheContentsToo) {
   PutBookInto(window);
   window.Run("MHelpQuickguide");

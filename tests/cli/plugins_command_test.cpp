@@ -68,6 +68,13 @@ TEST_F(PluginsCommandTest, HandsOverWhatIsThereAndTellsWhatIsMissing) {
   EXPECT_EQ(fakes_.shell.started.size(), 1u);
 }
 
+TEST_F(PluginsCommandTest, StartsNothingWhereNoneOfThePathsIsThere) {
+  Enter("2", "Tool", "", "c:\\tools\\tool.exe");
+  EXPECT_EQ(Plugins({"run", "2", "gone.mp3"}), 1);
+  EXPECT_EQ(Err(), "qublet: gone.mp3: no such file or folder\n");
+  EXPECT_TRUE(fakes_.shell.started.empty());
+}
+
 TEST_F(PluginsCommandTest, WantsANumberOfOneToNine) {
   for (const char* number : {"0", "10", "-1", "x", "", "1x", "65537"}) {
     EXPECT_EQ(Plugins({"run", "--", number, "m"}), 2) << number;

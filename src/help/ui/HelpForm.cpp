@@ -1,10 +1,18 @@
 #include "help/ui/HelpForm.h"
 
 #include <QShortcut>
+#include <algorithm>
 
 #include "platform/qt/pictures.h"
 
 namespace qublet {
+namespace {
+
+// Steps of a point from the size that letters have at first.
+constexpr int kSmallest = -3;
+constexpr int kLargest = 12;
+
+}  // namespace
 
 HelpForm::HelpForm(QWidget* parent) : QDialog(parent, Qt::Window) {
   setupUi(this);
@@ -45,9 +53,10 @@ void HelpForm::MakeKeys() {
   });
   key("F3", [this] { FindAgain(false); });
   key("Shift+F3", [this] { FindAgain(true); });
-  key("Ctrl++", [this] { Browser->zoomIn(); });
-  key("Ctrl+=", [this] { Browser->zoomIn(); });
-  key("Ctrl+-", [this] { Browser->zoomOut(); });
+  key("Ctrl++", [this] { Zoom(zoomed_ + 1); });
+  key("Ctrl+=", [this] { Zoom(zoomed_ + 1); });
+  key("Ctrl+-", [this] { Zoom(zoomed_ - 1); });
+  key("Ctrl+0", [this] { Zoom(0); });
 }
 
 void HelpForm::Open(const QString& contents, const QString& page) {
@@ -58,6 +67,12 @@ void HelpForm::Open(const QString& contents, const QString& page) {
   raise();
   activateWindow();
   Browser->setFocus();
+}
+
+void HelpForm::Zoom(int steps) {
+  steps = std::clamp(steps, kSmallest, kLargest);
+  Browser->zoomIn(steps - zoomed_);
+  zoomed_ = steps;
 }
 
 // What is typed is looked for from where the last place begins, so that a longer text stays where the shorter one

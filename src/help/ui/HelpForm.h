@@ -22,8 +22,10 @@ class HelpForm : public QDialog, private Ui::HelpForm {
   void FindAgain(bool backward);
   void FindTyped();
   void MakeKeys();
+  void Zoom(int steps);
 
   BesideModal* beside_modal_;
+  int zoomed_ = 0;
 };
 
 }  // namespace qublet

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QScreen>
 
 #include "desk/placement.h"
 #include "platform/failure.h"
@@ -48,7 +49,12 @@ void HelpPages::ShowPageOf(const QWidget& window) {
 
 void HelpPages::Show(const QString& contents, const QString& page) {
   if (!form_) form_ = new HelpForm(&desk_.main);
-  if (!form_->isVisible()) PositionForm(desk_.main, *form_);
+  if (!form_->isVisible()) {
+    const QSize frame = desk_.main.frameGeometry().size() - desk_.main.size();
+    form_->resize(form_->size().boundedTo(desk_.main.screen()->availableSize() - frame));
+    PositionForm(desk_.main, *form_);
+    GrowOnScreen(*form_, {0, 0});
+  }
   form_->Open(contents, page);
 }
 

@@ -70,8 +70,9 @@ class RealPlayer : public RealPlayerTestBase {
   Document document_;
   Feedback feedback_;
   MainView view_;
-  Services services_{*files_,       fakes_.store,      fakes_.startup, dialogs_,  fakes_.clock, *shell_,
-                     fakes_.random, *fakes_.collation, *associations_, *players_, fakes_.power, feedback_};
+  Services services_{*files_,         fakes_.store,         fakes_.startup, dialogs_,  fakes_.clock, *shell_,
+                     fakes_.random,   *fakes_.collation,    *associations_, *players_, fakes_.power, feedback_,
+                     *fakes_.sockets, fakes_.machine_values};
   Items items_{document_, *files_, feedback_, view_, ","};
   PlayerLink link_{document_, services_, "c:\\program"};
   Preview preview_{document_, services_, "c:\\program"};

@@ -41,9 +41,9 @@ void BurnIcon::Clear() {
 }
 
 std::unique_ptr<QMimeData> BurnIcon::Files() const {
-  auto data = std::make_unique<QMimeData>();
-  data->setUrls(addresses_);
-  return data;
+  auto files = std::make_unique<QMimeData>();
+  files->setUrls(addresses_);
+  return files;
 }
 
 void BurnIcon::startDrag(Qt::DropActions) {

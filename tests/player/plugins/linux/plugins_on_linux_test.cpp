@@ -47,10 +47,11 @@ class PluginsOnLinux : public testing::Test {
   std::unique_ptr<SettingsStore> store_ = OpenSettingsStore();
   Feedback feedback_;
   FakeServices fakes_;
-  Engine engine_{{*files_, *store_, fakes_.startup, fakes_.dialogs, fakes_.clock, *shell_, fakes_.random,
-                  *fakes_.collation, fakes_.associations, fakes_.players, fakes_.power, feedback_},
-                 {"QUBLET2021", "c:\\program", ""},
-                 ","};
+  Engine engine_{
+      {*files_, *store_, fakes_.startup, fakes_.dialogs, fakes_.clock, *shell_, fakes_.random, *fakes_.collation,
+       fakes_.associations, fakes_.players, fakes_.power, feedback_, *fakes_.sockets, fakes_.machine_values},
+      {"QUBLET2021", "c:\\program", ""},
+      ","};
 };
 
 TEST_F(PluginsOnLinux, AreHandedOneWordWhateverStandsInTheirPaths) {

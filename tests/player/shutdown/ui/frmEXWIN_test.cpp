@@ -102,7 +102,8 @@ TEST_F(ExwinTest, FollowsThePlayerBesideTheWindows) {
   slow.delay = std::chrono::milliseconds(300);
   Services services = engine_.services;
   Engine engine({services.files, services.store, services.startup, services.dialogs, services.clock, services.shell,
-                 services.random, services.collation, services.associations, slow, services.power, services.feedback},
+                 services.random, services.collation, services.associations, slow, services.power, services.feedback,
+                 services.sockets, services.machine_values},
                 {"QUBLET2021", "c:\\program", ""}, ",");
   Open(engine);
   QTest::qWait(3 * kFastTick);
