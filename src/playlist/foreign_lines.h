@@ -29,7 +29,8 @@ class ForeignLines {
 
   // Makes the row of the line in that place, taken in as `path`. False when no file is there.
   bool FillRow(std::size_t place, const std::string& path, int original_order, Row& row) const;
-  // The path of that row's file as the disk has it, without reading the file; where none is there the row's full path.
+  // The path of that row's file as the disk has it, without reading the file; where none is there the row's full
+  // path.
   std::string FileOf(std::size_t place, const std::string& path) const;
 
   // The paths that a line may mean besides the one that it was taken in as, in the order in which they are looked

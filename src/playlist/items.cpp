@@ -70,9 +70,9 @@ Outcome Items::AddStuff(std::string filename, bool ReSelect, int& InsertPoint) {
 Outcome Items::AddOwnPlaylist(const std::string& path) {
   int at_the_end = 0;
   return AddRows(false, at_the_end, [&] {
-    files_.SetCurrentFolder(FolderOfPlaylist(path));
     DestroyFileArray(document_);
     ReadOwnPlaylist(files_, path, document_.FileArray).OrThrow();
+    files_.SetCurrentFolder(FolderOfPlaylist(path));
     LoadFileArrayToList(at_the_end);
   });
 }
