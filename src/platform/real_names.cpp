@@ -72,14 +72,14 @@ std::optional<std::string> NamesInAnyCase::Match(const Listing& listing, std::st
 }
 
 const NamesInAnyCase::Listing& NamesInAnyCase::ListingOf(const std::string& folder) {
-  const auto [place, is_new] = listings_.try_emplace(folder);
-  if (is_new) {
-    ResumeNext([&] {
-      for (FolderEntry& entry : files_.ReadFolder(folder + "\\"))
-        place->second[SimilarityKey(entry.name)].push_back(std::move(entry.name));
-    });
-  }
-  return place->second;
+  const auto known = listings_.find(folder);
+  if (known != listings_.end()) return known->second;
+  Listing& listing = listings_[folder];
+  ResumeNext([&] {
+    for (FolderEntry& entry : files_.ReadFolder(folder + "\\"))
+      listing[SimilarityKey(entry.name)].push_back(std::move(entry.name));
+  });
+  return listing;
 }
 
 std::optional<std::string> NamesInAnyCase::Folder(std::string_view path) {
