@@ -52,6 +52,13 @@ int ReadHeads(const std::vector<std::string>& files) {
   return count;
 }
 
+int CountMissing(const std::vector<std::string>& files) {
+  int missing = 0;
+  struct stat status {};
+  for (const std::string& file : files) missing += stat(file.c_str(), &status) != 0 ? 1 : 0;
+  return missing;
+}
+
 int ReadByTagLib(const std::filesystem::path& folder) {
   int count = 0;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {

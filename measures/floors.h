@@ -15,6 +15,9 @@ int ReadHeads(const std::filesystem::path& folder);
 // Opens each of these files, reads its first 4 KiB and closes it.
 int ReadHeads(const std::vector<std::string>& files);
 
+// Asks the system for the attributes of each of these files, and counts those that aren't there; one thread.
+int CountMissing(const std::vector<std::string>& files);
+
 // Walks a folder and asks TagLib for the length and the rates of each file below; one thread.
 int ReadByTagLib(const std::filesystem::path& folder);
 

@@ -77,6 +77,17 @@ Contest OpenAgainstReadingHeads(Workplace& workplace) {
           [tracks] { return SecondsOf([&] { Expect(ReadHeads(tracks), RowStore::MaxRows); }); }};
 }
 
+// Lines of files that aren't there, in folders that are, against asking for the attributes of each.
+Contest OpenMissingAgainstAttributes(Workplace& workplace) {
+  auto tracks = workplace.Tracks(RowStore::MaxRows);
+  int number = 0;
+  for (std::string& track : tracks) track.insert(track.rfind('/') + 1, "gone " + std::to_string(++number) + " ");
+  const auto playlist = workplace.Root() / "missing.m3u";
+  ReplaceFile(playlist, FullPlaylist(tracks));
+  return {Add(playlist, RowStore::MaxRows),
+          [tracks] { return SecondsOf([&] { Expect(CountMissing(tracks), RowStore::MaxRows); }); }};
+}
+
 Contest SaveAgainstReplacing(Workplace& workplace) {
   const std::string bytes = FullPlaylist(workplace.Tracks(RowStore::MaxRows));
   const auto floor_file = workplace.Root() / "floor.m3u";
@@ -98,9 +109,8 @@ Contest SaveAgainstReplacing(Workplace& workplace) {
 
 std::vector<Measure> PlaylistMeasures() {
   return {
-      {"add_folder_10k", 1.2, AgainstReadingHeads},
-      {"add_folder_10k_taglib", 0.35, AgainstTagLib},
-      {"open_m3u_32767", 1.3, OpenAgainstReadingHeads},
+      {"add_folder_10k", 1.2, AgainstReadingHeads},     {"add_folder_10k_taglib", 0.35, AgainstTagLib},
+      {"open_m3u_32767", 1.3, OpenAgainstReadingHeads}, {"open_missing_32767", 3.0, OpenMissingAgainstAttributes},
       {"save_m3u_32767", 1.3, SaveAgainstReplacing},
   };
 }

@@ -156,7 +156,7 @@ void Main::OpenCommandLine(const std::string& command_line) {
   const StoppableChange change(engine_.document, feedback_);
   if (command_line.empty()) {
     if (engine_.settings.RESPLAYLIST && engine_.session.RestoreLastList())
-      feedback_.ShowRemark(tr("Recovered the last list"));
+      feedback_.ShowRemark("Recovered the last list");
     return;
   }
   switch (GetPlatformId()) {

@@ -6,6 +6,7 @@
 #include "platform/qt/file_urls.h"
 #include "platform/qt/pictures.h"
 #include "playlist/row_order.h"
+#include "playlist/row_paths.h"
 #include "playlist/stoppable_change.h"
 
 namespace qublet {
@@ -56,7 +57,7 @@ void ListEvents::PopUpMenu(QPoint point) {
 std::unique_ptr<QMimeData> ListEvents::SelectedFiles() {
   const WaitCursor wait(feedback_);
   DestroyFileArray(engine_.document);
-  engine_.items.SaveFileArrayFromList(false);
+  engine_.document.FileArray = RealPathsOf(engine_.document.ListView1, WhichRows::kSelected);
   QList<QUrl> addresses;
   for (const std::string& path : engine_.document.FileArray) {
     // A row without a place on this system (its drive is gone) has no address to be taken along by.

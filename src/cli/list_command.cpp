@@ -50,6 +50,11 @@ Outcome AddPath(Engine& engine, const std::string& path) {
   const int added = rows.Count() - before;
   const bool all_of_it = document.FileArray.size() <= static_cast<std::size_t>(added);
   const bool full = rows.Count() == RowStore::MaxRows;
+  // A list that holds all of one playlist goes back there in the form that it came in.
+  if (before == 0 && added > 0 && all_of_it && engine.items.LastPlaylist().form) {
+    document.CurrentPlaylist = path;
+    document.CurrentForm = engine.items.LastPlaylist().form;
+  }
   // A file that holds no sound is a row too.
   if (added > 0 && (all_of_it || !full)) return {};
   return full ? ListEnds(RowStore::MaxRows) : outcome;

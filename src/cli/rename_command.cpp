@@ -68,7 +68,7 @@ bool RealRun(CommandContext& context, const std::vector<PreviewRow>& rows, bool 
 
 int RenamePaths(CommandContext& context, const RenameOptions& options, const RenameConfig& config) {
   const bool all_there = AddPaths(context, options.paths);
-  const Collection paths = PathsOf(context.engine.document.ListView1, WhichRows::kAll);
+  const Collection paths = RealPathsOf(context.engine.document.ListView1, WhichRows::kAll);
   Numbering numbering(context.files, paths.size(), options.reset_per_folder);
   std::vector<PreviewRow> rows = PlanNames(
       RenameRules(config), paths, numbering, [&](const std::string& path) { return TagTitle(context.files, path); },

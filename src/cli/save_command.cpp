@@ -2,8 +2,20 @@
 
 #include "cli/list_command.h"
 #include "cli/saved_playlist.h"
+#include "platform/program.h"
+#include "playlist/m3u_lines.h"
 
 namespace qublet {
+namespace {
+
+// Playlists may name files that no list here takes: they would be gone from a playlist that is saved over.
+void TellWhatIsLeftOut(const CommandContext& context, const std::string& path) {
+  const int count = CountOtherLines(context.files, PathFromArgument(context.files, path));
+  if (count == 0) return;
+  Complain(context.err, path + ": " + std::to_string(count) + " lines of other types are left out", kDone);
+}
+
+}  // namespace
 
 int SaveCommand(CommandContext& context) {
   Arguments& arguments = context.arguments;
@@ -17,7 +29,9 @@ int SaveCommand(CommandContext& context) {
   const Outcome fits = Attempt([&] { playlist.emplace(arguments[0], relative, replace); });
   if (!fits) return Complain(context.err, "save: " + fits.Reason(), kWrongUse);
   if (const int code = playlist->Check(context); code != kDone) return code;
-  if (!AddPaths(context, {arguments.begin() + 1, arguments.end()})) return kCouldNot;
+  const Arguments paths(arguments.begin() + 1, arguments.end());
+  for (const std::string& path : paths) ResumeNext([&] { TellWhatIsLeftOut(context, path); });
+  if (!AddPaths(context, paths)) return kCouldNot;
   return playlist->Save(context);
 }
 

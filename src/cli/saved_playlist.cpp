@@ -26,8 +26,12 @@ int SavedPlaylist::Save(CommandContext& context) const {
   const auto form = relative_ ? PlaylistFiles::LineForm::kRelative : PlaylistFiles::LineForm::kFull;
   context.dialogs.agrees = replace_;
   context.dialogs.silent = true;  // the reason says more
-  const Outcome saved = context.engine.playlist_files.SaveTo(target_, form);
-  return saved ? kDone : Complain(context.err, out_ + ": " + saved.Reason(), kCouldNot);
+  PlaylistFiles& playlist_files = context.engine.playlist_files;
+  const Outcome saved = playlist_files.SaveTo(target_, form);
+  if (!saved) return Complain(context.err, out_ + ": " + saved.Reason(), kCouldNot);
+  if (const int full = playlist_files.LeftAbsolute(); full > 0)
+    Complain(context.err, out_ + ": " + FullPathsText(full), kDone);
+  return kDone;
 }
 
 std::optional<SavedPlaylist> TakeSavedPlaylist(Arguments& arguments) {

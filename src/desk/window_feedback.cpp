@@ -54,9 +54,9 @@ void WindowFeedback::ShowActivity(const std::string& text) {
   if (!text.empty()) LetRepaint();
 }
 
-void WindowFeedback::ShowRemark(const QString& text) {
+void WindowFeedback::ShowRemark(const std::string& text) {
   if (!places_) return;
-  places_->activity(text);
+  places_->activity(ShownText(text));
   places_->remark.start();
 }
 

@@ -24,14 +24,13 @@ class WindowFeedback : public Feedback {
   // Repaints now and then in the middle of work that shows no progress; what the user presses is thrown away.
   void LetRepaint();
 
-  // Shows in the activity panel what happened by the way. It goes after a while, or when the next activity is shown.
-  void ShowRemark(const QString& text);
-
   void BeginWait() override;
   void EndWait() override;
   bool Busy() const override { return waiting_ > 0; }
   bool Stopped() const override { return lock_.EscapePressed(); }
   void ShowActivity(const std::string& text) override;
+  // It goes after a while, or when the next activity is shown.
+  void ShowRemark(const std::string& text) override;
   void BeginProgress(const std::string& caption, int maximum) override;
   void ShowProgress(int value) override;
   void EndProgress() override;

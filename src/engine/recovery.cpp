@@ -97,7 +97,7 @@ void Recovery::Drop() {
 bool Recovery::Restore(const std::string& path, Items& items) {
   std::unique_ptr<RecoveryFile> file;
   ResumeNext([&] { file = RecoveryFile::TakeOver(files_, path); });
-  if (!file || !items.AddStuff(path, false)) return false;
+  if (!file || !items.AddOwnPlaylist(path)) return false;
   file_ = std::move(file);
   written_ = true;
   document_.Recovered = Document::Recovery::kHere;

@@ -5,6 +5,7 @@
 #include "playlist/own_playlists.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/text_files.h"
+#include "playlist/playlist_lines.h"
 #include "playlist/recent_files.h"
 #include "playlist/row_paths.h"
 #include "settings/kept_values.h"
@@ -73,7 +74,8 @@ bool Session::RestoreLastList() {
     if (recovery_.Restore(list.path, items_)) return true;
     if (items_.Stopped()) return false;
   }
-  items_.AddStuff(last, false);
+  // Where paths have drives, the list may be one that another program wrote.
+  OwnFormHasDrives(services_.files) ? items_.AddStuff(last, false) : items_.AddOwnPlaylist(last);
   return false;
 }
 
@@ -82,7 +84,7 @@ bool Session::StoreList() {
   const Collection paths = PathsOf(document_.ListView1, WhichRows::kAll);
   // An empty list leaves the old file: the next start brings back the list before it.
   if (paths.empty()) return false;
-  return static_cast<bool>(WriteLinesToFile(services_.files, LastPlaylist(places_.program_folder), paths));
+  return static_cast<bool>(WritePlainLines(services_.files, LastPlaylist(places_.program_folder), paths));
 }
 
 void Session::StoreTwin() {

@@ -42,7 +42,9 @@ void FillByExtension(const FileSystem& files, const std::string& path, MediaInfo
   // A file that is read is opened once and asked for its length; one that can't be opened may still have a length.
   std::unique_ptr<InputFile> file;
   if (mpeg || wav) ResumeNext([&] { file = files.OpenForReading(path); });
-  info.Size = ToInteger32(file ? file->Size() : files.FileLength(path));
+  const std::int64_t size = file ? file->Size() : files.FileLength(path);
+  info.Found = true;
+  info.Size = ToInteger32(size);
   if (mpeg) FillFromMpeg(file.get(), info);
   if (extension == ".ogg") info.ID = "OGG Vorbis";
   if (wav) FillFromWav(file.get(), info);
@@ -63,6 +65,7 @@ void CompleteFolder(const FileSystem& files, MediaInfo& info) {
 
 void GetMediaInfo(const FileSystem& files, const std::string& path, MediaInfo& info) {
   info.Valid = false;
+  info.Found = false;
   NameFile(path, info);
   info.Valid = Guarded([&] {
     FillByExtension(files, path, info);

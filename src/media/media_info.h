@@ -11,6 +11,7 @@ namespace qublet {
 // What the list shows of a file, as it stands there.
 struct MediaInfo {
   bool Valid = false;  // everything was read without a failure
+  bool Found = false;  // there is such a file
   std::string FileName;
   std::int32_t Length = 0;  // whole seconds, 0 where unknown
   std::int32_t Size = 0;    // bytes

@@ -21,6 +21,9 @@ class Feedback {
   // Text of status bar panel 4, repainted at once.
   virtual void ShowActivity(const std::string& /*text*/) {}
 
+  // What happened by the way, shown for a while where activity stands.
+  virtual void ShowRemark(const std::string& /*text*/) {}
+
   // The `Status` progress window: shown with a caption and a bar from 0 to `maximum`, moved, hidden again.
   virtual void BeginProgress(const std::string& /*caption*/, int /*maximum*/) {}
   virtual void ShowProgress(int /*value*/) {}

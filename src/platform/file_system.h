@@ -10,6 +10,7 @@
 
 #include "platform/absent_places.h"
 #include "platform/failure.h"
+#include "platform/real_names.h"
 
 namespace qublet {
 
@@ -136,6 +137,14 @@ class FileSystem {
   virtual std::optional<FolderIdentity> IdentityOf(const std::string& folder) const = 0;
   // The same for a file.
   virtual std::optional<FileIdentity> IdentityOfFile(const std::string& path) const = 0;
+
+  // Where a symbolic link to a file leads in the end; nothing for what is no link. Never throws.
+  virtual std::optional<std::string> LinkedFile(const std::string&) const { return std::nullopt; }
+
+  // The names that files really have, for a batch. Ends before this does.
+  virtual std::unique_ptr<RealNames> FindRealNames() const;
+  // The same for one path: the path itself where nothing else is certain. Never throws.
+  std::string RealName(const std::string& path) const;
 
   // Which places aren't there now. Ends before this does.
   virtual std::unique_ptr<AbsentPlaces> FindAbsentPlaces() const = 0;

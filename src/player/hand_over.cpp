@@ -2,13 +2,12 @@
 
 #include "playlist/m3u_lines.h"
 #include "playlist/own_playlists.h"
-#include "playlist/paths/text_files.h"
 
 namespace qublet {
 
 std::string WriteTempPlaylist(const Services& services, const std::string& program_folder, const Collection& paths) {
   const std::string own = TempPlaylist(program_folder);
-  if (!WriteLinesToFile(services.files, own, paths)) return "";
+  if (!WritePlainLines(services.files, own, paths)) return "";
   std::string playlist;
   ResumeNext([&] {
     const std::string folder = services.shell.HandOverFolder();

@@ -4,6 +4,8 @@
 
 #include "player/hand_over.h"
 #include "playlist/paths/folder_walk.h"
+#include "playlist/paths/path_text.h"
+#include "playlist/row_paths.h"
 
 namespace qublet {
 
@@ -20,7 +22,8 @@ Preview::Selection Preview::Selected(bool folders) const {
     const Row& row = document_.ListView1.At(i);
     if (!row.selected) continue;
     if (++selection.count == 1) selection.first = i;
-    const std::string& folder = row.cells[kPath];
+    const std::string path = row.RealPath();
+    const std::string folder = path.substr(0, path.size() - GetFileName(path).size());
     if (folders && seen.insert(folder).second) selection.folders.push_back(folder);
   }
   return selection;
@@ -30,10 +33,10 @@ void Preview::FillFileArray(std::int16_t mode, const Selection& selection) {
   DestroyFileArray(document_);
   switch (mode) {
     case kPlayList:
-      items_.SaveFileArrayFromList(true);
+      document_.FileArray = RealPathsOf(document_.ListView1, WhichRows::kAll);
       break;
     case kPlaySelected:
-      items_.SaveFileArrayFromList(false);
+      document_.FileArray = RealPathsOf(document_.ListView1, WhichRows::kSelected);
       break;
     case kPlayFolder:
       for (const std::string& folder : selection.folders) {
@@ -43,7 +46,7 @@ void Preview::FillFileArray(std::int16_t mode, const Selection& selection) {
       break;
     case kPlayFrom:
       for (int i = selection.first; i <= document_.ListView1.Count(); ++i)
-        document_.FileArray.push_back(document_.ListView1.At(i).FullPath());
+        document_.FileArray.push_back(document_.ListView1.At(i).RealPath());
       break;
     default:
       break;

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "platform/services.h"
-#include "playlist/items.h"
+#include "playlist/document.h"
 
 namespace qublet {
 
@@ -20,8 +20,8 @@ enum PreviewMode : std::int16_t {
 // Plays rows of the list in whatever program opens playlists.
 class Preview {
  public:
-  Preview(Document& document, Items& items, const Services& services, std::string program_folder)
-      : document_(document), items_(items), services_(services), program_folder_(std::move(program_folder)) {}
+  Preview(Document& document, const Services& services, std::string program_folder)
+      : document_(document), services_(services), program_folder_(std::move(program_folder)) {}
 
   // Writes the files of that mode, those that are there, to "tmp.m3u" and has it opened. Where players don't read the
   // program's own form they are handed its twin, "tmp.m3u8" in the hand-over folder. When a playlist can't be written
@@ -37,7 +37,6 @@ class Preview {
   void HandOver();
 
   Document& document_;
-  Items& items_;
   Services services_;
   std::string program_folder_;
 };

@@ -15,6 +15,12 @@ constexpr std::chrono::milliseconds kShowEvery{25};
 
 }  // namespace
 
+BatchReader::BatchReader(const FileSystem& files, int first_order, std::string thousands_separator)
+    : BatchReader(first_order, [reader = std::make_shared<RowReader>(files, std::move(thousands_separator))](
+                                   std::size_t, const std::string& path, int original_order, Row& row) {
+        reader->Read(path, original_order, row);
+      }) {}
+
 void BatchReader::Add(std::span<const std::string> paths) {
   added_ += paths.size();
   {
@@ -45,7 +51,8 @@ void BatchReader::Work(const std::function<void()>& file_read) {
       if (given_up_) break;
       part->rows.push_back(std::make_unique<Row>());
       // A row that couldn't be filled to its end stays as it is; the batch goes on.
-      ReadRow(files_, path, order++, thousands_separator_, *part->rows.back());
+      make_row_(static_cast<std::size_t>(order - first_order_), path, order, *part->rows.back());
+      ++order;
       ++done_;
       file_read();
     }

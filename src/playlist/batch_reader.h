@@ -23,9 +23,14 @@ namespace qublet {
 // goes on while the paths of further files are still being found.
 class BatchReader {
  public:
+  // Makes the row of path `place` (from 0) in any of the threads; outlives the reader.
+  using MakeRow = std::function<void(std::size_t place, const std::string& path, int original_order, Row& row)>;
+
   // Path i (from 0) gets the original order `first_order` + i. Nothing is started yet.
-  BatchReader(const FileSystem& files, int first_order, std::string thousands_separator)
-      : files_(files), thousands_separator_(std::move(thousands_separator)), next_order_(first_order) {}
+  BatchReader(int first_order, MakeRow make_row)
+      : make_row_(std::move(make_row)), first_order_(first_order), next_order_(first_order) {}
+  // Rows as RowReader makes them.
+  BatchReader(const FileSystem& files, int first_order, std::string thousands_separator);
   // Files that no thread has taken by then aren't read.
   ~BatchReader();
   BatchReader(const BatchReader&) = delete;
@@ -53,8 +58,8 @@ class BatchReader {
   Part* TakePart();  // waits for one; nothing when there will be no more
   void Complete();   // no more parts will come
 
-  const FileSystem& files_;
-  const std::string thousands_separator_;
+  const MakeRow make_row_;
+  const int first_order_;
   int next_order_;
   std::size_t added_ = 0;
   std::atomic<std::size_t> done_{0};

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "playlist/paths/collections.h"
+#include "playlist/playlist_form.h"
 #include "playlist/row_store.h"
 
 namespace qublet {
@@ -19,6 +21,8 @@ struct Document {
   Collection FileArray;
 
   std::string CurrentPlaylist;  // normalised path of the open file, "" for a list without one
+  // That it came in and is saved back in, where that isn't the one of a new file.
+  std::optional<PlaylistForm> CurrentForm;
   bool PlaylistChanged = false;
   // Whether the rows came from a recovery list and are stored nowhere since. One that gave way to another list
   // without a question isn't done with: `kLeft` says so until its file has been let go.

@@ -3,10 +3,12 @@
 #include <algorithm>
 
 #include "media/media_info.h"
+#include "playlist/foreign_lines.h"
 #include "playlist/m3u_lines.h"
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
+#include "playlist/playlist_lines.h"
 
 namespace qublet {
 namespace {
@@ -17,6 +19,14 @@ std::string FullPath(const FileSystem& files, const std::string& path) {
   NameFile(path, info);
   if (!Contains(path, ":")) ResumeNext([&] { CompleteFolder(files, info); });
   return info.Path + info.FileName;
+}
+
+void AppendPlaylist(const FileSystem& files, const std::string& path, Collection& found) {
+  PlaylistLines playlist;
+  Collection paths;
+  ReadPlaylist(files, path, playlist, paths).OrThrow();
+  const ForeignLines lines(files, playlist, "");
+  for (std::size_t i = 0; i < paths.size(); ++i) found.push_back(lines.FileOf(i, paths[i]));
 }
 
 }  // namespace
@@ -41,19 +51,20 @@ Outcome ExpandStuff(FileSystem& files, Feedback& feedback, std::string filename,
       case StuffKind::kNothing:
         break;
       case StuffKind::kAudioFile:
-        found.push_back(details.Path);
+        found.push_back(FullPath(files, details.Path));
         break;
       case StuffKind::kFolder:
         WalkFolder(files, feedback, details.Path, FileFilters(), found, true, false);
+        for (std::string& path : found) path = FullPath(files, path);
         break;
       case StuffKind::kPlaylist:
         files.SetCurrentFolder(FolderOfPlaylist(details.Path));
-        ReadPlaylistLines(files, details.Path, found).OrThrow();
+        AppendPlaylist(files, details.Path, found);
         break;
     }
     if (feedback.Stopped()) throw Failure("stopped");
     if (found.empty()) throw Failure("nothing to list");
-    for (const std::string& path : found) paths.push_back(FullPath(files, path));
+    paths.insert(paths.end(), found.begin(), found.end());
   });
 }
 

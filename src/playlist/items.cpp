@@ -5,9 +5,11 @@
 #include <vector>
 
 #include "playlist/expansion.h"
-#include "playlist/m3u_lines.h"
+#include "playlist/foreign_lines.h"
+#include "playlist/own_playlists.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/folder_walk.h"
+#include "playlist/playlist_lines.h"
 #include "playlist/row_filling.h"
 #include "playlist/row_paths.h"
 #include "playlist/stoppable_change.h"
@@ -19,7 +21,7 @@ Outcome Items::AddFile(const std::string& filename, int Index, int OrigIndex) {
   const int index = Index < 1 ? list.Count() + 1 : Index;
   std::vector<Row> rows(1);
   const Outcome filled =
-      ReadRow(files_, filename, OrigIndex != 0 ? OrigIndex : index, thousands_separator_, rows.front());
+      RowReader(files_, thousands_separator_).Read(filename, OrigIndex != 0 ? OrigIndex : index, rows.front());
   const Outcome inserted = Attempt([&] { list.Insert(index, std::move(rows)); });
   return inserted ? filled : inserted;
 }
@@ -36,23 +38,52 @@ void Items::AddByKind(const FileDetails& details, int InsertPoint) {
       break;
     case StuffKind::kPlaylist:
       files_.SetCurrentFolder(FolderOfPlaylist(details.Path));
-      DestroyFileArray(document_);
-      ReadPlaylistLines(files_, details.Path, document_.FileArray).OrThrow();
-      LoadFileArrayToList(InsertPoint);
+      AddPlaylist(details.Path, InsertPoint);
       break;
   }
 }
 
+void Items::AddPlaylist(const std::string& path, int InsertPoint) {
+  DestroyFileArray(document_);
+  PlaylistLines playlist;
+  ReadPlaylist(files_, path, playlist, document_.FileArray).OrThrow();
+  const int more = static_cast<int>(document_.FileArray.size()) + document_.ListView1.Count() - RowStore::MaxRows;
+  last_playlist_ = {FormToKeep(files_, path, playlist.content), std::max(more, 0)};
+  const auto source =
+      std::make_shared<const KeptLine::Source>(KeptLine::Source{FolderOfPlaylist(path), playlist.native});
+  const ForeignLines lines(files_, playlist, thousands_separator_);
+  LoadRows(InsertPoint, [&](std::size_t place, const std::string& line_path, int original_order, Row& row) {
+    if (lines.FillRow(place, line_path, original_order, row)) return;
+    row.kept = std::make_shared<const KeptLine>(KeptLine{std::string(playlist.lines[place]), source});
+  });
+}
+
 Outcome Items::AddStuff(std::string filename, bool ReSelect, int& InsertPoint) {
+  last_playlist_ = {};
+  return AddRows(ReSelect, InsertPoint, [&] {
+    FileDetails details;
+    GetFileDetails(files_, filename, details);
+    AddByKind(details, InsertPoint);
+  });
+}
+
+Outcome Items::AddOwnPlaylist(const std::string& path) {
+  int at_the_end = 0;
+  return AddRows(false, at_the_end, [&] {
+    DestroyFileArray(document_);
+    ReadOwnPlaylist(files_, path, document_.FileArray).OrThrow();
+    files_.SetCurrentFolder(FolderOfPlaylist(path));
+    LoadFileArrayToList(at_the_end);
+  });
+}
+
+Outcome Items::AddRows(bool ReSelect, int& InsertPoint, const std::function<void()>& add) {
   const WaitCursor wait(feedback_);
   RowStore& list = document_.ListView1;
   return Attempt([&] {
     const int before = list.Count();
     if (InsertPoint < 1) InsertPoint = before + 1;
-    FileDetails details;
-    GetFileDetails(files_, filename, details);
-    AddByKind(details, InsertPoint);
-
+    add();
     const int after = list.Count();
     if (after == before) throw Failure(Stopped() ? "stopped" : "nothing to list");
     if (ReSelect) {
@@ -70,7 +101,19 @@ void Items::SaveFileArrayFromList(bool Mode) {
 }
 
 void Items::LoadFileArrayToList(int InsertPoint) {
-  BatchReader reader(files_, document_.ListView1.Count() + 1, thousands_separator_);
+  LoadFileArray(InsertPoint, {});
+}
+
+void Items::LoadFileArray(int InsertPoint, const KeptLines& lines) {
+  const RowReader rows(files_, thousands_separator_);
+  LoadRows(InsertPoint, [&](std::size_t place, const std::string& path, int original_order, Row& row) {
+    const bool found = rows.ReadAgain(path, original_order, row);
+    if (!found && lines) row.kept = lines(place);
+  });
+}
+
+void Items::LoadRows(int InsertPoint, BatchReader::MakeRow make_row) {
+  BatchReader reader(document_.ListView1.Count() + 1, std::move(make_row));
   AddFromFileArray(reader, 0);
   LoadBatch(reader, InsertPoint);
 }
@@ -134,7 +177,7 @@ void Items::MViewRefresh_Click() {
     DestroyFileArray(document_);
     SaveFileArrayFromList(true);
     change.ClearList();
-    LoadFileArrayToList(1);
+    LoadFileArray(1, [&](std::size_t place) { return change.Cleared()[place]->kept; });
   }
   if (!Stopped()) MEditSelNone_Click();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -7,8 +9,10 @@
 #include "platform/file_system.h"
 #include "playlist/batch_reader.h"
 #include "playlist/document.h"
+#include "playlist/kept_line.h"
 #include "playlist/main_view.h"
 #include "playlist/paths/file_details.h"
+#include "playlist/playlist_form.h"
 
 namespace qublet {
 
@@ -27,6 +31,12 @@ class Items {
   // a step failed (the row then stays with what was written).
   Outcome AddFile(const std::string& filename, int Index, int OrigIndex);
 
+  // What AddStuff made of a playlist.
+  struct PlaylistFacts {
+    std::optional<PlaylistForm> form;  // see FormToKeep
+    int left_out = 0;                  // lines that the list had no room for
+  };
+
   // Expands what the user named (an audio file, a folder with all below it, a playlist) into rows before row
   // `InsertPoint`, which becomes the end of the list if it is below 1. Done when at least one row was added, not when
   // the user stops it: the list is as it was then. After a playlist its folder is the current one.
@@ -35,6 +45,12 @@ class Items {
     int at_the_end = 0;
     return AddStuff(filename, ReSelect, at_the_end);
   }
+
+  // Adds the rows of a playlist that this program wrote for itself at the end of the list (see ReadOwnPlaylist), else
+  // as AddStuff does.
+  Outcome AddOwnPlaylist(const std::string& path);
+  // Of the last call of AddStuff; nothing special unless that was for a playlist.
+  const PlaylistFacts& LastPlaylist() const { return last_playlist_; }
 
   // Appends the full paths of all rows (`Mode` True) or of the selected ones to `FileArray`.
   void SaveFileArrayFromList(bool Mode);
@@ -51,9 +67,13 @@ class Items {
   void MViewRefresh_Click();
 
  private:
+  Outcome AddRows(bool ReSelect, int& InsertPoint, const std::function<void()>& add);
   void AddByKind(const FileDetails& details, int InsertPoint);
+  void AddPlaylist(const std::string& path, int InsertPoint);
   void AddFolder(const std::string& folder, int InsertPoint);
   void AddFromFileArray(BatchReader& reader, std::size_t from);
+  void LoadFileArray(int InsertPoint, const KeptLines& lines);
+  void LoadRows(int InsertPoint, BatchReader::MakeRow make_row);
   void LoadBatch(BatchReader& reader, int InsertPoint);
   void SelectRowRange(int first, int last);
 
@@ -62,6 +82,7 @@ class Items {
   Feedback& feedback_;
   MainView& view_;
   std::string thousands_separator_;
+  PlaylistFacts last_playlist_;
 };
 
 }  // namespace qublet

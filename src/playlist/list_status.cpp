@@ -94,7 +94,7 @@ ListStatus WorkOutStatus(const RowStore& rows, const FileSystem& files, const Ap
   if (survey.selected.count == 0) {
     status.panels = NonePanels(survey, thousands_separator);
   } else if (survey.selected.count == 1) {
-    status.facts.file_there = FileExists(files, rows.At(survey.last_of_selected).FullPath());
+    status.facts.file_there = FileExists(files, rows.At(survey.last_of_selected).RealPath());
     status.panels = OnePanels(survey, status.facts.file_there, thousands_separator);
   } else {
     status.panels = SeveralPanels(survey, thousands_separator);

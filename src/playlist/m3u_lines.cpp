@@ -6,84 +6,39 @@
 #include "platform/code_page.h"
 #include "platform/drive_form.h"
 #include "platform/file_address.h"
+#include "playlist/expansion.h"
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
 #include "playlist/paths/text_files.h"
+#include "playlist/playlist_lines.h"
 
 namespace qublet {
 namespace {
 
 constexpr std::string_view kUtf8Playlist = ".m3u8";
 
-bool IsNativeForm(std::string_view path) {
-  return LowerCase(GetExtension(GetFileName(path))) == kUtf8Playlist;
+// A row that is an address has no folder.
+std::optional<std::string> AddressIn(const std::string& item) {
+  if (!Contains(item, "://")) return std::nullopt;
+  std::string address = item.substr(item.starts_with('\\') ? 1 : 0);
+  if (!IsAddress(address) || Contains(address, "\\")) return std::nullopt;
+  return address;
 }
 
-// "http://..." and its like.
-bool IsAddress(std::string_view path) {
-  const std::size_t scheme_end = path.find("://");
-  return scheme_end != path.npos && scheme_end > 1 && path.find_first_of("/\\:") == scheme_end;
-}
-
-// Whether paths have drives and backslashes in this system's own form too.
-bool OwnFormHasDrives(const FileSystem& files) {
-  std::string here;
-  ResumeNext([&] { here = files.ToNative(files.CurrentFolder()); });
-  return !here.empty() && !here.starts_with('/');
-}
-
-// A line of a playlist in this system's own form, as bytes and as text. Where paths have no drives of their own, a
-// backslash or a colon may belong to a name here or to a path that came from elsewhere, and bytes that are no UTF-8
-// may be a name of just these bytes or code page text: what is there decides.
-std::string FromNativeLine(const FileSystem& files, const std::string& bytes, const std::string& text) {
-  if (IsAddress(text)) return text;
-  std::string own = files.FromNative(bytes);
-  const bool plain = !HasDrive(text) && !Contains(text, "\\");
-  const bool certain = bytes == text && (plain || OwnFormHasDrives(files));
-  if (certain || files.Attributes(own)) return own;
-  if (HasDrive(text) || files.Attributes(text)) return text;
-  return files.FromNative(text);
-}
-
-// A line of a plain playlist: in drive form, but for those that other programs of this system write.
-std::string FromPlainLine(const FileSystem& files, const std::string& line) {
-  const bool own_form = line.front() == '/' || (Contains(line, "/") && !Contains(line, ":") && !Contains(line, "\\"));
-  return own_form ? files.FromNative(line) : line;
-}
-
-std::string TakeIn(const FileSystem& files, const std::string& line, bool native) {
-  std::string path = IsValidUtf8(line) ? line : FromCodePage(line);
-  ResumeNext([&] { path = native ? FromNativeLine(files, line, path) : FromPlainLine(files, line); });
-  const std::string first = FirstCharacters(path, 1);
-  if (std::string_view(path).substr(first.size()).starts_with(':')) path.replace(0, first.size(), LowerCase(first));
-  return path;
-}
-
-// What a playlist in `folder` says for an item: its relative line, but for one that would read as a comment or lose
-// its beginning as a byte-order mark.
-std::string LineBelow(const std::string& folder, const std::string& item) {
-  std::string line = RelativeLine(item, folder);
-  const bool misread = line.starts_with('#') || WithoutMark(line) != line;
-  return misread ? item : line;
-}
-
-// The line of a path in this system's own form; a path that this form can't say keeps its drive form.
-std::string NativeLine(const FileSystem& files, const std::string& path, const std::string& line) {
-  if (IsAddress(GetFileName(line))) return GetFileName(line);
-  std::string native = line;
-  ResumeNext([&] { native = files.ToNative(line); });
-  if (native.find_first_of("\r\n") != native.npos) return path;
-  // A relative line that begins like a drive.
-  if (native != line && HasDrive(native)) ResumeNext([&] { native = files.ToNative(path); });
-  return native;
+// A path in this system's own form; what this form can't say keeps its drive form.
+std::string NativePath(const FileSystem& files, const std::string& path) {
+  std::string native = path;
+  ResumeNext([&] { native = files.ToNative(path); });
+  return native.find_first_of("\r\n") != native.npos ? path : native;
 }
 
 std::string HandOverLine(const FileSystem& files, const std::string& path) {
-  const std::string native = NativeLine(files, path, path);
+  if (const auto address = AddressIn(path)) return *address;
   std::string whole;
   ResumeNext([&] { whole = files.ToNative(path); });
-  return whole.starts_with('/') && whole.find_first_of("#%?\r\n") != whole.npos ? FileAddress(whole) : native;
+  return whole.starts_with('/') && whole.find_first_of("#%?\r\n") != whole.npos ? FileAddress(whole)
+                                                                                : NativePath(files, path);
 }
 
 }  // namespace
@@ -92,47 +47,96 @@ bool IsPlaylistExtension(std::string_view extension) {
   return std::ranges::find(PlaylistFilters(), "*" + std::string(extension)) != PlaylistFilters().end();
 }
 
-bool ReadPlaylistText(const FileSystem& files, std::string_view bytes, bool native, Collection& lines) {
-  bool found = false;
-  const std::string decoded = native ? "" : DecodeText(bytes);
-  std::string_view rest = native ? WithoutMark(bytes) : decoded;
+bool IsNativePlaylist(std::string_view path) {
+  return LowerCase(GetExtension(GetFileName(path))) == kUtf8Playlist;
+}
+
+int CountOtherLines(const FileSystem& files, const std::string& path) {
+  if (!IsPlaylistExtension(LowerCase(GetExtension(GetFileName(path))))) return 0;
+  PlaylistLines playlist;
+  Collection paths;
+  ReadPlaylist(files, path, playlist, paths);  // gives the content also where no line counts
+  int count = 0;
+  std::string_view rest = playlist.content;
+  auto next = playlist.lines.begin();
   while (!rest.empty()) {
-    const std::string line(TakeLine(rest));
-    if (line.empty() || line.front() == '#') continue;
-    const std::string lowered = LowerCase(line);
-    for (const std::string& filter : FileFilters()) {
-      if (!Contains(lowered, std::string_view(filter).substr(1))) continue;
-      lines.push_back(TakeIn(files, line, native));
-      found = true;
-    }
+    const std::string_view line = TakeLine(rest);
+    const auto known = next;
+    while (next != playlist.lines.end() && next->data() == line.data()) ++next;
+    if (known == next && !line.empty() && line.front() != '#') ++count;
   }
-  return found;
+  return count;
 }
 
-Outcome ReadPlaylistLines(const FileSystem& files, const std::string& path, Collection& lines) {
-  std::string bytes;
-  const Outcome read = ReadTextFile(files, path, bytes);
-  if (!read || ReadPlaylistText(files, bytes, IsNativeForm(path), lines)) return read;
-  return Outcome::GivenUp("it names no audio file");
-}
-
-PlaylistText::PlaylistText(const FileSystem& files, const std::string& path, bool Relative)
+PlaylistText::PlaylistText(const FileSystem& files, const std::string& path, bool Relative,
+                           const std::optional<PlaylistForm>& form)
     : files_(files),
-      native_(IsNativeForm(path)),
-      writer_(files, path, native_ ? TextWriter::Encoding::kUtf8 : TextWriter::Encoding::kText) {
-  if (Relative) relative_to_ = ReplaceAll(path, "\\" + GetFileName(path), "");
+      folder_(FolderOfPlaylist(path)),
+      native_type_(IsNativePlaylist(path)),
+      form_(form.value_or(NewForm(path))),
+      own_form_has_drives_(OwnFormHasDrives(files)),
+      writer_(files, path, form_.utf8 ? TextWriter::Encoding::kUtf8 : TextWriter::Encoding::kByLine, form_.mark) {
+  if (Relative) relative_.emplace(files, path, native_type_);
 }
 
-void PlaylistText::Add(const std::string& folder, const std::string& name) {
-  if (!native_ && !relative_to_) {
-    writer_.Append(folder);
-    writer_.Append(name);
-    writer_.Append("\r\n");
-    return;
+void PlaylistText::AddLine(const std::string& line) {
+  writer_.Append(line);
+  writer_.Append(form_.native ? "\n" : "\r\n");
+}
+
+void PlaylistText::Add(const std::string& folder, const std::string& name, const KeptLine* kept) {
+  if (kept != nullptr && !relative_ && AddKept(*kept)) return;
+  const bool plain_path = folder.size() > 1 && !form_.native && !relative_;
+  if (!plain_path) return AddLine(LineOf(folder + name));
+  writer_.Append(folder);
+  writer_.Append(name);
+  writer_.Append("\r\n");
+}
+
+bool PlaylistText::AddKept(const KeptLine& kept) {
+  if (!StandsIn(kept, folder_)) return false;
+  std::optional<std::string> other;
+  if (kept.source->native != native_type_) {
+    if (!page_) page_.emplace();
+    other = InOtherType(files_, kept, *page_);
   }
-  const std::string item = folder + name;
-  const std::string line = relative_to_ ? LineBelow(*relative_to_, item) : item;
-  writer_.Append(native_ ? NativeLine(files_, item, line) + "\n" : line + "\r\n");
+  if (other) {
+    AddLine(*other);
+  } else {
+    writer_.AppendBytes(kept.bytes);
+    writer_.Append(form_.native ? "\n" : "\r\n");
+  }
+  return true;
+}
+
+std::string PlaylistText::LineOf(const std::string& item) {
+  if (auto address = AddressIn(item)) return *address;
+  if (!relative_) return FullLineOf(item);
+  if (auto line = RelativeLineOf(item)) return *line;
+  ++left_absolute_;
+  return FullLineOf(item);
+}
+
+std::string PlaylistText::FullLineOf(const std::string& item) const {
+  if (!form_.native) return item;
+  const std::string native = NativePath(files_, item);
+  // In a plain playlist bytes that are no UTF-8 would be text.
+  return native_type_ || IsValidUtf8(native) ? native : item;
+}
+
+std::optional<std::string> PlaylistText::RelativeLineOf(const std::string& item) {
+  const auto relative = relative_->LineOf(item);
+  if (!relative || WithoutMark(*relative) != *relative) return std::nullopt;
+  if (!form_.native) return (relative->starts_with('#') ? ".\\" : "") + *relative;
+
+  std::string native;
+  ResumeNext([&] { native = files_.ToNative(*relative); });
+  const bool like_a_drive = native != *relative && HasDrive(native);
+  if (native.empty() || like_a_drive || native.find_first_of("\r\n") != native.npos) return std::nullopt;
+  if (!native_type_ && (native.find_first_of("\\:") != native.npos || !IsValidUtf8(native))) return std::nullopt;
+  const bool backslash_in_name = !own_form_has_drives_ && Contains(native, "\\") && !Contains(native, "/");
+  if (native.starts_with('#') || backslash_in_name) native.insert(0, own_form_has_drives_ ? ".\\" : "./");
+  return native;
 }
 
 Outcome WritePlaylistLines(const FileSystem& files, const std::string& path, const Collection& paths, bool Relative) {
@@ -144,6 +148,12 @@ Outcome WritePlaylistLines(const FileSystem& files, const std::string& path, con
 Outcome WriteHandOver(const FileSystem& files, const std::string& path, const Collection& paths) {
   TextWriter writer(files, path, TextWriter::Encoding::kUtf8);
   for (const std::string& item : paths) writer.Append(HandOverLine(files, item) + "\n");
+  return writer.Commit();
+}
+
+Outcome WritePlainLines(const FileSystem& files, const std::string& path, const Collection& lines) {
+  TextWriter writer(files, path, TextWriter::Encoding::kByLine);
+  for (const std::string& line : lines) writer.Append(AddressIn(line).value_or(line) + "\r\n");
   return writer.Commit();
 }
 

@@ -2,6 +2,9 @@
 
 #include <string>
 
+#include "platform/file_system.h"
+#include "playlist/paths/collections.h"
+
 namespace qublet {
 
 // The program's own playlists; `program_folder` is in drive form without a trailing "\".
@@ -14,5 +17,10 @@ inline std::string LastPlaylist(const std::string& program_folder) {
 inline std::string TempPlaylist(const std::string& program_folder) {
   return program_folder + "\\tmp.m3u";
 }
+
+// Appends the paths of a playlist that this program wrote for itself: each line that is a full path or
+// an address is one, once, as it stands. Given up
+// when the file can't be read or holds none.
+Outcome ReadOwnPlaylist(const FileSystem& files, const std::string& path, Collection& paths);
 
 }  // namespace qublet

@@ -6,6 +6,7 @@
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/playlist_name.h"
 #include "playlist/paths/text.h"
+#include "playlist/playlist_lines.h"
 #include "playlist/recent_files.h"
 #include "playlist/row_paths.h"
 #include "playlist/stoppable_change.h"
@@ -23,6 +24,11 @@ std::string CaptionText(const std::string& AppTitle, const std::string& CurrentP
   return AppTitle + "[" + GetFileName(CurrentPlaylist) + "]";
 }
 
+std::string FullPathsText(int items) {
+  return items == 1 ? "1 item had to keep its full path"
+                    : std::to_string(items) + " items had to keep their full paths";
+}
+
 bool PlaylistFiles::OpenPlaylistFile(bool Import) {
   FileRequest request{"", kPlaylistFilter, "m3u"};
   const std::string start = Trim(settings_.Idir);
@@ -37,12 +43,30 @@ bool PlaylistFiles::OpenPlaylistFile(bool Import) {
     return false;
   }
   if (added && !Import) {
-    document_.CurrentPlaylist = NormalizedPath(*chosen);
-    view_.ShowCaption();
+    TakeOpened(NormalizedPath(*chosen));
     AddRecent();
   }
   items_.MEditSelNone_Click();
+  if (added && !Import) TellWhatIsLeftOut();
   return added;
+}
+
+void PlaylistFiles::TakeOpened(const std::string& path) {
+  document_.CurrentPlaylist = path;
+  document_.CurrentForm = items_.LastPlaylist().form;
+  view_.ShowCaption();
+}
+
+// A list that holds less than its file must not be saved over it by the way.
+void PlaylistFiles::TellWhatIsLeftOut() {
+  const int left_out = items_.LastPlaylist().left_out;
+  if (left_out == 0) return;
+  document_.CurrentPlaylist.clear();
+  document_.CurrentForm.reset();
+  view_.ShowCaption();
+  services_.dialogs.ShowMessage(
+      "The list ends at 32,767 items: " + std::to_string(left_out) + " lines of this file were left out.",
+      MessageIcon::kExclamation, MessageButtons::kOk);
 }
 
 bool PlaylistFiles::Load(const std::string& path, Into into, bool ReSelect) {
@@ -62,6 +86,7 @@ void PlaylistFiles::MFileNew_Click() {
   view_.Refresh();
   document_.MarkStored();
   document_.CurrentPlaylist.clear();
+  document_.CurrentForm.reset();
   view_.ShowCaption();
 }
 
@@ -75,12 +100,11 @@ void PlaylistFiles::MFileRecent_Click(int Index) {
                                   MessageIcon::kStop, MessageButtons::kOk);
     return;
   }
-  if (Load(path, Into::kEmptyList, true)) {
-    document_.CurrentPlaylist = path;
-    view_.ShowCaption();
-  }
+  const bool added = Load(path, Into::kEmptyList, true);
+  if (added) TakeOpened(path);
   if (!items_.Stopped()) document_.PlaylistChanged = false;
   view_.Refresh();
+  if (added) TellWhatIsLeftOut();
 }
 
 bool PlaylistFiles::PromptSaveFirst() {
@@ -160,8 +184,10 @@ Outcome PlaylistFiles::WriteTo(const std::string& path, LineForm form) {
   const WaitCursor wait(services_.feedback);
   services_.feedback.ShowActivity("Saving file: " + path);
   const Outcome written = WriteRows(path, form);
+  const bool new_name = path != document_.CurrentPlaylist;
   if (written) {
     document_.CurrentPlaylist = path;
+    if (new_name) document_.CurrentForm.reset();
     view_.ShowCaption();
     AddRecent();
     document_.MarkStored();
@@ -169,16 +195,32 @@ Outcome PlaylistFiles::WriteTo(const std::string& path, LineForm form) {
     services_.dialogs.ShowMessage("Unable to write to the specified file.", MessageIcon::kStop, MessageButtons::kOk);
   }
   services_.feedback.ShowActivity("");
+  if (written) TellAboutLines(new_name);
   return written;
+}
+
+void PlaylistFiles::TellAboutLines(bool new_name) {
+  const std::string& path = document_.CurrentPlaylist;
+  std::string remark;
+  if (left_absolute_ > 0) remark = FullPathsText(left_absolute_);
+  if (new_name && !told_of_players_ && !IsNativePlaylist(path) && !OwnFormHasDrives(services_.files)) {
+    told_of_players_ = true;
+    remark += std::string(remark.empty() ? "" : "; ") + "players of this system want .m3u8";
+  }
+  if (!remark.empty()) services_.feedback.ShowRemark(remark);
 }
 
 Outcome PlaylistFiles::WriteRows(const std::string& path, LineForm form) {
   const RowStore& rows = document_.ListView1;
-  PlaylistText text(services_.files, path, form == LineForm::kRelative);
+  const bool same_file = path == document_.CurrentPlaylist;
+  PlaylistText text(services_.files, path, form == LineForm::kRelative,
+                    same_file ? document_.CurrentForm : std::nullopt);
   for (int i = 1; i <= rows.Count(); ++i) {
     rows.ExpectPaths(i);
-    text.Add(rows.At(i).cells[kPath], rows.At(i).cells[kFileName]);
+    const Row& row = rows.At(i);
+    text.Add(row.cells[kPath], row.cells[kFileName], row.kept.get());
   }
+  left_absolute_ = text.LeftAbsolute();
   return text.Write();
 }
 

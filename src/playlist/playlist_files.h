@@ -26,6 +26,8 @@ class PlaylistFiles {
   bool SavePlaylistFile(bool AsNew, bool Relative);
   // The rest of a save, once the target's name is known: asks before it replaces a file, writes, tells when it can't.
   Outcome SaveTo(std::string target, LineForm form);
+  // How many items of the last save in relative form have got their full paths.
+  int LeftAbsolute() const { return left_absolute_; }
   // Offers to save a changed list that has rows. True tells the caller to proceed.
   bool PromptSaveFirst();
   // Whether that would ask at present.
@@ -52,6 +54,9 @@ class PlaylistFiles {
   std::string NameFor(const std::string& common);
   Outcome WriteTo(const std::string& path, LineForm form);
   Outcome WriteRows(const std::string& path, LineForm form);
+  void TakeOpened(const std::string& path);
+  void TellWhatIsLeftOut();
+  void TellAboutLines(bool new_name);
   void AddRecent();
 
   Document& document_;
@@ -59,9 +64,14 @@ class PlaylistFiles {
   const AppSettings& settings_;
   Services services_;
   MainView& view_;
+  int left_absolute_ = 0;
+  bool told_of_players_ = false;  // in this session
 };
 
 // Caption of the main window: the title, and the open file's name in brackets.
 std::string CaptionText(const std::string& AppTitle, const std::string& CurrentPlaylist);
+
+// What is said about items of a relative playlist that have got their full paths.
+std::string FullPathsText(int items);
 
 }  // namespace qublet

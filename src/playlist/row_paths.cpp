@@ -16,6 +16,14 @@ Collection PathsOf(const RowStore& rows, WhichRows which) {
   return paths;
 }
 
+Collection RealPathsOf(const RowStore& rows, WhichRows which) {
+  Collection paths;
+  for (int i = 1; i <= rows.Count(); ++i) {
+    if (which == WhichRows::kAll || rows.At(i).selected) paths.push_back(rows.At(i).RealPath());
+  }
+  return paths;
+}
+
 RowsByPath::RowsByPath(const RowStore& rows) {
   for (int i = 1; i <= rows.Count(); ++i) rows_[rows.At(i).FullPath()].insert(i);
 }

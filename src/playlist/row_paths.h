@@ -15,6 +15,8 @@ enum class WhichRows { kAll, kSelected };
 // Appends the full paths of those rows, in their order.
 void AppendPaths(const RowStore& rows, WhichRows which, Collection& paths);
 Collection PathsOf(const RowStore& rows, WhichRows which);
+// The same as the disk has them (see Row::RealPath).
+Collection RealPathsOf(const RowStore& rows, WhichRows which);
 
 // The rows by their paths, kept up to date while names change.
 class RowsByPath {

@@ -151,7 +151,10 @@ void RowStore::Reorder(const std::vector<int>& order) {
 void RowStore::SetCell(int index, int column, std::string text) {
   if (column < 0 || column >= kColumnCount) throw Failure("no such column");
   const Bulk bulk(*this);
-  rows_[Place(index)]->cells[static_cast<std::size_t>(column)] = std::move(text);
+  Row& row = *rows_[Place(index)];
+  std::string& cell = row.cells[static_cast<std::size_t>(column)];
+  if ((column == kFileName || column == kPath) && cell != text) row.kept.reset();
+  cell = std::move(text);
   NoteChanged(index, index);
   ++changes_;
 }

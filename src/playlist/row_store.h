@@ -10,6 +10,7 @@
 
 #include "platform/failure.h"
 #include "playlist/columns.h"
+#include "playlist/kept_line.h"
 
 namespace qublet {
 
@@ -23,12 +24,26 @@ struct Row {
   RowIcon icon = RowIcon::kNormal;
   bool ghosted = false;
   bool selected = false;
+  // For a row that came from a playlist and found no file; it goes when the path changes.
+  std::shared_ptr<const KeptLine> kept;
+
+  // Where the disk has the file under another name than the row's: the row's full path then, and the file's.
+  struct RealFile {
+    std::string path;
+    std::string file;
+  };
+  std::shared_ptr<const RealFile> real;
 
   // The one way to get a path from a row.
   std::string FullPath() const {
     std::string path;
     path.reserve(cells[kPath].size() + cells[kFileName].size());
     return path.append(cells[kPath]).append(cells[kFileName]);
+  }
+  // The path under which the disk has the file, as far as the row knows: for what reads, plays or changes the file.
+  std::string RealPath() const {
+    std::string path = FullPath();
+    return real && real->path == path ? real->file : path;
   }
 };
 

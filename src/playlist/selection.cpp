@@ -80,7 +80,7 @@ std::string CommonFolder(const RowStore& rows, const FileSystem& files) {
 
 void ShowCurrentProperties(Document& document, Shell& shell) {
   const int row = CurrentRow(document.ListView1);
-  if (row > 0) shell.ShowFileProperties(document.ListView1.At(row).FullPath());
+  if (row > 0) shell.ShowFileProperties(document.ListView1.At(row).RealPath());
 }
 
 void RemoveSelectedRows(Document& document) {

@@ -65,9 +65,10 @@ Statistics GatherStatistics(const Document& document, const FileSystem& files, c
   found.FileCount = static_cast<std::int16_t>(paths.size());
   found.FolderCount = static_cast<std::int16_t>(folders.size());
   GatherNames(found, paths, document.CurrentPlaylist, associations, program_folder);
-  for (std::size_t i = 0; i < paths.size(); ++i) {
-    ResumeNext([&] { AddSize(found, files, paths[i]); });
-    ResumeNext([&] { AddTime(found, document.ListView1.At(static_cast<int>(i) + 1).cells[kHiddenLen]); });
+  for (int i = 1; i <= document.ListView1.Count(); ++i) {
+    const Row& row = document.ListView1.At(i);
+    ResumeNext([&] { AddSize(found, files, row.RealPath()); });
+    ResumeNext([&] { AddTime(found, row.cells[kHiddenLen]); });
   }
   ResumeNext([&] { found.ListFileSize = ToInteger32(static_cast<std::int64_t>(EncodeLines(paths).size())); });
   WorkOutAverages(found);

@@ -20,6 +20,8 @@ class StoppableChange {
 
   // One of these, once at most and before other rows come: the rows go for a while, or to make room for another list.
   void ClearList() { cleared_ = document_.ListView1.TakeAll(); }
+  // The rows that went by that.
+  const std::vector<std::unique_ptr<Row>>& Cleared() const { return cleared_; }
   void GiveWay() { cleared_ = document_.GiveWay(); }
 
  private:

@@ -189,5 +189,48 @@ TEST_F(FileMenu, SaysWhenARecentFileIsGone) {
   EXPECT_EQ(window.Names(), "1.mp3");
 }
 
+// A playlist with this many lines that lead nowhere.
+std::string LongList(int lines) {
+  std::string text;
+  for (int i = 0; i < lines; ++i) text += "c:\\gone\\" + std::to_string(i) + ".mp3\r\n";
+  return text;
+}
+
+TEST_F(FileMenu, SaysWhatAListHasNoRoomForAndForgetsItsName) {
+  const Message left_out{"The list ends at 32,767 items: 2 lines of this file were left out.",
+                         MessageIcon::kExclamation, MessageButtons::kOk};
+  window.drives.Write("long.m3u", LongList(32'769));
+  Open("c:\\long.m3u");
+  EXPECT_EQ(window.dialogs.messages, std::vector<Message>{left_out});
+  EXPECT_EQ(window.Caption(), kTitle);
+  EXPECT_EQ(window.Rows().Count(), 32'767);
+
+  window.main->findChild<QMenu*>("MFileRec")->actions().front()->trigger();
+  EXPECT_EQ(window.dialogs.messages, std::vector<Message>(2, left_out));
+  EXPECT_EQ(window.document->CurrentPlaylist, "");
+  // A plain save asks for a name now.
+  window.Run("MFileSave");
+  EXPECT_EQ(window.dialogs.save_requests.size(), 1u);
+}
+
+TEST_F(FileMenu, GivesMissingLinesBackAsTheyCame) {
+  window.drives.Write("list.m3u", "C:\\m\\a\\1.mp3\r\nC:/Gone\\\xF6.mp3\r\nsub/gone.mp3\r\n");
+  Open("c:\\list.m3u");
+  window.Run("MViewRefresh");
+  window.dialogs.answers = {MessageAnswer::kYes};
+  window.Run("MFileSave");
+  EXPECT_EQ(window.drives.Read("list.m3u"), "c:\\m\\a\\1.mp3\r\nC:/Gone\\\xF6.mp3\r\nsub/gone.mp3\r\n");
+}
+
+TEST_F(FileMenu, RemarksOnceThatPlayersHereWantTheOtherType) {
+  window.Add("c:\\m");
+  window.dialogs.save_names = {"c:\\new.m3u"};
+  window.Run("MFileSaveAs");
+  EXPECT_EQ(window.Panel(4), "players of this system want .m3u8");
+  window.dialogs.save_names = {"c:\\newer.m3u"};
+  window.Run("MFileSaveAs");
+  EXPECT_EQ(window.Panel(4), "");
+}
+
 }  // namespace
 }  // namespace qublet

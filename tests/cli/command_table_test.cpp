@@ -235,6 +235,49 @@ TEST_F(SaveRows, AddsToAPlaylistThatIsAmongThePaths) {
   EXPECT_EQ(drives_.Read("out.m3u"), "c:\\2.mp3\r\nc:\\1.mp3\r\n");
 }
 
+TEST_F(SaveRows, GivesMissingLinesBackAsTheyCame) {
+  Touch({"a.mp3"});
+  drives_.Write("list.m3u", "C:\\a.mp3\r\nC:/Gone\\\xF6.mp3\r\nsub/gone.mp3\r\nhttp://host/a.mp3\r\n");
+  EXPECT_EQ(Run({"save", "--replace", "c:\\list.m3u", "c:\\list.m3u"}), 0);
+  EXPECT_EQ(Err(), "");
+  EXPECT_EQ(drives_.Read("list.m3u"), "c:\\a.mp3\r\nC:/Gone\\\xF6.mp3\r\nsub/gone.mp3\r\nhttp://host/a.mp3\r\n");
+}
+
+TEST_F(SaveRows, SaysHowManyLinesOfOtherTypesAreLeftOut) {
+  Touch({"a.mp3"});
+  drives_.Write("list.m3u", "#EXTM3U\r\nc:\\a.mp3\r\nc:\\b.flac\r\n\r\nother.m3u\r\nc:\\c.m4a\r\nc:\\d.wav.mp3\r\n");
+  EXPECT_EQ(Run({"save", "c:\\out.m3u", "c:\\list.m3u"}), 0);
+  EXPECT_EQ(Err(), "qublet: c:\\list.m3u: 3 lines of other types are left out\n");
+  EXPECT_EQ(Run({"list", "c:\\list.m3u"}), 0);
+  EXPECT_EQ(Err(), "");
+}
+
+TEST_F(SaveRows, SaysHowManyItemsOfARelativeListKeepTheirFullPaths) {
+  Touch({"m/a.mp3", "x/b.mp3"});
+  EXPECT_EQ(Run({"save", "--relative", "c:\\m\\out.m3u", "c:\\m", "c:\\x"}), 0);
+  EXPECT_EQ(Err(), "qublet: c:\\m\\out.m3u: 1 item had to keep its full path\n");
+  EXPECT_EQ(drives_.Read("m/out.m3u"), "a.mp3\r\nc:\\x\\b.mp3\r\n");
+}
+
+TEST_F(SaveRows, RefusesAListOfMoreThanThereIsRoomFor) {
+  drives_.Write("long.m3u", PlaylistOfMissingFiles(RowStore::MaxRows + 1));
+  const std::string before = drives_.Read("long.m3u");
+  EXPECT_EQ(Run({"save", "--replace", "c:\\long.m3u", "c:\\long.m3u"}), 1);
+  EXPECT_EQ(Err(), "qublet: c:\\long.m3u: the list ends at row 32767, the rest is left out\n");
+  EXPECT_EQ(drives_.Read("long.m3u"), before);
+}
+
+#ifndef _WIN32
+TEST_F(SaveRows, GivesAListOfThisSystemBackInItsForm) {
+  Touch({"m/a.mp3"});
+  drives_.Write("list.m3u", "#EXTM3U\nm/a.mp3\n/gone/b.mp3\n");
+  EXPECT_EQ(Run({"save", "--replace", "c:\\list.m3u", "c:\\list.m3u"}), 0);
+  EXPECT_EQ(drives_.Read("list.m3u"), Native("m/a.mp3") + "\n/gone/b.mp3\n");
+  EXPECT_EQ(Run({"save", "--replace", "c:\\other.m3u", "c:\\list.m3u"}), 0);
+  EXPECT_EQ(drives_.Read("other.m3u"), "c:\\m\\a.mp3\r\n/gone/b.mp3\r\n");
+}
+#endif
+
 TEST_F(SaveRows, WritesNothingWhenAPathIsMissingOrHoldsNothing) {
   Touch({"1.mp3", "a.txt"});
   drives_.Write("old.m3u", "old");

@@ -67,7 +67,7 @@ TEST_F(RestoreCommandTest, SavesTheListSoRestored) {
   drives_.Write("list.m3u", "here.mp3\r\na\\1.mp3\r\na\\2.mp3\r\n");
   EXPECT_EQ(Run({"--save", "out.m3u", "list.m3u"}), 0);
   EXPECT_EQ(Out(), "c:\\a\\1.mp3\tc:\\new\\1.mp3\nc:\\a\\2.mp3\t\n");
-  EXPECT_EQ(drives_.Read("out.m3u"), "c:\\here.mp3\r\nc:\\new\\1.mp3\r\nc:\\a\\2.mp3\r\n");
+  EXPECT_EQ(drives_.Read("out.m3u"), "c:\\here.mp3\r\nc:\\new\\1.mp3\r\na\\2.mp3\r\n");
   EXPECT_EQ(Run({"--save", "out.m3u", "list.m3u"}), 1);
   EXPECT_EQ(Err(), "qublet: out.m3u exists; --replace replaces it\n");
   EXPECT_EQ(Out(), "");

@@ -24,7 +24,7 @@ class Remark : public testing::Test {
 };
 
 TEST_F(Remark, StandsForTenSecondsInTheActivityPanel) {
-  feedback.ShowRemark(QStringLiteral("done by the way"));
+  feedback.ShowRemark("done by the way");
   EXPECT_EQ(panel.text(), QStringLiteral("done by the way"));
   ASSERT_TRUE(Timer().isActive());
   EXPECT_EQ(Timer().intervalAsDuration(), std::chrono::seconds(10));
@@ -34,7 +34,7 @@ TEST_F(Remark, StandsForTenSecondsInTheActivityPanel) {
 }
 
 TEST_F(Remark, GivesWayToTheNextActivityForGood) {
-  feedback.ShowRemark(QStringLiteral("done by the way"));
+  feedback.ShowRemark("done by the way");
   feedback.ShowActivity("Saving file: a");
   EXPECT_EQ(panel.text(), QStringLiteral("Saving file: a"));
   EXPECT_FALSE(Timer().isActive());
@@ -42,7 +42,7 @@ TEST_F(Remark, GivesWayToTheNextActivityForGood) {
 
 TEST_F(Remark, IsNoneWithoutAWindow) {
   feedback.ShowNowhere();
-  feedback.ShowRemark(QStringLiteral("done by the way"));
+  feedback.ShowRemark("done by the way");
   EXPECT_EQ(panel.text(), QString());
 }
 

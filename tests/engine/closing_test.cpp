@@ -235,5 +235,29 @@ TEST_F(ClosingTest, ARecoveredListGoesWithANoToTheQuestionAboutItsChanges) {
   EXPECT_EQ(Kept(), "");
 }
 
+#ifndef _WIN32
+TEST_F(ClosingTest, TheLastListKeepsItsRowsFromStartToStart) {
+  Touch({"track01.wav.mp3"});
+  engine_->document.ListView1.Clear();
+  engine_->items.AddStuff("c:\\track01.wav.mp3", false);
+  for (int start = 0; start < 4; ++start) {
+    fakes_.dialogs.answers = {MessageAnswer::kNo};
+    engine_->session.SetFormState(true);
+    RestoreLastList(false);
+    EXPECT_EQ(NamesOf(engine_->document.ListView1), "track01.wav.mp3") << start;
+  }
+}
+#endif
+
+TEST_F(ClosingTest, TheLastListHoldsFullPathsAndBareAddresses) {
+  drives_.Write("m/list.m3u", "sub/gone.mp3\r\nC:\\Gone.mp3\r\nhttp://host/a.mp3\r\n");
+  engine_->document.ListView1.Clear();
+  engine_->items.AddStuff("c:\\m\\list.m3u", false);
+  engine_->session.SetFormState(true);
+  EXPECT_EQ(LastList(), "c:\\m\\sub\\gone.mp3\r\nc:\\Gone.mp3\r\nhttp://host/a.mp3\r\n");
+  RestoreLastList(false);
+  EXPECT_EQ(engine_->document.ListView1.At(3).FullPath(), "\\http://host/a.mp3");
+}
+
 }  // namespace
 }  // namespace qublet

@@ -260,6 +260,19 @@ TEST_F(RecoveryTest, AListThatGivesNoRowStays) {
   EXPECT_EQ(FilesThere(), 1) << "nobody holds it any more";
 }
 
+TEST_F(RecoveryTest, ReadsEachLineOnceAndAsItStands) {
+  Leave(1, "c:\\track01.wav.mp3\r\nhttp://host/a.mp3\r\nc:\\a%20b.mp3\r\nc:\\renamed\r\n", 10);
+  EXPECT_TRUE(recovery_->Restore("c:\\own\\recovery-1.m3u", items_));
+  EXPECT_EQ(Paths(), (Collection{"c:\\track01.wav.mp3", "\\http://host/a.mp3", "c:\\a%20b.mp3", "c:\\renamed"}));
+}
+
+TEST_F(RecoveryTest, HoldsFullPathsAndBareAddresses) {
+  drives_.Write("m/list.m3u", "sub/gone.mp3\r\nC:\\Gone.mp3\r\nhttp://host/a.mp3\r\n");
+  Add("c:\\m\\list.m3u");
+  recovery_->Settle();
+  EXPECT_EQ(Kept(), "c:\\m\\sub\\gone.mp3\r\nc:\\Gone.mp3\r\nhttp://host/a.mp3\r\n");
+}
+
 TEST_F(RecoveryTest, NoProcessWritesOverTheListOfAnother) {
   Leave(1, "c:\\c.mp3\r\n", 10);
   Document other_document;

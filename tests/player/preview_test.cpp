@@ -46,11 +46,10 @@ class PreviewTest : public testing::Test {
   Document document_;
   RecordingFeedback feedback_;
   MainView view_;
-  Items items_{document_, *files_, feedback_, view_, ","};
   FakeServices fakes_;
   ScriptedShell& shell_ = fakes_.shell;
   ScriptedDialogs& dialogs_ = fakes_.dialogs;
-  Preview preview_{document_, items_, fakes_.Over(*files_, feedback_), "c:\\program"};
+  Preview preview_{document_, fakes_.Over(*files_, feedback_), "c:\\program"};
 };
 
 TEST_F(PreviewTest, DoesNothingForAnEmptyList) {

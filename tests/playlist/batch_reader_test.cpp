@@ -6,6 +6,7 @@
 #include <condition_variable>
 #include <mutex>
 
+#include "playlist/row_filling.h"
 #include "support/forwarding_file_system.h"
 #include "support/list_test_base.h"
 #include "support/slow_file_system.h"
@@ -31,6 +32,12 @@ class BatchReaderTest : public ListTestBase {
     return paths;
   }
 
+  static BatchReader::MakeRow ReadFrom(const FileSystem& files) {
+    return [&files](std::size_t, const std::string& path, int original_order, Row& row) {
+      ReadRow(files, path, original_order, ",", row);
+    };
+  }
+
   std::vector<std::unique_ptr<Row>> Finish(BatchReader& reader) {
     feedback_.BeginProgress("", 0);
     return reader.Finish(feedback_);
@@ -38,14 +45,14 @@ class BatchReaderTest : public ListTestBase {
 };
 
 TEST_F(BatchReaderTest, GivesNothingForNothing) {
-  BatchReader reader(*files_, 1, ",");
+  BatchReader reader(1, ReadFrom(*files_));
   EXPECT_TRUE(Finish(reader).empty());
 }
 
 TEST_F(BatchReaderTest, KeepsTheOrderOfThePathsHoweverTheyCome) {
   const Collection paths = Files("m", 100);
   const std::span<const std::string> all = paths;
-  BatchReader reader(*files_, 7, ",");
+  BatchReader reader(7, ReadFrom(*files_));
   reader.Add(all.first(1));
   reader.Add(all.subspan(1, 50));
   reader.Add(all.subspan(51, 0));
@@ -63,7 +70,7 @@ TEST_F(BatchReaderTest, LeavesOutWhatNoThreadHasTakenWhenItIsDropped) {
   const SlowFileSystem slow(std::chrono::milliseconds(20));
   const auto start = std::chrono::steady_clock::now();
   {
-    BatchReader reader(slow, 1, ",");
+    BatchReader reader(1, ReadFrom(slow));
     reader.Add(paths);
   }
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2)) << "all would take 5 s";

@@ -99,8 +99,8 @@ TEST_F(ReadPlaylist, TakesValidUtf8ForThatAndAllElseForTheCodePage) {
   EXPECT_EQ(Read("c:\\Bj\u00F6rk.mp3\nc:\\\u97F3\u697D.mp3\n"),
             (Collection{"c:\\Bj\u00F6rk.mp3", "c:\\\u97F3\u697D.mp3"}));
   EXPECT_EQ(Read("c:\\Bj\xF6rk.mp3\nc:\\\x80.mp3\n"), (Collection{"c:\\Bj\u00F6rk.mp3", "c:\\\u20AC.mp3"}));
-  EXPECT_EQ(Read("c:\\Bj\xF6rk.mp3\nc:\\\xC3\xB6.mp3\n"), (Collection{"c:\\Bj\u00F6rk.mp3", "c:\\\u00C3\u00B6.mp3"}))
-      << "the file is one or the other as a whole";
+  EXPECT_EQ(Read("c:\\Bj\xF6rk.mp3\nc:\\\xC3\xB6.mp3\n"), (Collection{"c:\\Bj\u00F6rk.mp3", "c:\\\u00F6.mp3"}))
+      << "each line by itself";
 }
 
 TEST_F(ReadPlaylist, SkipsAByteOrderMark) {
@@ -186,23 +186,17 @@ TEST_F(ReadM3u8, TakesPathsInDriveFormToo) {
   EXPECT_EQ(ReadNative("C:\\m\\a.mp3\r\nq:\\A.mp3\r\n"), (Collection{"c:\\m\\a.mp3", "q:\\A.mp3"}));
 }
 
-TEST_F(ReadM3u8, LooksWhatABackslashIs) {
-  Touch({"sub/a.mp3"});
-  drives_.Write("own\\b.mp3", "abc");
-  EXPECT_EQ(ReadNative("sub\\a.mp3\nown\\b.mp3\ngone\\c.mp3\n"), (Collection{"sub\\a.mp3",
-                                                                             "c:\\own\uF05C"
-                                                                             "b.mp3",
-                                                                             "c:\\gone\uF05C"
-                                                                             "c.mp3"}));
+TEST_F(ReadM3u8, TakesABackslashForASeparatorUnlessThereIsAnother) {
+  EXPECT_EQ(ReadNative("sub\\a.mp3\n.\\b.mp3\n..\\c.mp3\n\\d.mp3\n"),
+            (Collection{"c:\\sub\\a.mp3", "c:\\b.mp3", files_->FromNative(Root() + "/c.mp3"), "c:\\d.mp3"}));
+  EXPECT_EQ(ReadNative("./own\\b.mp3\n"), (Collection{"c:\\own\uF05C"
+                                                      "b.mp3"}));
 }
 
-TEST_F(ReadM3u8, LooksWhatAColonIs) {
-  drives_.Write("q:b.mp3", "abc");
-  EXPECT_EQ(ReadNative("q:b.mp3\nq:gone.mp3\n1:b.mp3\n"), (Collection{"c:\\q\uF03A"
-                                                                      "b.mp3",
-                                                                      "q:gone.mp3",
-                                                                      "c:\\1\uF03A"
-                                                                      "b.mp3"}));
+TEST_F(ReadM3u8, TakesALetterAndAColonForADrive) {
+  EXPECT_EQ(ReadNative("q:gone.mp3\n1:b.mp3\n"), (Collection{"q:gone.mp3",
+                                                             "c:\\1\uF03A"
+                                                             "b.mp3"}));
 }
 
 TEST_F(ReadM3u8, KeepsAddresses) {
@@ -212,11 +206,9 @@ TEST_F(ReadM3u8, KeepsAddresses) {
   EXPECT_EQ(ReadNative("c://a.mp3\n"), Collection{"c://a.mp3"});
 }
 
-TEST_F(ReadM3u8, TakesEachLineForUtf8ElseForANameThatIsNoneElseForTheCodePage) {
-  drives_.Write("Bj\xF6rk.mp3", "abc");
-  EXPECT_EQ(ReadNative("Bj\xF6rk.mp3\n\u97F3.mp3\ngone\xF6.mp3\nC:\\Bj\xF6rk.mp3\nhttp://host/\xF6.mp3\n"),
-            (Collection{"c:\\Bj\uF7F6rk.mp3", "c:\\\u97F3.mp3", "c:\\gone\u00F6.mp3", "c:\\Bj\u00F6rk.mp3",
-                        "http://host/\u00F6.mp3"}));
+TEST_F(ReadM3u8, TakesEachLineForUtf8ElseForTheCodePage) {
+  EXPECT_EQ(ReadNative("\u97F3.mp3\ngone\xF6.mp3\nC:\\Bj\xF6rk.mp3\nhttp://host/\xF6.mp3\n"),
+            (Collection{"c:\\\u97F3.mp3", "c:\\gone\u00F6.mp3", "c:\\Bj\u00F6rk.mp3", "http://host/\u00F6.mp3"}));
 }
 
 TEST_F(WritePlaylist, WritesOneLineARowAndNothingElse) {
@@ -235,6 +227,21 @@ TEST_F(WritePlaylist, WritesTheCodePageUnlessACharacterDoesNotFit) {
             "c:\\Bj\u00F6rk.mp3\r\nc:\\\u97F3.mp3\r\n");
 }
 
+TEST_F(WritePlaylist, ChoosesTheEncodingByWhatEachLineAloneReadsBackAs) {
+  EXPECT_EQ(Written("c:\\a.m3u", {"c:\\\u00C3\u00B6.mp3", "c:\\\u00F6.mp3"}),
+            "c:\\\u00C3\u00B6.mp3\r\nc:\\\u00F6.mp3\r\n")
+      << "in the code page the first line alone would be UTF-8";
+}
+
+TEST_F(WritePlaylist, WritesAnAddressBare) {
+  for (const bool relative : {false, true}) {
+    EXPECT_EQ(Written("c:\\a.m3u", {"\\http://host/a.mp3", "https://host/b.mp3"}, relative),
+              "http://host/a.mp3\r\nhttps://host/b.mp3\r\n");
+  }
+  EXPECT_TRUE(WritePlainLines(*files_, "c:\\b.m3u", {"\\http://host/a.mp3", "sub\\a.mp3"}));
+  EXPECT_EQ(drives_.Read("b.m3u"), "http://host/a.mp3\r\nsub\\a.mp3\r\n");
+}
+
 TEST_F(WritePlaylist, CutsItsFolderFromRelativeLines) {
   EXPECT_EQ(Written("c:\\m.m3u", {"c:\\m\\a\\1.mp3", "c:\\2.mp3", "d:\\3.mp3", "C:\\4.mp3"}, true),
             "m\\a\\1.mp3\r\n2.mp3\r\nd:\\3.mp3\r\nC:\\4.mp3\r\n");
@@ -244,9 +251,9 @@ TEST_F(WritePlaylist, CutsItsFolderFromRelativeLines) {
       << "what isn't below the folder, letter for letter, stays a full path";
 }
 
-TEST_F(WritePlaylist, KeepsTheFullPathOfARelativeItemThatWouldReadAsAComment) {
+TEST_F(WritePlaylist, PutsADotBeforeARelativeItemThatWouldReadAsAComment) {
   EXPECT_EQ(Written("c:\\m.m3u", {"c:\\#1.mp3", "c:\\2.mp3", "c:\\#\\3.mp3"}, true),
-            "c:\\#1.mp3\r\n2.mp3\r\nc:\\#\\3.mp3\r\n");
+            ".\\#1.mp3\r\n2.mp3\r\n.\\#\\3.mp3\r\n");
 }
 
 TEST_F(WritePlaylist, AnswersFalseAndKeepsTheOldFileWhenItCanNotWrite) {
@@ -282,9 +289,45 @@ TEST_F(WriteM3u8, WritesRelativeLines) {
             "m/1.mp3\n2.mp3\n" + Root() + "/d/3.mp3\n");
 }
 
+#ifndef _WIN32
+TEST_F(WritePlaylist, WritesUtf8ForAUserOfAnotherCodePage) {
+  setenv("QUBLET_CODEPAGE", "1251", 1);
+  EXPECT_EQ(Written("c:\\a.m3u", {"c:\\\u00F6.mp3"}), "c:\\\u00F6.mp3\r\n");
+  EXPECT_EQ(Written("c:\\a.m3u", {"c:\\\u0416.mp3"}), "c:\\\u0416.mp3\r\n");
+  unsetenv("QUBLET_CODEPAGE");
+}
+
+TEST_F(WriteM3u8, WritesLinesThatLeaveItsFolder) {
+  for (const char* name : {"lists/new/x", "m/x"}) drives_.Write(name, "");
+  EXPECT_EQ(
+      Written("c:\\lists\\new\\a.m3u8",
+              {"c:\\m\\1.mp3", "c:\\2.mp3", "c:\\lists\\3.mp3", "c:\\lists\\new\\4.mp3", "c:\\lists\\newer\\5.mp3"},
+              true),
+      "../../m/1.mp3\n../../2.mp3\n../3.mp3\n4.mp3\n../newer/5.mp3\n");
+  EXPECT_EQ(Written("c:\\lists\\a.m3u", {"c:\\m\\1.mp3"}, true), "c:\\m\\1.mp3\r\n") << "the plain type doesn't";
+}
+
+TEST_F(WriteM3u8, LeavesItsFolderOnlyWhereLinksLeadToTheSamePlace) {
+  drives_.Write("far/away/lists/x", "");
+  std::filesystem::create_directory_symlink(drives_.C() / "far/away/lists", drives_.C() / "lists");
+  EXPECT_EQ(Written("c:\\lists\\a.m3u8", {"c:\\m\\1.mp3", "c:\\lists\\2.mp3"}, true), Root() + "/c/m/1.mp3\n2.mp3\n");
+}
+
+TEST_F(WritePlaylist, CutsTheFolderOfTheFileThatALinkLeadsToToo) {
+  drives_.Write("real/list.m3u", "");
+  drives_.Write("shown/there.mp3", "abc");
+  std::filesystem::create_symlink(drives_.C() / "real/list.m3u", drives_.C() / "shown/list.m3u");
+  EXPECT_EQ(Written("c:\\shown\\list.m3u",
+                    {"c:\\shown\\1.mp3", "c:\\real\\sub\\2.mp3", "c:\\3.mp3", "c:\\real\\there.mp3"}, true),
+            "1.mp3\r\nsub\\2.mp3\r\nc:\\3.mp3\r\nc:\\real\\there.mp3\r\n")
+      << "the last one's line would be read as another file";
+}
+#endif
+
 TEST_F(WriteM3u8, WritesNamesAsTheyStandOnTheDisk) {
   EXPECT_EQ(Written("c:\\a.m3u8", {"c:\\ab\uF03A\uF05C.mp3", "c:\\Bj\uF7F6rk.mp3"}, true),
-            "ab:\\.mp3\nBj\xF6rk.mp3\n");
+            "./ab:\\.mp3\nBj\xF6rk.mp3\n")
+      << "a backslash that stands alone would part names";
 }
 
 TEST_F(WriteM3u8, WritesInFullWhatWouldBeMisreadAsARelativeLine) {
@@ -295,7 +338,7 @@ TEST_F(WriteM3u8, WritesInFullWhatWouldBeMisreadAsARelativeLine) {
                      "c:\\ab\uF03A"
                      "c.mp3"},
                     true),
-            Root() + "/c/a:b.mp3\n" + Root() + "/c/#1.mp3\nab:c.mp3\n");
+            Root() + "/c/a:b.mp3\n./#1.mp3\nab:c.mp3\n");
 }
 
 TEST_F(WriteM3u8, WritesInFullANameThatWouldLoseItsBeginningAsAByteOrderMark) {

@@ -216,5 +216,45 @@ TEST_F(NewPlaylist, OffersToSaveFirst) {
   EXPECT_FALSE(document_.PlaylistChanged);
 }
 
+Message LeftOut(int lines) {
+  return {"The list ends at 32,767 items: " + std::to_string(lines) + " lines of this file were left out.",
+          MessageIcon::kExclamation, MessageButtons::kOk};
+}
+
+TEST_F(OpenPlaylistFile, SaysHowManyLinesWereLeftOutAndForgetsTheName) {
+  drives_.Write("long.m3u", PlaylistOfMissingFiles(RowStore::MaxRows + 3));
+  EXPECT_FALSE(Open("c:\\long.m3u"));
+  EXPECT_EQ(dialogs_.messages, Messages{LeftOut(3)});
+  EXPECT_EQ(Rows().Count(), RowStore::MaxRows);
+  EXPECT_EQ(document_.CurrentPlaylist, "");
+  EXPECT_FALSE(document_.PlaylistChanged);
+  EXPECT_EQ(view_.shown.back(), "caption");
+  EXPECT_EQ(document_.RecentFiles, Collection{"c:\\long.m3u"});
+}
+
+TEST_F(OpenPlaylistFile, SaysNothingWhereEveryLineFound) {
+  drives_.Write("long.m3u", PlaylistOfMissingFiles(RowStore::MaxRows));
+  EXPECT_TRUE(Open("c:\\long.m3u"));
+  EXPECT_TRUE(dialogs_.messages.empty());
+}
+
+TEST_F(RecentEntry, SaysHowManyLinesWereLeftOutAndForgetsTheName) {
+  drives_.Write("long.m3u", PlaylistOfMissingFiles(RowStore::MaxRows + 1));
+  document_.RecentFiles = {"c:\\long.m3u"};
+  playlist_files_.MFileRecent_Click(1);
+  EXPECT_EQ(dialogs_.messages, Messages{LeftOut(1)});
+  EXPECT_EQ(document_.CurrentPlaylist, "");
+  EXPECT_FALSE(document_.PlaylistChanged);
+  EXPECT_EQ(Rows().Count(), RowStore::MaxRows);
+}
+
+TEST_F(ImportPlaylist, SaysNothingOfLinesThatWereLeftOut) {
+  Open("c:\\one.m3u");
+  drives_.Write("long.m3u", PlaylistOfMissingFiles(RowStore::MaxRows));
+  Import("c:\\long.m3u");
+  EXPECT_TRUE(dialogs_.messages.empty());
+  EXPECT_EQ(document_.CurrentPlaylist, "c:\\one.m3u");
+}
+
 }  // namespace
 }  // namespace qublet

@@ -26,6 +26,8 @@ class ForwardingFileSystem : public FileSystem {
   std::optional<FileIdentity> IdentityOfFile(const std::string& path) const override {
     return files_.IdentityOfFile(path);
   }
+  std::optional<std::string> LinkedFile(const std::string& path) const override { return files_.LinkedFile(path); }
+  std::unique_ptr<RealNames> FindRealNames() const override { return files_.FindRealNames(); }
   std::unique_ptr<AbsentPlaces> FindAbsentPlaces() const override { return files_.FindAbsentPlaces(); }
   std::unique_ptr<InputFile> OpenForReading(const std::string& path) const override {
     return files_.OpenForReading(path);

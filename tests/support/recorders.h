@@ -27,6 +27,7 @@ class RecordingFeedback : public Feedback {
     activities.push_back(text);
     stopped = stopped || (!stop_at.empty() && text.ends_with(stop_at));
   }
+  void ShowRemark(const std::string& text) override { remarks.push_back(text); }
   void BeginProgress(const std::string& caption, int maximum) override { progress.push_back({caption, maximum, {}}); }
   void ShowProgress(int value) override {
     foreign_thread = foreign_thread || std::this_thread::get_id() != thread_;
@@ -38,6 +39,7 @@ class RecordingFeedback : public Feedback {
   int waits = 0;  // begun and not ended
   int most_waits = 0;
   std::vector<std::string> activities;
+  std::vector<std::string> remarks;
   std::vector<Progress> progress;
   std::string stop_at;            // the user stops when an activity that ends so is shown
   std::size_t stop_in_batch = 0;  // or when this batch, counted from 1, shows progress

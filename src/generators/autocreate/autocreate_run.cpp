@@ -4,8 +4,8 @@
 #include <string_view>
 #include <unordered_set>
 
+#include "playlist/m3u_lines.h"
 #include "playlist/paths/file_details.h"
-#include "playlist/paths/text_files.h"
 
 namespace qublet {
 namespace {
@@ -48,7 +48,7 @@ void Write(const AutoCreatePlan& plan, const Collection& files, const FileSystem
   for (const PlannedFolder& folder : plan.folders) {
     for (const PlannedPlaylist& playlist : folder.playlists) {
       const Collection lines = LinesOf(playlist, names.In(folder.path));
-      const bool written = static_cast<bool>(WriteLinesToFileChecked(system, lines, playlist.target));
+      const bool written = static_cast<bool>(WritePlainLines(system, playlist.target, lines));
       if (written) result.Written.push_back(playlist.target);
       if (!written) ++result.failed;
       watch.report((written ? "> - " : "X - ") + playlist.target);

@@ -33,7 +33,7 @@ void AutoCreator::PrepareAutoCreate() {
   view.Label5 = kReady;
   view.undo = false;
   Written_.clear();
-  FileArray_ = PathsOf(engine_.document.ListView1, WhichRows::kAll);
+  FileArray_ = RealPathsOf(engine_.document.ListView1, WhichRows::kAll);
   for (std::string& folder : FoldersThatExist(engine_.services.files, FileArray_))
     view.lstPaths.push_back({std::move(folder), true});
   const bool any = !view.lstPaths.empty();

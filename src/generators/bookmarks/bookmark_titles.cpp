@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "media/track_titles.h"
+#include "playlist/m3u_lines.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
-#include "playlist/paths/text_files.h"
 
 namespace qublet {
 namespace {
@@ -75,7 +75,7 @@ Outcome BuildBookmarkTitles(const FileSystem& files, const std::string& path, co
       lines.push_back(files_listed[i]);
       lines.push_back(titles[i]);
     }
-    WriteLinesToFileChecked(files, lines, path).OrThrow();
+    WritePlainLines(files, path, lines).OrThrow();
   });
 }
 

@@ -24,7 +24,7 @@ const std::string& Bookmarker::SelectedCategory() const {
 }
 
 Collection Bookmarker::SelectedPaths() const {
-  return PathsOf(engine_.document.ListView1, WhichRows::kSelected);
+  return RealPathsOf(engine_.document.ListView1, WhichRows::kSelected);
 }
 
 void Bookmarker::Activate() {

@@ -7,6 +7,7 @@
 
 #include "platform/held_file.h"
 #include "platform/program.h"
+#include "playlist/m3u_lines.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/path_text.h"
@@ -86,7 +87,7 @@ Outcome Categories::AddBookmarks(const std::string& path, const Collection& path
     if (!read) return Told(read, "Could not open the bookmarks file for writing.");
   }
   lines.insert(lines.end(), paths.begin(), paths.end());
-  return Told(WriteLinesToFileChecked(files_, lines, path), "Could not update the bookmarks file.");
+  return Told(WritePlainLines(files_, path, lines), "Could not update the bookmarks file.");
 }
 
 }  // namespace qublet

@@ -61,7 +61,7 @@ void PlayerBookmarks::MToolsSaveWinamp_Click() {
   Outcome written;
   {
     const WaitCursor wait(services.feedback);
-    const Collection rows = PathsOf(document_.ListView1, WhichRows::kAll);
+    const Collection rows = RealPathsOf(document_.ListView1, WhichRows::kAll);
     written = BuildBookmarkTitles(services.files, path, rows, services.feedback);
   }
   if (services.feedback.Stopped()) return;

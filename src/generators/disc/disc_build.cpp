@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "playlist/m3u_lines.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/text.h"
@@ -83,7 +84,7 @@ class DiscRun {
     }
     watch_.lblReport("Creating CD playlist...");
     MakeLinesRelative(CompileFiles_, plan_.CDRoot());
-    const bool listed = static_cast<bool>(WriteLinesToFileChecked(services_.files, CompileFiles_, root_ + kPlaylist));
+    const bool listed = static_cast<bool>(WritePlainLines(services_.files, root_ + kPlaylist, CompileFiles_));
     Take(listed, kPlaylist);
     if (listed && extras.chkAutoBigList) lines.push_back(std::string("open=start ") + kPlaylist);
     if (extras.chkAutoIndex && extras.chkCopyBrowser) lines.push_back(std::string("open=start ") + kBrowserOnDisc);

@@ -24,7 +24,7 @@ ReportWizard::ReportWizard(Engine& engine) : engine_(engine) {
 }
 
 void ReportWizard::Load() {
-  const Collection files = PathsOf(engine_.document.ListView1, WhichRows::kAll);
+  const Collection files = RealPathsOf(engine_.document.ListView1, WhichRows::kAll);
   std::string format = "%0";
   FolderTitle_ = ReplaceAll(MakePlaylistName(format, FindCommonFolder(files), engine_.services.clock), ".m3u", "");
 }
@@ -94,7 +94,7 @@ void ReportWizard::Tell(const std::string& text, MessageIcon icon) {
 
 void ReportWizard::RunReport(ReportSettings settings, const Watch& watch) {
   const FileSystem& files = engine_.services.files;
-  const Collection paths = PathsOf(engine_.document.ListView1, WhichRows::kAll);
+  const Collection paths = RealPathsOf(engine_.document.ListView1, WhichRows::kAll);
   const std::string name = IsText(settings) ? "tmp.txt" : "tmp.htm";
   const std::string folder = settings.SaveRel ? FindCommonFolder(paths) : engine_.program_folder;
   const std::string temporary = folder + "\\" + name;

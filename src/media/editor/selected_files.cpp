@@ -15,7 +15,7 @@ bool BuildSelection(const RowStore& rows, const FileSystem& files, SelectedFiles
     if (!rows.At(i).selected) continue;
     if (selection.SelectedPaths.empty()) selection.FirstSelected = i;
     selection.LastSelected = i;
-    std::string path = rows.At(i).FullPath();
+    std::string path = rows.At(i).RealPath();
     selection.SelectedPaths.push_back(path);
     selection.SelectedIndexes.push_back(i);
 

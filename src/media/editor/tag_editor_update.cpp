@@ -26,7 +26,7 @@ std::vector<int> RowsOf(const RowStore& rows, const Collection& paths) {
   const std::set<std::string> wanted(paths.begin(), paths.end());
   std::vector<int> indexes;
   for (int i = 1; i <= rows.Count(); ++i) {
-    if (wanted.contains(rows.At(i).FullPath())) indexes.push_back(i);
+    if (wanted.contains(rows.At(i).RealPath())) indexes.push_back(i);
   }
   return indexes;
 }

@@ -65,6 +65,8 @@ class LinuxFileSystem : public FileSystem {
   std::unique_ptr<OpenedFolder> Open(const std::string& folder) const override;
   std::optional<FolderIdentity> IdentityOf(const std::string& folder) const override;
   std::optional<FileIdentity> IdentityOfFile(const std::string& path) const override;
+  std::optional<std::string> LinkedFile(const std::string& path) const override;
+  std::unique_ptr<RealNames> FindRealNames() const override { return FindNamesInAnyCase(*this); }
   std::unique_ptr<AbsentPlaces> FindAbsentPlaces() const override { return FindUnmountedPlaces(*this); }
 
   std::unique_ptr<InputFile> OpenForReading(const std::string& path) const override {
@@ -160,6 +162,18 @@ std::optional<FileIdentity> LinuxFileSystem::IdentityOfFile(const std::string& p
     return std::nullopt;
   const bool dated = (status.stx_mask & STATX_BTIME) != 0;
   return FileIdentity{status.stx_ino, dated ? status.stx_btime.tv_sec * kNanoseconds + status.stx_btime.tv_nsec : 0};
+}
+
+std::optional<std::string> LinuxFileSystem::LinkedFile(const std::string& path) const {
+  std::optional<std::string> linked;
+  ResumeNext([&] {
+    struct stat status {};
+    const std::string native = ToNative(path);
+    if (lstat(native.c_str(), &status) != 0 || !S_ISLNK(status.st_mode)) return;
+    const std::unique_ptr<char, void (*)(void*)> real(realpath(native.c_str(), nullptr), std::free);
+    if (real) linked = FromNative(real.get());
+  });
+  return linked;
 }
 
 void LinuxFileSystem::DeleteFile(const std::string& path) const {

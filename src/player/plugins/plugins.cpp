@@ -7,6 +7,7 @@
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
+#include "playlist/row_paths.h"
 
 namespace qublet {
 namespace {
@@ -55,8 +56,7 @@ void Plugins::plug_Click(std::int16_t Index) {
   const Services& services = engine_.services;
   const std::string program = ProgramOf(plugin, services.files);
   if (!FileExists(services.files, program)) return Tell("Could not load the " + plugin.Name + " Plugin.");
-  DestroyFileArray(engine_.document);
-  engine_.items.SaveFileArrayFromList(false);
+  engine_.document.FileArray = RealPathsOf(engine_.document.ListView1, WhichRows::kSelected);
   const std::string playlist = WriteTempPlaylist(services, engine_.program_folder, engine_.document.FileArray);
   if (playlist.empty()) return Tell("Failed to create temp file for plugin transaction.");
   ResumeNext([&] { services.shell.Start(program, services.files.ToNative(playlist)); });

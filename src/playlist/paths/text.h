@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/folded_text.h"  // IWYU pragma: export
+
 namespace qublet {
 
 // Work on texts. Texts are UTF-8; whatever counts, cuts or changes characters goes by code points, and a byte that
@@ -26,13 +28,6 @@ std::string UpperCase(std::string_view text);
 // First letter of each word upper case, the others lower. A word starts after white space or punctuation, but not
 // after an apostrophe; a symbol neither starts a word nor is its first letter.
 std::string ProperCase(std::string_view text);
-// A key by which texts that differ only in case are equal (Unicode case folding, one character for one).
-std::string FoldCase(std::string_view text);
-// With every accent as a character of its own behind its letter (Unicode's canonical decomposition). A text that
-// isn't UTF-8 stays as it is.
-std::string Decomposed(std::string_view text);
-// A key by which texts are equal that differ only in case or in where their accents stand.
-std::string SimilarityKey(std::string_view text);
 
 // Length in bytes of the character that begins at `text[at]`.
 std::size_t CharacterLength(std::string_view text, std::size_t at);

@@ -90,12 +90,16 @@ bool RowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QS
   if (event->type() != QEvent::ToolTip || !index.isValid()) {
     return QStyledItemDelegate::helpEvent(event, view, option, index);
   }
+  const Row& row = rows_.At(index.row() + 1);
   const QRect seen = option.rect & view->viewport()->rect();
-  if (sizeHint(option, index).width() <= seen.width()) {
+  // The name and the folder of a file that the disk has under another name say which one it is.
+  const bool tells_file =
+      row.RealPath() != row.FullPath() && (index.column() == kFileName || index.column() == kPath);
+  const std::string text = tells_file ? row.RealPath() : row.cells[static_cast<std::size_t>(index.column())];
+  if (!tells_file && sizeHint(option, index).width() <= seen.width()) {
     QToolTip::hideText();
   } else {
-    const std::string& cell = rows_.At(index.row() + 1).cells[static_cast<std::size_t>(index.column())];
-    QToolTip::showText(event->globalPos(), ShownTip(cell), view->viewport(), option.rect);
+    QToolTip::showText(event->globalPos(), ShownTip(text), view->viewport(), option.rect);
   }
   return true;
 }

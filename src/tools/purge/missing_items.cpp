@@ -10,10 +10,12 @@ namespace qublet {
 
 MissingItems FindMissingItems(const RowStore& rows, const FileSystem& files, const std::function<void()>& alive) {
   MissingItems missing;
+  const std::unique_ptr<RealNames> names = files.FindRealNames();
   for (int i = 1; i <= rows.Count(); ++i) {
     rows.ExpectPaths(i);
     std::string path = rows.At(i).FullPath();
-    if (!Contains(path, ":") || !FileExists(files, path)) {
+    const bool there = Contains(path, ":") && (FileExists(files, rows.At(i).RealPath()) || names->Of(path));
+    if (!there) {
       missing.MissingRows.push_back(i);
       missing.MissingPaths.push_back(std::move(path));
     }

@@ -43,8 +43,7 @@ void Renamer::Activate() {
 }
 
 void Renamer::TakeSelection() {
-  DestroyFileArray(engine_.document);
-  AppendPaths(engine_.document.ListView1, WhichRows::kSelected, engine_.document.FileArray);
+  engine_.document.FileArray = RealPathsOf(engine_.document.ListView1, WhichRows::kSelected);
 }
 
 void Renamer::Report(const Watch& watch, const std::string& text) {
@@ -132,6 +131,7 @@ Renamer::Count Renamer::RenameSelection(const Watch& watch, bool ResetPerFolder)
       UndoNewPaths.push_back(new_path);
       if (new_path != path) {
         ++count.done;
+        if (rows.At(i).FullPath() != path) rows.SetCell(i, kPath, path.substr(0, path.rfind('\\') + 1));
         rows.SetCell(i, kFileName, GetFileName(new_path));
       }
     }

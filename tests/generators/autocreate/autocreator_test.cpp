@@ -51,6 +51,13 @@ class AutoCreatorTest : public EditorTestBase {
   }
 };
 
+TEST_F(AutoCreatorTest, TakesTheFoldersThatTheDiskHas) {
+  AutoCreator creator = Opened({"M\\A\\1.MP3"});
+  EXPECT_EQ(Folders(creator), "x c:\\m\\a\\\n");
+  Run(creator);
+  EXPECT_EQ(drives_.Read("m/a/a-m.m3u"), "1.mp3\r\n");
+}
+
 TEST_F(AutoCreatorTest, BeginsWithTheModes) {
   const AutoCreator creator = Opened();
   EXPECT_EQ(creator.view.frame, 0);

@@ -118,6 +118,14 @@ TEST_F(BookmarkerTest, KeepsTheSelectedItems) {
   EXPECT_EQ(Names(), "a.mp3 b.mp3 c.mp3");
 }
 
+TEST_F(BookmarkerTest, KeepsTheNamesThatTheDiskHas) {
+  AddRows({"M\\A.MP3"});
+  Select("x");
+  OpenToAdd();
+  bookmarker_->CmdNext_Click();
+  EXPECT_EQ(ReadCategory("Default"), "c:\\m\\a.mp3\r\n");
+}
+
 TEST_F(BookmarkerTest, KeepsThemTwiceWhenAskedTwice) {
   FillList("-x-");
   for (int i = 0; i < 2; ++i) {

@@ -47,6 +47,12 @@ TEST_F(CategoriesTest, MakesDefaultInAFolderThatIsThere) {
   EXPECT_EQ(Read("Rock.bm"), "c:\\a.mp3\r\n");
 }
 
+TEST_F(CategoriesTest, HoldsAddressesBare) {
+  EXPECT_TRUE(categories_.ProvideDefault());
+  EXPECT_TRUE(Add("Radio", {"\\http://host/a.mp3", "c:\\a.mp3"}));
+  EXPECT_EQ(Read("Radio.bm"), "http://host/a.mp3\r\nc:\\a.mp3\r\n");
+}
+
 TEST_F(CategoriesTest, LeavesADefaultThatIsThereAsItIs) {
   Write("Default.bm", "c:\\a.mp3\r\n");
   EXPECT_TRUE(categories_.ProvideDefault());

@@ -115,6 +115,13 @@ TEST_F(PlayerBookmarksTest, AreReplacedByTheWholeList) {
   EXPECT_EQ(feedback_.waits, 0);
 }
 
+TEST_F(PlayerBookmarksTest, HoldTheNamesThatTheDiskHas) {
+  AddRows({"M\\A.MP3"});
+  WriteFile("");
+  bookmarks_.MToolsSaveWinamp_Click();
+  EXPECT_EQ(File(), "c:\\m\\a.mp3\r\nA\r\n");
+}
+
 TEST_F(PlayerBookmarksTest, ComeBackAsTheyWereSaved) {
   FillList("---");
   WriteFile("");

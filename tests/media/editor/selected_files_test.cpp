@@ -60,5 +60,14 @@ TEST_F(SelectedFilesTest, KnowsFirstAndLastOfASelectionThatCanNotBeUsed) {
   EXPECT_EQ(selection_.LastSelected, 3);
 }
 
+#ifndef _WIN32
+TEST_F(SelectedFilesTest, AreTheFilesAsTheDiskHasThem) {
+  drives_.Write("Music/Song.mp3", "abc");
+  AddRows({"MUSIC\\SONG.MP3"});
+  EXPECT_TRUE(Build("x------x"));
+  EXPECT_EQ(selection_.SelectedPaths, (Collection{"c:\\a.mp3", "c:\\Music\\Song.mp3"}));
+}
+#endif
+
 }  // namespace
 }  // namespace qublet

@@ -5,6 +5,7 @@
 #include "player/player_link.h"
 #include "player/position_jump.h"
 #include "player/preview.h"
+#include "playlist/items.h"
 #include "playlist/m3u_lines.h"
 #include "playlist/paths/text_files.h"
 #include "support/real_player_test_base.h"
@@ -74,7 +75,7 @@ class RealPlayer : public RealPlayerTestBase {
                      *fakes_.sockets, fakes_.machine_values};
   Items items_{document_, *files_, feedback_, view_, ","};
   PlayerLink link_{document_, services_, "c:\\program"};
-  Preview preview_{document_, items_, services_, "c:\\program"};
+  Preview preview_{document_, services_, "c:\\program"};
 };
 
 TEST_F(RealPlayer, IsKnownByItsEntry) {

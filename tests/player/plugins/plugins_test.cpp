@@ -104,6 +104,14 @@ TEST_F(PluginsTest, AreHandedTheSelectedRows) {
   EXPECT_EQ(engine_.document.FileArray, (Collection{"c:\\a.mp3", "c:\\c.mp3"}));
 }
 
+TEST_F(PluginsTest, AreHandedTheNamesThatTheDiskHas) {
+  Enter("1", "Tool", "", "c:\\tools\\tool.exe");
+  AddRows({"A.MP3"});
+  Select("x");
+  Click(1);
+  EXPECT_EQ(drives_.Read("program/tmp.m3u"), "c:\\a.mp3\r\n");
+}
+
 TEST_F(PluginsTest, AreHandedTheTwinWherePlayersAre) {
   std::filesystem::create_directory(drives_.D() / "hand over");
   shell_.folder = "d:\\hand over";

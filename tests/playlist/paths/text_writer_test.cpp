@@ -79,7 +79,7 @@ TEST_F(TextWriterTest, WritesWhatEncodeTextMakesOfTheWhole) {
                                plain + "\u00C3\u00B6"};
   for (const std::string& text : texts) {
     for (const std::size_t piece : {std::size_t{777}, TextWriter::kPiece + 1, 100 * TextWriter::kPiece}) {
-      EXPECT_TRUE(Written(text, piece, TextWriter::Encoding::kText) == EncodeText(text))
+      EXPECT_TRUE(Written(text, piece, TextWriter::Encoding::kByLine) == EncodeText(text))
           << text.size() << " " << piece;
       EXPECT_TRUE(Written(text, piece, TextWriter::Encoding::kUtf8) == text) << text.size() << " " << piece;
     }
@@ -90,7 +90,7 @@ TEST_F(TextWriterTest, TakesACharacterBehindAPieceForNoMarkAtTheBeginning) {
   for (const std::string text : {"\uFEFFa", "\u00EF\u00BB\u00BFa"}) {
     for (std::size_t size = TextWriter::kPiece - 3; size < TextWriter::kPiece + 3; ++size) {
       const std::string whole = std::string(size, 'x') + text;
-      EXPECT_TRUE(Written(whole, size, TextWriter::Encoding::kText) == EncodeText(whole)) << size;
+      EXPECT_TRUE(Written(whole, size, TextWriter::Encoding::kByLine) == EncodeText(whole)) << size;
     }
   }
 }
@@ -98,7 +98,7 @@ TEST_F(TextWriterTest, TakesACharacterBehindAPieceForNoMarkAtTheBeginning) {
 TEST_F(TextWriterTest, TouchesNothingBeforeCommit) {
   drives_.Write("a.txt", "old");
   {
-    TextWriter writer(*files_, "c:\\a.txt", TextWriter::Encoding::kText);
+    TextWriter writer(*files_, "c:\\a.txt", TextWriter::Encoding::kByLine);
     writer.Append(std::string(kLong, 'x'));
     EXPECT_EQ(drives_.Read("a.txt"), "old");
     EXPECT_EQ(CountOfNames(), 2u) << "a long text is on its way already";
@@ -111,7 +111,7 @@ TEST_F(TextWriterTest, LeavesTheOldFileWhereverTheDiskIsFull) {
   for (const std::size_t room : {std::size_t{0}, TextWriter::kPiece, 2 * TextWriter::kPiece, kLong - 1}) {
     drives_.Write("a.txt", "old");
     const SmallDisk small(*files_, room);
-    TextWriter writer(small, "c:\\a.txt", TextWriter::Encoding::kText);
+    TextWriter writer(small, "c:\\a.txt", TextWriter::Encoding::kByLine);
     for (std::size_t i = 0; i < kLong; i += 1000) writer.Append(std::string(1000, 'x'));
     EXPECT_FALSE(writer.Commit()) << room;
     EXPECT_EQ(drives_.Read("a.txt"), "old") << room;
@@ -121,7 +121,7 @@ TEST_F(TextWriterTest, LeavesTheOldFileWhereverTheDiskIsFull) {
 
 TEST_F(TextWriterTest, AnswersFalseWhereNothingCanBeWritten) {
   for (const char* path : {"c:\\missing\\a.txt", "q:\\a.txt", ""}) {
-    TextWriter writer(*files_, path, TextWriter::Encoding::kText);
+    TextWriter writer(*files_, path, TextWriter::Encoding::kByLine);
     writer.Append(std::string(kLong, 'x'));
     EXPECT_FALSE(writer.Commit()) << path;
   }

@@ -24,6 +24,12 @@ TEST_F(WindowsM3u8Test, HoldsRelativePathsWithBackslashes) {
   EXPECT_EQ(Written({"c:\\m\\1.mp3", "c:\\2.mp3"}, true), "m\\1.mp3\n2.mp3\n");
 }
 
+TEST_F(WindowsM3u8Test, HoldsRelativePathsThatLeaveItsFolder) {
+  drives_.Write("lists/x", "");
+  EXPECT_TRUE(WritePlaylistLines(*files_, "c:\\lists\\list.m3u8", {"c:\\m\\1.mp3", "c:\\lists\\#2.mp3"}, true));
+  EXPECT_EQ(drives_.Read("lists/list.m3u8"), "..\\m\\1.mp3\n.\\#2.mp3\n");
+}
+
 TEST_F(WindowsM3u8Test, IsReadBackAsTheSamePaths) {
   const Collection paths{"c:\\m\\Bj\u00F6rk.mp3", "d:\\\u97F3.mp3", "\\\\nas\\music\\a.mp3"};
   Written(paths, false);

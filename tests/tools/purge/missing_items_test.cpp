@@ -67,5 +67,12 @@ TEST_F(MissingItemsTest, RemovesRowsByTheirNumbers) {
   EXPECT_EQ(Paths(), "c:\\2.mp3|c:\\4.mp3");
 }
 
+TEST_F(MissingItemsTest, AFileThatTheDiskHasInAnotherCaseIsThere) {
+  Touch({"Music/Song.mp3"});
+  AddRow("c:\\MUSIC\\", "SONG.MP3");
+  AddRow("c:\\music\\", "gone.mp3");
+  EXPECT_EQ(Find().MissingRows, Numbers{2});
+}
+
 }  // namespace
 }  // namespace qublet

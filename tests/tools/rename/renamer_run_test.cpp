@@ -356,5 +356,21 @@ TEST_F(RenamerRunTest, ClosingRefreshesTheMainWindow) {
   EXPECT_EQ(renamer_.view.report, "Ready...");
 }
 
+#ifndef _WIN32
+TEST_F(RenamerRunTest, RenamesAFileThatTheDiskHasInAnotherCase) {
+  drives_.Write("Music/Song A.mp3", "abc");
+  AddRows({"MUSIC\\SONG A.MP3"});
+  Rows().SelectWhere([](int, const Row&) { return true; });
+  Quiet();
+  renamer_.Option_Click(&RenameConfig::LowFilename, true);
+  Run();
+  EXPECT_EQ(FilesOfC(), "Music/song a.mp3");
+  EXPECT_EQ(Rows().At(1).FullPath(), "c:\\Music\\song a.mp3");
+  Undo();
+  EXPECT_EQ(FilesOfC(), "Music/Song A.mp3");
+  EXPECT_EQ(Rows().At(1).FullPath(), "c:\\Music\\Song A.mp3");
+}
+#endif
+
 }  // namespace
 }  // namespace qublet

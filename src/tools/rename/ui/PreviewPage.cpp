@@ -44,7 +44,8 @@ void PreviewPage::showEvent(QShowEvent* event) {
 }
 
 PreviewRequest PreviewPage::Request() const {
-  return {renamer_->Config(), PathsOf(engine_->document.ListView1, WhichRows::kSelected), ResetCount->isChecked()};
+  return {renamer_->Config(), RealPathsOf(engine_->document.ListView1, WhichRows::kSelected),
+          ResetCount->isChecked()};
 }
 
 void PreviewPage::Refresh() {
