@@ -32,14 +32,12 @@ function(precompile target group)
   endif()
 endfunction()
 
-# The release build, which users make, does without: a source that forgets an include is found there.
+# The rules of the release build, which users make, do without: a source that forgets an include is found there.
 function(precompile_room room)
   get_target_property(knows_qt ${room} KNOWS_QT)
-  if(CMAKE_BUILD_TYPE STREQUAL "Release" AND NOT WIN32)
-    return()
-  elseif(knows_qt)
+  if(knows_qt)
     precompile(${room} windows HEADERS <QtWidgets> RULES Qt6::Widgets DEFINITIONS ${QT_WITHOUT_SURPRISES})
-  else()
+  elseif(WIN32 OR NOT CMAKE_BUILD_TYPE STREQUAL "Release")
     precompile(${room} rules)
   endif()
 endfunction()
