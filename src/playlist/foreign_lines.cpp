@@ -254,6 +254,13 @@ bool ForeignLines::FillRow(std::size_t place, const std::string& path, int origi
   return there || found;
 }
 
+std::string ForeignLines::WholePathOf(std::string_view bytes, const std::string& row_path) const {
+  if (HasDrive(row_path) || IsOfAServer(row_path) || IsAddress(bytes)) return "";
+  for (std::string& path : Candidates(bytes))
+    if (HasDrive(path)) return std::move(path);
+  return "";
+}
+
 std::string ForeignLines::FileOf(std::size_t place, const std::string& path) const {
   const std::string_view bytes = playlist_.lines[place];
   if (IsOnAnotherHost(bytes)) return path;

@@ -33,6 +33,9 @@ class ForeignLines {
   // path.
   std::string FileOf(std::size_t place, const std::string& path) const;
 
+  // What a missing line says as a full path, where its row's text is none and no address; "" elsewhere.
+  std::string WholePathOf(std::string_view bytes, const std::string& row_path) const;
+
   // The paths that a line may mean besides the one that it was taken in as, in the order in which they are looked
   // up: absolute, without "/", none twice.
   Collection Candidates(std::string_view bytes) const;

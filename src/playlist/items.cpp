@@ -54,7 +54,9 @@ void Items::AddPlaylist(const std::string& path, int InsertPoint) {
   const ForeignLines lines(files_, playlist, thousands_separator_);
   LoadRows(InsertPoint, [&](std::size_t place, const std::string& line_path, int original_order, Row& row) {
     if (lines.FillRow(place, line_path, original_order, row)) return;
-    row.kept = std::make_shared<const KeptLine>(KeptLine{std::string(playlist.lines[place]), source});
+    const std::string_view line = playlist.lines[place];
+    row.kept =
+        std::make_shared<const KeptLine>(KeptLine{std::string(line), source, lines.WholePathOf(line, row.FullPath())});
   });
 }
 

@@ -65,6 +65,10 @@ bool StandsIn(const KeptLine& line, const std::string& folder) {
   return bare[0] == '/' || line.source->folder.substr(0, 2) == folder.substr(0, 2);
 }
 
+bool HasOtherLetters(const std::string& path, const KeptLine& line) {
+  return StandInsOf(path) > StandInsOf(line.bytes);
+}
+
 std::optional<std::string> InOtherType(const FileSystem& files, const KeptLine& line, const LanguageCodePage& page) {
   const bool native = !line.source->native;
   const std::string text = LineText(line.bytes, page);

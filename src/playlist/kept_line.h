@@ -21,6 +21,9 @@ struct KeptLine {
 
   std::string bytes;  // without its end
   std::shared_ptr<const Source> source;
+  // The full path of the file that it names, where the row's text isn't one: a ":" beyond the drive keeps a line from
+  // being completed. "" elsewhere.
+  std::string whole;
 };
 
 // Gives the line that the item in that place of a batch came from, counted from 0; nothing when it came from none.
@@ -30,6 +33,9 @@ using KeptLines = std::function<std::shared_ptr<const KeptLine>(std::size_t plac
 // Whether the line names the same file in a playlist in that folder: it is absolute, or it was read against the
 // folder.
 bool StandsIn(const KeptLine& line, const std::string& folder);
+
+// Whether a path in drive form has letters that stand in for others and that the line hadn't.
+bool HasOtherLetters(const std::string& path, const KeptLine& line);
 
 // The line as text of a playlist of the other type: a relative one with that type's separators, an absolute one in
 // its form. Nothing where the line stays as it is: an address, and what would need a drive that isn't there or

@@ -86,8 +86,13 @@ void PlaylistText::AddLine(const std::string& line) {
 
 void PlaylistText::Add(const std::string& folder, const std::string& name, const KeptLine* kept) {
   if (kept != nullptr && !relative_ && AddKept(*kept)) return;
+  if (kept != nullptr) return AddMissing(kept->whole.empty() ? folder + name : kept->whole, *kept);
   const bool plain_path = folder.size() > 1 && !form_.native && !relative_;
-  if (!plain_path) return AddLine(LineOf(folder + name));
+  if (!plain_path) {
+    const std::string item = folder + name;
+    if (!AddRaw(item)) AddLine(LineOf(item));
+    return;
+  }
   writer_.Append(folder);
   writer_.Append(name);
   writer_.Append("\r\n");
@@ -106,6 +111,35 @@ bool PlaylistText::AddKept(const KeptLine& kept) {
     writer_.AppendBytes(kept.bytes);
     writer_.Append(form_.native ? "\n" : "\r\n");
   }
+  return true;
+}
+
+// The path of an item whose line says something else here. Letters that stand in for others are nobody's but ours.
+void PlaylistText::AddMissing(const std::string& item, const KeptLine& kept) {
+  const int left_absolute = left_absolute_;
+  std::string line = LineOf(item);
+  if (!form_.native && HasOtherLetters(line, kept)) {
+    const std::string native = NativePath(files_, item);
+    if (native.starts_with('/') && IsValidUtf8(native)) {
+      line = native;
+      left_absolute_ = left_absolute + (relative_ ? 1 : 0);
+    }
+  }
+  AddLine(line);
+}
+
+// A name that is no UTF-8 goes into a plain playlist of a player of this system as the bytes that it is, but where
+// they are the name of another file in the user's code page.
+bool PlaylistText::AddRaw(const std::string& item) {
+  if (!form_.native || native_type_ || relative_) return false;
+  const std::string native = NativePath(files_, item);
+  if (!native.starts_with('/') || IsValidUtf8(native)) return false;
+  if (!page_) page_.emplace();
+  bool other = true;
+  ResumeNext([&] { other = files_.Exists(files_.FromNative(LineText(native, *page_))); });
+  if (other) return false;
+  writer_.AppendBytes(native);
+  writer_.Append("\n");
   return true;
 }
 

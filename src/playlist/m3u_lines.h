@@ -56,6 +56,8 @@ class PlaylistText {
 
  private:
   bool AddKept(const KeptLine& kept);
+  void AddMissing(const std::string& item, const KeptLine& kept);
+  bool AddRaw(const std::string& item);
   void AddLine(const std::string& line);
   std::string LineOf(const std::string& item);
   std::optional<std::string> RelativeLineOf(const std::string& item);

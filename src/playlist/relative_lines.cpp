@@ -26,13 +26,22 @@ bool IsPlain(const std::string& path) {
   return HasDrive(path) && path.substr(2, 1) == "\\" && std::ranges::all_of(names, IsStep);
 }
 
+// Of the file that a playlist is a link to, where that lies in another folder.
+std::string LinkedFolder(const FileSystem& files, const std::string& playlist) {
+  const auto linked = files.LinkedFile(playlist);
+  const std::string folder = linked ? FolderOfPlaylist(*linked) : "";
+  return folder == FolderOfPlaylist(playlist) ? "" : folder;
+}
+
 }  // namespace
 
 RelativeLines::RelativeLines(const FileSystem& files, const std::string& playlist, bool parents)
-    : files_(files), folder_(FolderOfPlaylist(playlist)), parents_(parents), names_(NamesIn(folder_)) {
-  const auto linked = files.LinkedFile(playlist);
-  if (linked && FolderOfPlaylist(*linked) != folder_) linked_folder_ = FolderOfPlaylist(*linked);
-}
+    : files_(files),
+      folder_(FolderOfPlaylist(playlist)),
+      linked_folder_(LinkedFolder(files, playlist)),
+      file_folder_(linked_folder_.empty() ? folder_ : linked_folder_),
+      parents_(parents),
+      names_(NamesIn(file_folder_)) {}
 
 std::optional<std::string> RelativeLines::LineOf(const std::string& item) {
   if (auto line = Below(item)) return line;
@@ -44,13 +53,22 @@ std::optional<std::string> RelativeLines::Below(const std::string& item) const {
   if (line != item) return line;
   if (linked_folder_.empty()) return std::nullopt;
   line = RelativeLine(item, linked_folder_);
-  // Who reads the line looks into the folder of the name first.
-  if (line == item || files_.Exists(folder_ + "\\" + line)) return std::nullopt;
+  if (line == item || IsOtherBesideTheLink(line, item)) return std::nullopt;
   return line;
 }
 
+// Who reads a line looks into the folder of the link first.
+bool RelativeLines::IsOtherBesideTheLink(const std::string& line, const std::string& item) const {
+  if (linked_folder_.empty()) return false;
+  const std::string beside = folder_ + "\\" + line;
+  if (!files_.Exists(beside)) return false;
+  const auto identity = files_.IdentityOf(beside);
+  return !identity || identity != files_.IdentityOf(item);
+}
+
+// From the file's own folder: so the line is right for who opens the file by its own name, too.
 std::optional<std::string> RelativeLines::Above(const std::string& item) {
-  if (!IsPlain(item) || item[0] != folder_[0] || !(names_.empty() || IsPlain(folder_))) return std::nullopt;
+  if (!IsPlain(item) || item[0] != file_folder_[0] || !(names_.empty() || IsPlain(file_folder_))) return std::nullopt;
   const std::vector<std::string> names = NamesIn(item);
   std::size_t shared = 0;
   while (shared < names_.size() && shared + 1 < names.size() && names_[shared] == names[shared]) ++shared;
@@ -59,16 +77,16 @@ std::optional<std::string> RelativeLines::Above(const std::string& item) {
   std::string line;
   for (std::size_t i = 0; i < up; ++i) line += "..\\";
   for (std::size_t i = shared; i < names.size(); ++i) line += (i > shared ? "\\" : "") + names[i];
-  return line;
+  return IsOtherBesideTheLink(line, item) ? std::nullopt : std::optional(line);
 }
 
 // Whether ".." so many times leads out of the folder to the same place for who follows links as for who reads text.
 bool RelativeLines::LeadsUp(std::size_t steps) {
-  std::string up = folder_;
+  std::string up = file_folder_;
   for (std::size_t i = 0; i < leads_up_.size(); ++i) up += "\\..";
   while (leads_up_.size() < steps) {
     up += "\\..";
-    std::string parent = folder_.substr(0, 3);
+    std::string parent = file_folder_.substr(0, 3);
     const std::size_t left = names_.size() - leads_up_.size() - 1;
     for (std::size_t i = 0; i < left; ++i) parent += (i > 0 ? "\\" : "") + names_[i];
     const auto there = files_.IdentityOf(parent);

@@ -20,14 +20,16 @@ class RelativeLines {
 
  private:
   std::optional<std::string> Below(const std::string& item) const;
+  bool IsOtherBesideTheLink(const std::string& line, const std::string& item) const;
   std::optional<std::string> Above(const std::string& item);
   bool LeadsUp(std::size_t steps);
 
   const FileSystem& files_;
   const std::string folder_;
-  std::string linked_folder_;  // "" where there is none
+  const std::string linked_folder_;  // "" where there is none
+  const std::string file_folder_;    // of the file itself
   const bool parents_;
-  std::vector<std::string> names_;  // of the folders in `folder_`
+  std::vector<std::string> names_;  // of the folders in `file_folder_`
   std::vector<bool> leads_up_;      // by count of steps from 1, as far as it was asked for
 };
 

@@ -6,7 +6,7 @@ void AppendPaths(const RowStore& rows, WhichRows which, Collection& paths) {
   const bool all = which == WhichRows::kAll;
   if (all) paths.reserve(paths.size() + static_cast<std::size_t>(rows.Count()));
   for (int i = 1; i <= rows.Count(); ++i) {
-    if (all || rows.At(i).selected) paths.push_back(rows.At(i).FullPath());
+    if (all || rows.At(i).selected) paths.push_back(rows.At(i).WholePath());
   }
 }
 

@@ -40,6 +40,8 @@ struct Row {
     path.reserve(cells[kPath].size() + cells[kFileName].size());
     return path.append(cells[kPath]).append(cells[kFileName]);
   }
+  // The full path of the row's file also where the text isn't one (see KeptLine::whole): for what is stored.
+  std::string WholePath() const { return kept && !kept->whole.empty() ? kept->whole : FullPath(); }
   // The path under which the disk has the file, as far as the row knows: for what reads, plays or changes the file.
   std::string RealPath() const {
     std::string path = FullPath();

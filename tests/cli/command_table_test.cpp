@@ -248,6 +248,9 @@ TEST_F(SaveRows, SaysHowManyLinesOfOtherTypesAreLeftOut) {
   drives_.Write("list.m3u", "#EXTM3U\r\nc:\\a.mp3\r\nc:\\b.flac\r\n\r\nother.m3u\r\nc:\\c.m4a\r\nc:\\d.wav.mp3\r\n");
   EXPECT_EQ(Run({"save", "c:\\out.m3u", "c:\\list.m3u"}), 0);
   EXPECT_EQ(Err(), "qublet: c:\\list.m3u: 3 lines of other types are left out\n");
+  drives_.Write("list.m3u", "c:\\a.mp3\r\nc:\\b.flac\r\n");
+  EXPECT_EQ(Run({"save", "--replace", "c:\\out.m3u", "c:\\list.m3u"}), 0);
+  EXPECT_EQ(Err(), "qublet: c:\\list.m3u: 1 line of another type is left out\n");
   EXPECT_EQ(Run({"list", "c:\\list.m3u"}), 0);
   EXPECT_EQ(Err(), "");
 }

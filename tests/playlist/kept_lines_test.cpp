@@ -2,6 +2,7 @@
 
 #include "playlist/list_commands.h"
 #include "playlist/playlist_files_test_base.h"
+#include "playlist/row_paths.h"
 
 namespace qublet {
 namespace {
@@ -179,6 +180,33 @@ TEST_F(KeptLinesTest, TakeTheFullPathOfOneRowInEachRelativeSave) {
       SavedTo("c:\\lists\\list.m3u", "C:\\Lists\\x.mp3\r\nc:\\lists\\y.mp3\r\nsub\\gone.mp3\r\n", "list.m3u", true),
       "c:\\Lists\\x.mp3\r\ny.mp3\r\nsub\\gone.mp3\r\n");
 }
+
+#ifndef _WIN32
+// ":" beyond a drive, and what else a path in drive form can't hold.
+TEST_F(KeptLinesTest, AreWholePathsElsewhereThoughTheirRowsAreNone) {
+  const std::string list = "../gone/Mission: x.mp3\nX:/a/b.mp3\nC:gone.mp3\n";
+  const std::string c = drives_.C().string();
+  EXPECT_EQ(SavedTo("c:\\x\\other.m3u", list),
+            c + "/gone/Mission: x.mp3\r\nX:/a/b.mp3\r\nC:gone.mp3\r\n");
+  EXPECT_EQ(SavedTo("c:\\x\\other.m3u8", list), c + "/gone/Mission: x.mp3\nX:/a/b.mp3\n" + c + "/gone.mp3\n");
+  EXPECT_EQ(SavedTo("c:\\x\\other.m3u", "../gone/Mission: x.mp3\nC:gone.mp3\n", "list.m3u", true),
+            c + "/gone/Mission: x.mp3\r\nc:\\gone.mp3\r\n");
+  OpenLines(list);
+  EXPECT_EQ(PathsOf(Rows(), WhichRows::kAll),
+            (Collection{"c:\\gone\\Mission\uF03A x.mp3", "x:\\a\\b.mp3", "c:\\gone.mp3"}));
+  drives_.Write("gone/Mission: x.mp3", "abc");
+  items_.MViewRefresh_Click();
+  EXPECT_EQ(KeptOf(Rows()), (Collection{"-", "X:/a/b.mp3", "C:gone.mp3"}));
+}
+
+TEST_F(KeptLinesTest, BringNoLettersThatStandInForOthersIntoAnyPlaylist) {
+  const std::string lists = (drives_.C() / "lists").string();
+  EXPECT_EQ(SavedTo("c:\\x\\other.m3u", "no/t\\here.mp3\n", "list.m3u8"), lists + "/no/t\\here.mp3\r\n");
+  EXPECT_EQ(SavedTo("c:\\lists\\other.m3u", "./gone\\slash.mp3\n", "list.m3u8", true),
+            lists + "/gone\\slash.mp3\r\n");
+  EXPECT_EQ(playlist_files_.LeftAbsolute(), 1);
+}
+#endif
 
 TEST_F(KeptLinesTest, OfImportedListsAreReadAgainstTheirOwnFolder) {
   OpenLines("a.mp3\r\n");

@@ -313,6 +313,18 @@ TEST_F(WriteM3u8, LeavesItsFolderOnlyWhereLinksLeadToTheSamePlace) {
   EXPECT_EQ(Written("c:\\lists\\a.m3u8", {"c:\\m\\1.mp3", "c:\\lists\\2.mp3"}, true), Root() + "/c/m/1.mp3\n2.mp3\n");
 }
 
+TEST_F(WriteM3u8, LeavesTheFolderOfTheFileThatALinkLeadsTo) {
+  drives_.Write("real/list.m3u8", "");
+  drives_.Write("a/k.mp3", "abc");
+  drives_.Write("deep/a/other.mp3", "abc");
+  drives_.Write("a/other.mp3", "abc");
+  std::filesystem::create_directories(drives_.C() / "deep/er");
+  std::filesystem::create_symlink(drives_.C() / "real/list.m3u8", drives_.C() / "deep/er/list.m3u8");
+  EXPECT_EQ(Written("c:\\deep\\er\\list.m3u8", {"c:\\real\\s.mp3", "c:\\a\\k.mp3", "c:\\a\\other.mp3"}, true),
+            "s.mp3\n../a/k.mp3\n" + Root() + "/c/a/other.mp3\n")
+      << "the last one's line would be read as another file";
+}
+
 TEST_F(WritePlaylist, CutsTheFolderOfTheFileThatALinkLeadsToToo) {
   drives_.Write("real/list.m3u", "");
   drives_.Write("shown/there.mp3", "abc");

@@ -103,6 +103,16 @@ TEST_F(PlaylistFormTest, WritesWhatAPlainPlaylistWouldMisreadInFullOrInDriveForm
   }
 }
 
+TEST_F(PlaylistFormTest, GivesNamesThatAreNoUtf8BackAsTheirBytes) {
+  drives_.Write("m/Bj\xF6rk.mp3", "abc");
+  const std::string own = M() + "/Bj\xF6rk.mp3\n" + M() + "/a/1.mp3\n";
+  EXPECT_EQ(SavedAgain(own), own);
+  OpenLines("m/Bj%F6rk.mp3\n");
+  drives_.Write("m/Bj\u00F6rk.mp3", "abc");
+  EXPECT_TRUE(Save());
+  EXPECT_EQ(drives_.Read("list.m3u"), "c:\\m\\Bj\uF7F6rk.mp3\n") << "the bytes are another file's name now";
+}
+
 TEST_F(PlaylistFormTest, EndsWithNew) {
   OpenLines("m/a/1.mp3\n");
   playlist_files_.MFileNew_Click();
