@@ -1,8 +1,11 @@
 #include "platform/program.h"
 
+#include <fcntl.h>
+
 #include <filesystem>
 #include <system_error>
 
+#include "platform/linux/links.h"
 #include "platform/linux/user_folders.h"
 
 namespace qublet {
@@ -44,10 +47,14 @@ std::string InstalledDataFolder(const std::string& beside) {
   return beside.substr(0, beside.rfind('\\')) + "\\share\\qublet";
 }
 
+bool OthersCanWriteIn(const FileSystem& files, const std::string& folder) {
+  return OthersMayWrite(StatusOf(OpenAt(AT_FDCWD, files.ToNative(folder), O_PATH | O_DIRECTORY)));
+}
+
 std::string OwnFolderOfUser(const FileSystem& files) {
   const std::string data = DataFolder();
   if (data.empty()) throw Failure("this user has no home folder");
-  MakeFolders(data + "/velmora");
+  MakeOwnFolder(data + "/velmora");
   return files.FromNative(data + "/velmora");
 }
 

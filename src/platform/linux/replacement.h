@@ -18,6 +18,7 @@ class Replacement : public BufferedReplacement {
   // What is written and whose mode, extended attributes and times it takes.
   enum class Role {
     kNewVersion,  // the present file's
+    kOwnFile,     // that of one of the program's own files: this user's alone
     kCopy,        // the source's; the owner stays that of the present file
     kMoved,       // the source's, the owner too; a present file is a failure
   };
