@@ -6,9 +6,11 @@
 
 #include "platform/file_content.h"
 #include "platform/linux/file_metadata.h"
+#include "platform/linux/holes.h"
 #include "platform/linux/links.h"
 #include "platform/linux/rename.h"
 #include "platform/linux/temporary_file.h"
+#include "platform/linux/unfinished_files.h"
 
 namespace qublet {
 namespace {
@@ -39,7 +41,10 @@ Replacement::Replacement(const std::string& native, Role role, DescriptorInput* 
 }
 
 Replacement::~Replacement() {
-  if (!temporary_.empty()) unlinkat(folder_.Get(), temporary_.c_str(), 0);
+  if (temporary_.empty()) return;
+  const WholeStep step = BeginWholeStep();
+  unlinkat(folder_.Get(), temporary_.c_str(), 0);
+  ForgetUnfinished(folder_.Get(), temporary_);
 }
 
 void Replacement::FindPresent(const std::string& native) {
@@ -59,7 +64,9 @@ void Replacement::OpenTemporary() {
   const bool no_entry = faccessat(folder_.Get(), ".", W_OK | X_OK, AT_EACCESS) != 0;
   if (no_entry && (errno == EACCES || errno == EROFS))
     throw FolderRefusesWriting("no file can be made beside " + name_);
+  const WholeStep step = BeginWholeStep();
   TemporaryFile made = MakeTemporaryFile(folder_, name_, mode);
+  NoteUnfinished(folder_.Get(), made.name);
   file_ = std::move(made.file);
   temporary_ = std::move(made.name);
 }
@@ -73,12 +80,29 @@ void Replacement::WriteOut(std::span<const std::uint8_t> bytes) {
 }
 
 void Replacement::CopyFrom(InputFile& source, std::int64_t offset, std::int64_t length) {
-  if (const auto* input = dynamic_cast<DescriptorInput*>(&source)) {
-    const std::int64_t copied = CopyInKernel(input->File(), offset, length);
-    offset += copied;
-    length -= copied;
+  auto* const input = dynamic_cast<DescriptorInput*>(&source);
+  if (input == nullptr || length < static_cast<std::int64_t>(kBufferSize))
+    return AppendContent(source, offset, length, *this);
+  ExpectRoom(input->File(), length, file_);
+  for (const std::int64_t end = offset + length; offset < end;) {
+    const std::int64_t data = NextData(input->File(), offset, end);
+    const std::int64_t hole = data < end ? NextHole(input->File(), data, end) : end;
+    LeaveHole(data - offset);
+    CopyData(*input, data, hole - data);
+    offset = hole;
   }
-  AppendContent(source, offset, length, *this);
+}
+
+void Replacement::CopyData(DescriptorInput& source, std::int64_t offset, std::int64_t length) {
+  const std::int64_t copied = CopyInKernel(source.File(), offset, length);
+  AppendContent(source, offset + copied, length - copied, *this);
+}
+
+void Replacement::LeaveHole(std::int64_t length) {
+  if (length == 0) return;
+  FlushBuffer();
+  const off_t end = lseek(file_.Get(), length, SEEK_CUR);
+  if (end < 0 || ftruncate(file_.Get(), end) != 0) FailWithErrno("copy", name_);
 }
 
 // Gives how much was copied; what is left has to be read and written.
@@ -122,17 +146,23 @@ void Replacement::CopyAttributes() {
   if (has_source) CopyTimes(model, file_);
 }
 
-void Replacement::Commit() {
-  if (temporary_.empty()) throw Failure("committed already", name_);
-  FlushBuffer();
-  CopyAttributes();
-  FlushToDisk(file_);
+void Replacement::TakePlace() {
+  const WholeStep step = BeginWholeStep();
   if (role_ == Role::kMoved) {
     RenameInFolder(folder_.Get(), temporary_, name_);
   } else if (renameat(folder_.Get(), temporary_.c_str(), folder_.Get(), name_.c_str()) != 0) {
     FailWithErrno("replace", name_);
   }
+  ForgetUnfinished(folder_.Get(), temporary_);
   temporary_.clear();
+}
+
+void Replacement::Commit() {
+  if (temporary_.empty()) throw Failure("committed already", name_);
+  FlushBuffer();
+  CopyAttributes();
+  FlushToDisk(file_);
+  TakePlace();
   file_ = Descriptor();
   FolderFlushes at_once;
   (batches_ != nullptr ? *batches_ : at_once).Flush(std::move(folder_));

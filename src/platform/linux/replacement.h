@@ -37,8 +37,11 @@ class Replacement : public BufferedReplacement {
   void FindPresent(const std::string& native);
   void OpenTemporary();
   void WriteOut(std::span<const std::uint8_t> bytes) override;
+  void CopyData(DescriptorInput& source, std::int64_t offset, std::int64_t length);
+  void LeaveHole(std::int64_t length);
   std::int64_t CopyInKernel(const Descriptor& source, std::int64_t offset, std::int64_t length);
   void CopyAttributes();
+  void TakePlace();
 
   Role role_;
   DescriptorInput* source_;
