@@ -494,6 +494,13 @@ TEST_F(SettingsStoreTest, TellsWhyItCanNotKeepValues) {
   EXPECT_EQ(store_->CanKeep(kApplication).Reason(), "");
 }
 
+TEST_F(SettingsStoreTest, TellsWhyItsFolderCanNotBeMade) {
+  const OrdinaryUser user(drives_.Root());
+  fs::permissions(drives_.Root(), fs::perms(0555));
+  EXPECT_EQ(store_->CanKeep(kApplication).Reason(), "permission denied");
+  fs::permissions(drives_.Root(), fs::perms(0755));
+}
+
 TEST_F(SettingsStoreTest, FallsBackToTheHomeFolder) {
   setenv("XDG_CONFIG_HOME", "relative/is/ignored", 1);
   setenv("HOME", (drives_.Root() / "home").c_str(), 1);

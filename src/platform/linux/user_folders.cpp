@@ -64,13 +64,16 @@ std::string TemporaryFolder() {
 }
 
 void MakeFolders(const std::string& native) {
+  int error = 0;
   for (std::size_t end = 0; end != native.npos;) {
     end = native.find('/', end + 1);
-    const std::string folder = native.substr(0, end);
-    // What can't be made here may be there all the same: the last one tells.
-    if (mkdir(folder.c_str(), 0700) != 0 && end == native.npos && errno != EEXIST) FailWithErrno("make", folder);
+    const bool made = mkdir(native.substr(0, end).c_str(), 0700) == 0;
+    if (!made && error == 0 && errno != EEXIST) error = errno;
   }
-  OpenAt(AT_FDCWD, native, O_PATH | O_DIRECTORY);
+  // What can't be made may be there all the same.
+  if (Descriptor(open(native.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)).IsOpen()) return;
+  if (error != 0) errno = error;
+  FailWithErrno("make", native);
 }
 
 void MakeOwnFolder(const std::string& native) {
