@@ -135,6 +135,7 @@ void Main::Load(const std::string& command_line, QWidget* splash) {
   engine_.playlist_files.MFileNew_Click();
   OpenCommandLine(command_line);
   plugin_menu_->RegisterAccessoryTools();
+  engine_.session.TellOfSettingsNotKept();
   if (engine_.settings.AUDate) QTimer::singleShot(kUpdateDelay, this, &Main::updateCheckDue);
   engine_.document.PlaylistChanged = false;
   Refresh();

@@ -11,6 +11,7 @@
 #include "app/session_end.h"
 #include "engine/command_line.h"
 #include "engine/system.h"
+#include "platform/end_requests.h"
 #include "platform/program.h"
 #include "platform/qt/key_names.h"
 #include "platform/qt/last_input.h"
@@ -41,7 +42,7 @@ struct House {
 
   // All is stored. A command that still runs may take long to come back, so it isn't waited for.
   void End() const {
-    if (feedback.Busy()) std::_Exit(EXIT_SUCCESS);
+    if (feedback.Busy()) EndAtOnce(EXIT_SUCCESS);
     QCoreApplication::exit(EXIT_SUCCESS);
   }
 

@@ -45,7 +45,7 @@ int Show(CommandContext& context, const std::string& category) {
   const Categories categories = CategoriesOf(context);
   const int code = ProvideDefault(context, categories);
   Collection lines;
-  const Outcome read = ReadLinesFromFile(context.files, lines, categories.PathOf(category));
+  const Outcome read = ReadLinesFromFile(context.files.OwnFiles(), lines, categories.PathOf(category));
   PrintLines(context, lines);
   return std::max(code, Answer(context, category, read));
 }

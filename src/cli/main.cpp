@@ -2,11 +2,13 @@
 
 #include "cli/command_table.h"
 #include "engine/system.h"
+#include "platform/end_requests.h"
 #include "platform/program.h"
 
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
   const qublet::Utf8Console console;
+  const qublet::TidyEnd tidy_end;
   const qublet::System system;
   qublet::PrintedDialogs dialogs(std::cerr);
   qublet::Feedback feedback;

@@ -16,7 +16,7 @@ Engine::Engine(const Services& system, const Session::Places& places, std::strin
       list_commands(document, items, settings, services, view),
       player(document, services, program_folder),
       preview(document, services, program_folder),
-      recovery(document, services.files, places.recovery),
+      recovery(document, services.files.OwnFiles(), places.recovery),
       session(document, settings, items, recovery, services, view, places),
       closing(document, playlist_files, recovery, session, services.feedback) {
   LoadDefaultSettings(settings, {});

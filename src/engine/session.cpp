@@ -61,6 +61,11 @@ void Session::ApplyRecord() {
   view_.Refresh();
 }
 
+void Session::TellOfSettingsNotKept() {
+  const Outcome kept = services_.store.CanKeep(places_.AppKey);
+  if (!kept) services_.feedback.ShowRemark("Settings aren't kept: " + kept.Reason());
+}
+
 void Session::ForgetRecentFiles() {
   const std::vector<std::string> nothing(kRecentMenuRoom);
   ResumeNext([&] { services_.store.SaveSettings(places_.AppKey, StoredRecentFiles(nothing)); });
@@ -84,15 +89,15 @@ bool Session::StoreList() {
   const Collection paths = PathsOf(document_.ListView1, WhichRows::kAll);
   // An empty list leaves the old file: the next start brings back the list before it.
   if (paths.empty()) return false;
-  return static_cast<bool>(WritePlainLines(services_.files, LastPlaylist(places_.program_folder), paths));
+  return static_cast<bool>(WritePlainLines(services_.files.OwnFiles(), LastPlaylist(places_.program_folder), paths));
 }
 
 void Session::StoreTwin() {
+  const FileSystem& files = services_.files.OwnFiles();
   const std::string last = LastPlaylist(places_.program_folder);
   const std::string twin = services_.startup.FileToOpen(last);
   Collection lines;
-  if (settings_.WINSTART && twin != last && ReadLinesFromFile(services_.files, lines, last))
-    WriteHandOver(services_.files, twin, lines);
+  if (settings_.WINSTART && twin != last && ReadLinesFromFile(files, lines, last)) WriteHandOver(files, twin, lines);
 }
 
 void Session::LoadRecord() {

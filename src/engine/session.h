@@ -57,6 +57,9 @@ class Session {
   // Stores what is to be kept (`SetReg` True) or brings it back. A step that fails is skipped and the next one runs.
   void SetFormState(bool SetReg);
 
+  // Says in passing that the store keeps nothing, where it doesn't: storing itself never says so.
+  void TellOfSettingsNotKept();
+
   // Takes what the window looks like now into the record, as an end does.
   void TakeWindowState() { window_->CopyState(settings_); }
   // Has the window follow a record that has changed.

@@ -18,7 +18,7 @@ constexpr std::size_t kDigits = 8;
 
 std::string RunFolder(const FileSystem& files, const RunKind& kind) {
   const std::string folder = OwnFolderOfUser(files) + "\\" + std::string(kind.folder);
-  if (!files.IdentityOf(folder)) files.CreateFolder(folder);
+  if (!files.IdentityOf(folder)) files.OwnFiles().CreateFolder(folder);
   return folder + "\\";
 }
 

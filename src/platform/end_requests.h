@@ -16,9 +16,26 @@ class EndRequests {
   EndRequests(const EndRequests&) = delete;
   EndRequests& operator=(const EndRequests&) = delete;
 
- private:
   struct System;
+
+ private:
   std::unique_ptr<System> system_;
 };
+
+// For as long as one lives instead, those signals end the process as they always do, but the temporary files of
+// replacements go with it. Without one where no thread can be had. Does nothing on Windows.
+class TidyEnd {
+ public:
+  TidyEnd();
+  ~TidyEnd();
+  TidyEnd(const TidyEnd&) = delete;
+  TidyEnd& operator=(const TidyEnd&) = delete;
+
+ private:
+  std::unique_ptr<EndRequests::System> system_;
+};
+
+// Ends the process without waiting for what other threads do; their replacements are as if never begun.
+[[noreturn]] void EndAtOnce(int code);
 
 }  // namespace qublet

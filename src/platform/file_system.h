@@ -173,6 +173,12 @@ class FileSystem {
   // Throws Failure when the folder exists or can't be made.
   virtual void CreateFolder(const std::string& path) const = 0;
 
+  // The same files under the rule for the program's own ones. On Linux such a file belongs to this user and is made
+  // for this user alone, as a folder is; a symbolic link leads to one only if it is this user's and nobody else could
+  // have changed it. What breaks the rule is a Failure, for who reads as for who replaces. Elsewhere there is no such
+  // rule. Ends with this.
+  virtual const FileSystem& OwnFiles() const { return *this; }
+
   // The current folder in drive form, without a trailing "\" unless it is the root of a drive ("z:\").
   virtual std::string CurrentFolder() const = 0;
   // Makes a folder and its drive current for the whole process. Throws Failure. Not while other threads read.

@@ -15,6 +15,12 @@ bool FilesCanBeMadeIn(const FileSystem& files, const std::string& folder) {
   return Guarded([&] { files.BeginReplacement(folder + "\\.qublet-probe"); });
 }
 
+bool MayHoldOwnFiles(const FileSystem& files, const std::string& folder) {
+  bool others_can = true;
+  ResumeNext([&] { others_can = OthersCanWriteIn(files, folder); });
+  return !others_can && FilesCanBeMadeIn(files, folder);
+}
+
 }  // namespace
 
 std::string PathFromArgument(const FileSystem& files, const std::string& argument) {
@@ -27,7 +33,7 @@ std::string PathFromArgument(const FileSystem& files, const std::string& argumen
 std::string ProgramFolder(const FileSystem& files) {
   std::string beside;
   ResumeNext([&] { beside = FolderOf(ExecutablePath(files)); });
-  if (!beside.empty() && FilesCanBeMadeIn(files, beside)) return beside;
+  if (!beside.empty() && MayHoldOwnFiles(files, beside)) return beside;
   return OwnFolderOfUser(files);
 }
 

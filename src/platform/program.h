@@ -52,8 +52,13 @@ std::string ExecutablePath(const FileSystem& files);
 std::string WindowProgram(const FileSystem& files);
 
 // The folder for the program's own files ("last.m3u", "tmp.m3u"), in drive form without a trailing "\": the
-// executable's folder if files can be made there, else a folder of this user, made when missing. Throws Failure.
+// executable's folder if files can be made there, by nobody else (see OthersCanWriteIn), else a folder of this user,
+// made when missing. Throws Failure.
 std::string ProgramFolder(const FileSystem& files);
+
+// Whether anybody but this user and the superuser can put files into a folder. Windows isn't asked: False there.
+// Throws Failure where there is no such folder.
+bool OthersCanWriteIn(const FileSystem& files, const std::string& folder);
 
 // Where files that came with the program stand (tips, help, read-me), behind its own folder: beside the executable,
 // then where an installation puts them; in drive form without a trailing "\". Whether there are such folders isn't

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/failure.h"
+
 namespace qublet {
 
 // One text value with its address inside an application.
@@ -29,6 +31,9 @@ class SettingsStore {
   // Keeps all the values, so that many cost hardly more than one; what is stored in a file is replaced in one step.
   // Throws Failure when they can't be kept.
   virtual void SaveSettings(const std::string& application, const std::vector<Setting>& settings) = 0;
+
+  // Whether values can be kept now, tried without a change. Done where that isn't known before.
+  virtual Outcome CanKeep(const std::string& /*application*/) { return {}; }
 
   // One value. Throws Failure when it can't be kept.
   void SaveSetting(const std::string& application, const std::string& section, const std::string& key,

@@ -6,15 +6,16 @@
 namespace qublet {
 
 std::string WriteTempPlaylist(const Services& services, const std::string& program_folder, const Collection& paths) {
+  const FileSystem& files = services.files.OwnFiles();
   const std::string own = TempPlaylist(program_folder);
-  if (!WritePlainLines(services.files, own, paths)) return "";
+  if (!WritePlainLines(files, own, paths)) return "";
   std::string playlist;
   ResumeNext([&] {
     const std::string folder = services.shell.HandOverFolder();
     const std::string twin = folder + "\\tmp.m3u8";
     if (folder.empty()) {
       playlist = own;
-    } else if (WriteHandOver(services.files, twin, paths)) {
+    } else if (WriteHandOver(files, twin, paths)) {
       playlist = twin;
     }
   });

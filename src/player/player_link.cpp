@@ -12,7 +12,7 @@ bool PlayerLink::DetectPlayer() {
   bool found = false;
   ResumeNext([&] {
     const std::string path = TempPlaylist(program_folder_);
-    if (!FileExists(services_.files, path)) WriteLinesToFile(services_.files, path, {"#"});
+    if (!FileExists(services_.files, path)) WriteLinesToFile(services_.files.OwnFiles(), path, {"#"});
     const AssociatedProgram associated = services_.associations.ProgramFor(path);
     const std::string program = LowerCase(associated.path);
     const bool by_path = Contains(program, "studio") || Contains(program, "winamp");

@@ -55,8 +55,8 @@ void Items::AddPlaylist(const std::string& path, int InsertPoint) {
   LoadRows(InsertPoint, [&](std::size_t place, const std::string& line_path, int original_order, Row& row) {
     if (lines.FillRow(place, line_path, original_order, row)) return;
     const std::string_view line = playlist.lines[place];
-    row.kept =
-        std::make_shared<const KeptLine>(KeptLine{std::string(line), source, lines.WholePathOf(line, row.FullPath())});
+    row.kept = std::make_shared<const KeptLine>(
+        KeptLine{std::string(line), source, lines.WholePathOf(line, row.FullPath())});
   });
 }
 
@@ -73,7 +73,7 @@ Outcome Items::AddOwnPlaylist(const std::string& path) {
   int at_the_end = 0;
   return AddRows(false, at_the_end, [&] {
     DestroyFileArray(document_);
-    ReadOwnPlaylist(files_, path, document_.FileArray).OrThrow();
+    ReadOwnPlaylist(files_.OwnFiles(), path, document_.FileArray).OrThrow();
     files_.SetCurrentFolder(FolderOfPlaylist(path));
     LoadFileArrayToList(at_the_end);
   });

@@ -260,9 +260,10 @@ TEST_F(SystemsEnd, AsksNobodyInTheMiddleOfACommand) {
   EXPECT_EQ(LastList(), "c:\\a.mp3\r\n");
 }
 
-TEST_F(StartAndExit, AStoreThatCannotBeWrittenIsNobodysBusiness) {
+TEST_F(StartAndExit, AStoreThatCannotBeWrittenIsRemarkedUponOnceAndNoFailure) {
   window.store.refuses_to_save = true;
   window.Start();
+  EXPECT_EQ(window.Panel(4), "Settings aren't kept: read-only");
   window.main->close();
   EXPECT_TRUE(window.dialogs.messages.empty());
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/list_test_base.h"
+#include "support/own_file.h"
 
 namespace qublet {
 namespace {
@@ -73,6 +74,39 @@ TEST_F(EngineTest, BringsBackInASecondSessionWhatTheFirstOneStored) {
   next.session.Begin();
   next.session.RestoreOrBeginAnew();
   EXPECT_EQ(next.settings.SHUFFLEINT, 7);
+}
+
+TEST_F(EngineTest, KeepsItsListsForThisUserAlone) {
+  std::filesystem::create_directory(drives_.C() / "own");
+  NoWindow state;
+  Engine engine(services_, {"QUBLET2021", "c:\\program", "", "c:\\own"}, ",");
+  engine.Show(view_, state);
+  engine.items.AddStuff("c:\\b.mp3", true);
+  engine.recovery.Settle();
+  EXPECT_TRUE(IsForThisUserAlone(drives_.C() / "own/recovery-1.m3u"));
+  engine.session.SetFormState(true);
+  EXPECT_TRUE(IsForThisUserAlone(drives_.C() / "program/last.m3u"));
+}
+
+TEST_F(EngineTest, NeitherReadsNorWritesALastListThatOthersMayHaveLinked) {
+  drives_.Write("theirs.m3u", "c:\\a.mp3\r\n");
+  std::filesystem::create_symlink("../theirs.m3u", drives_.C() / "program/last.m3u");
+  std::filesystem::permissions(drives_.C() / "program", std::filesystem::perms::all);
+  NoWindow state;
+  engine_.Show(view_, state);
+  engine_.session.RestoreLastList();
+  EXPECT_EQ(engine_.document.ListView1.Count(), 0);
+  engine_.items.AddStuff("c:\\b.mp3", true);
+  engine_.session.SetFormState(true);
+  EXPECT_EQ(drives_.Read("theirs.m3u"), "c:\\a.mp3\r\n");
+}
+
+TEST_F(EngineTest, RemarksThatSettingsAreNotKeptAndWhy) {
+  engine_.session.TellOfSettingsNotKept();
+  EXPECT_EQ(feedback_.remarks, Collection());
+  fakes_.store.refuses_to_save = true;
+  engine_.session.TellOfSettingsNotKept();
+  EXPECT_EQ(feedback_.remarks, Collection{"Settings aren't kept: read-only"});
 }
 
 }  // namespace

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/forwarding_file_system.h"
 #include "playlist/row_order.h"
 #include "playlist/selection.h"
-#include "support/forwarding_file_system.h"
 #include "support/list_test_base.h"
 
 namespace qublet {

@@ -2,6 +2,7 @@
 
 #include "support/file_system_test_base.h"
 #include "support/memory_file.h"
+#include "support/own_file.h"
 
 namespace qublet {
 namespace {
@@ -25,6 +26,12 @@ TEST_F(RunFilesTest, NumbersRunsFromOneOnwards) {
   EXPECT_EQ(RunFiles(*files_, folder).size(), 3u);
   EXPECT_TRUE(FindRun(*files_, folder, 2).undone);
   EXPECT_THROW(FindRun(*files_, folder, 4), Failure);
+}
+
+TEST_F(RunFilesTest, AreForThisUserAlone) {
+  const NewRun run = Begin();
+  for (const std::string& path : {run.path, run.path + ".lock", RunFolder(*files_, kKind)})
+    EXPECT_TRUE(IsForThisUserAlone(files_->ToNative(path))) << path;
 }
 
 TEST_F(RunFilesTest, TakesTheNextNumberWhereAnotherProgramWasQuicker) {

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/forwarding_file_system.h"
 #include "support/file_system_test_base.h"
-#include "support/forwarding_file_system.h"
 
 namespace qublet {
 namespace {

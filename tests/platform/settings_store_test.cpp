@@ -32,6 +32,12 @@ class SettingsStoreTest : public testing::Test {
 
   fs::path Folder() const { return drives_.Root() / "config" / "velmora"; }
   fs::path File() const { return Folder() / "QUBLET2021.conf"; }
+  fs::path LockFile() const { return File().string() + ".lock"; }
+  static mode_t ModeOf(const fs::path& place) {
+    struct stat status {};
+    EXPECT_EQ(stat(place.c_str(), &status), 0);
+    return status.st_mode & 07777;
+  }
   void WriteFile(const std::string& content) const { TemporaryDrives::WriteAt(File(), content); }
   std::string ReadFile() const { return TemporaryDrives::ReadAt(File()); }
   std::string Get(const std::string& section, const std::string& key) const {
@@ -380,6 +386,119 @@ TEST_F(SettingsStoreTest, GivesUpWhenAnotherProcessNeverLetsGo) {
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(1)) << "it has waited already";
   close(held);
   EXPECT_NO_THROW(Save("SSE", "V", "0"));
+}
+
+TEST_F(SettingsStoreTest, WaitsOnceASessionForAnotherProcessThatComesAndGoes) {
+  Save("SSE", "V", "1");
+  const int held = open(LockFile().c_str(), O_RDWR);
+  ASSERT_EQ(flock(held, LOCK_EX), 0);
+  EXPECT_THROW(Save("SSE", "V", "0"), Failure);
+  flock(held, LOCK_UN);
+  EXPECT_NO_THROW(Save("SSE", "V", "0"));
+  ASSERT_EQ(flock(held, LOCK_EX), 0);
+  const auto begin = std::chrono::steady_clock::now();
+  EXPECT_THROW(Save("SSE", "V", "2"), Failure);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(1));
+  close(held);
+}
+
+TEST_F(SettingsStoreTest, MakesFilesAndFolderForThisUserAlone) {
+  const mode_t before = umask(0);
+  Save("SSE", "V", "1");
+  umask(before);
+  for (const fs::path& place : {File(), LockFile()}) EXPECT_EQ(ModeOf(place), 0600u) << place;
+  EXPECT_EQ(ModeOf(Folder()), 0700u);
+}
+
+TEST_F(SettingsStoreTest, ShutsALockToOthersThatEveryoneCouldHold) {
+  TemporaryDrives::WriteAt(LockFile(), "");
+  fs::permissions(LockFile(), fs::perms(0666));
+  Save("SSE", "V", "1");
+  EXPECT_EQ(ModeOf(LockFile()), 0600u);
+}
+
+TEST_F(SettingsStoreTest, ReplacesALockThatIsNoLockOfThisUser) {
+  const auto expect_replaced = [&] {
+    EXPECT_NO_THROW(Save("SSE", "V", "1"));
+    EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(LockFile())));
+    EXPECT_EQ(ModeOf(LockFile()), 0600u);
+    fs::remove(LockFile());
+  };
+  TemporaryDrives::WriteAt(drives_.C() / "precious", "precious");
+  fs::create_directories(Folder());
+  fs::create_symlink(drives_.C() / "precious", LockFile());
+  expect_replaced();
+  ASSERT_EQ(mkfifo(LockFile().c_str(), 0600), 0);
+  expect_replaced();
+  EXPECT_EQ(drives_.Read("precious"), "precious");
+  if (geteuid() != 0) GTEST_SKIP() << "only the superuser can make a file of another user";
+  TemporaryDrives::WriteAt(LockFile(), "");
+  ASSERT_EQ(chown(LockFile().c_str(), 1234, 1234), 0);
+  const int held = open(LockFile().c_str(), O_RDWR);
+  ASSERT_EQ(flock(held, LOCK_EX), 0);
+  expect_replaced();
+  close(held);
+}
+
+TEST_F(SettingsStoreTest, ReplacesALockThatThisUserCanNotEvenOpen) {
+  TemporaryDrives::WriteAt(LockFile(), "");
+  const OrdinaryUser user(drives_.Root());
+  if (!user.Changed()) GTEST_SKIP() << "only the superuser can make a file of another user";
+  ASSERT_EQ(seteuid(0), 0);
+  ASSERT_EQ(chown(LockFile().c_str(), 0, 0), 0);
+  ASSERT_EQ(chmod(LockFile().c_str(), 0600), 0);
+  ASSERT_EQ(seteuid(65534), 0);
+  EXPECT_NO_THROW(Save("SSE", "V", "1"));
+  EXPECT_EQ(Get("SSE", "V"), "1");
+}
+
+TEST_F(SettingsStoreTest, NeitherReadsNorReplacesAFileOfAnotherUser) {
+  if (geteuid() != 0) GTEST_SKIP() << "only the superuser can make a file of another user";
+  WriteFile("[SSE]\nV=0\n");
+  ASSERT_EQ(chown(File().c_str(), 1234, 1234), 0);
+  EXPECT_EQ(Get("SSE", "V"), "");
+  EXPECT_THROW(Save("SSE", "V", "1"), Failure);
+  EXPECT_EQ(ReadFile(), "[SSE]\nV=0\n");
+}
+
+TEST_F(SettingsStoreTest, KeepsNothingInAFolderOfAnotherUser) {
+  if (geteuid() != 0) GTEST_SKIP() << "only the superuser can make a folder of another user";
+  fs::create_directories(Folder());
+  ASSERT_EQ(chown(Folder().c_str(), 1234, 1234), 0);
+  EXPECT_THROW(Save("SSE", "V", "1"), Failure);
+  EXPECT_EQ(Names(), std::vector<std::string>());
+}
+
+TEST_F(SettingsStoreTest, TellsThatItCanKeepValuesAndChangesNothingForIt) {
+  EXPECT_EQ(store_->CanKeep(kApplication).Reason(), "");
+  EXPECT_FALSE(fs::exists(File()));
+  WriteFile("[SSE]\nV=0\n");
+  EXPECT_EQ(store_->CanKeep(kApplication).Reason(), "");
+  EXPECT_EQ(ReadFile(), "[SSE]\nV=0\n");
+  EXPECT_EQ(Names(), kNamesAfterASave);
+}
+
+TEST_F(SettingsStoreTest, TellsWhyItCanNotKeepValues) {
+  Save("SSE", "V", "0");
+  const int held = open(LockFile().c_str(), O_RDWR);
+  ASSERT_EQ(flock(held, LOCK_EX), 0);
+  EXPECT_EQ(store_->CanKeep(kApplication).Reason(), "locked by another process");
+  close(held);
+  fs::permissions(File(), fs::perms::owner_read);
+  EXPECT_EQ(store_->CanKeep(kApplication).Reason(), "read-only");
+  fs::permissions(File(), fs::perms(0600));
+  const OrdinaryUser user(drives_.Root());
+  fs::permissions(Folder(), fs::perms(0555));
+  EXPECT_NE(store_->CanKeep(kApplication).Reason(), "");
+  fs::permissions(Folder(), fs::perms(0755));
+  EXPECT_EQ(store_->CanKeep(kApplication).Reason(), "");
+}
+
+TEST_F(SettingsStoreTest, TellsWhyItsFolderCanNotBeMade) {
+  const OrdinaryUser user(drives_.Root());
+  fs::permissions(drives_.Root(), fs::perms(0555));
+  EXPECT_EQ(store_->CanKeep(kApplication).Reason(), "permission denied");
+  fs::permissions(drives_.Root(), fs::perms(0755));
 }
 
 TEST_F(SettingsStoreTest, FallsBackToTheHomeFolder) {

@@ -4,6 +4,7 @@
 
 #include "support/fake_player.h"
 #include "support/fake_services.h"
+#include "support/own_file.h"
 #include "support/recorders.h"
 #include "support/temporary_drives.h"
 
@@ -130,6 +131,16 @@ TEST_F(PreviewTest, ReplacesTheTemporaryPlaylistWhole) {
   Rows({"c:\\1.mp3"}, "x");
   Play(kPlaySelected);
   EXPECT_EQ(Played(), "c:\\1.mp3\r\n");
+  EXPECT_TRUE(IsForThisUserAlone(drives_.C() / "program/tmp.m3u"));
+}
+
+TEST_F(PreviewTest, WritesNoPlaylistThroughALinkThatOthersMayHaveMade) {
+  drives_.Write("home/.profile", "export A=1");
+  std::filesystem::create_symlink("../home/.profile", drives_.C() / "program/tmp.m3u");
+  std::filesystem::permissions(drives_.C() / "program", std::filesystem::perms::all);
+  Rows({"c:\\1.mp3"}, "x");
+  Play(kPlaySelected);
+  EXPECT_EQ(drives_.Read("home/.profile"), "export A=1");
 }
 
 TEST_F(PreviewTest, HandsATwinInTheSystemsOwnFormToPlayersThatNeedIt) {
@@ -139,6 +150,7 @@ TEST_F(PreviewTest, HandsATwinInTheSystemsOwnFormToPlayersThatNeedIt) {
   EXPECT_EQ(shell_.opened, Collection{"d:\\handover\\tmp.m3u8"});
   EXPECT_EQ(TemporaryDrives::ReadAt(drives_.D() / "handover/tmp.m3u8"),
             (drives_.C() / "m/\u0414\u0430 & \u00E9.mp3").string() + "\n" + (drives_.D() / "1.mp3").string() + "\n");
+  EXPECT_TRUE(IsForThisUserAlone(drives_.D() / "handover/tmp.m3u8"));
   EXPECT_EQ(Played(), "c:\\m\\\u0414\u0430 & \u00E9.mp3\r\nd:\\1.mp3\r\n");
 }
 

@@ -6,8 +6,8 @@
 #include <condition_variable>
 #include <mutex>
 
+#include "platform/forwarding_file_system.h"
 #include "playlist/row_filling.h"
-#include "support/forwarding_file_system.h"
 #include "support/list_test_base.h"
 #include "support/slow_file_system.h"
 

@@ -4,12 +4,12 @@
 
 #include <atomic>
 
+#include "platform/forwarding_file_system.h"
 #include "playlist/expansion.h"
 #include "playlist/paths/text.h"
 #include "playlist/playlist_files.h"
 #include "support/environment.h"
 #include "support/foreign_lines_table.h"
-#include "support/forwarding_file_system.h"
 #include "support/list_test_base.h"
 
 namespace qublet {

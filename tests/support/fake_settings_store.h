@@ -43,6 +43,10 @@ class FakeSettingsStore : public SettingsStore {
     }
   }
 
+  Outcome CanKeep(const std::string& /*application*/) override {
+    return refuses_to_save ? Outcome::GivenUp("read-only") : Outcome();
+  }
+
   std::map<std::string, std::vector<Setting>> applications;
   mutable std::vector<std::string> reads;  // "section/key"
   int saves = 0;

@@ -17,8 +17,8 @@
 #include <thread>
 
 #include "desk/report_line.h"
+#include "platform/forwarding_file_system.h"
 #include "support/fake_services.h"
-#include "support/forwarding_file_system.h"
 #include "support/purge_test_base.h"
 #include "tools/purge/ui/FilterForm.h"
 

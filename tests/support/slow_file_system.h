@@ -5,7 +5,7 @@
 #include <string>
 #include <thread>
 
-#include "support/forwarding_file_system.h"
+#include "platform/forwarding_file_system.h"
 
 namespace qublet {
 

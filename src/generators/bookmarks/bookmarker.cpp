@@ -41,9 +41,14 @@ void Bookmarker::Activate() {
 void Bookmarker::CmdNext_Click() {
   const std::string path = categories_.PathOf(SelectedCategory());
   if (!AddMode)
-    engine_.items.AddStuff(path, true);
+    ImportFrom(path);
   else if (categories_.AddBookmarks(path, SelectedPaths()))
     window_.close();
+}
+
+void Bookmarker::ImportFrom(const std::string& path) {
+  const FileSystem& files = engine_.services.files.OwnFiles();
+  if (Attempt([&] { files.OpenForReading(path); })) engine_.items.AddStuff(path, true);
 }
 
 void Bookmarker::cmdAddCategory_Click() {

@@ -40,6 +40,7 @@ class Bookmarker {
  private:
   const std::string& SelectedCategory() const;
   Collection SelectedPaths() const;
+  void ImportFrom(const std::string& path);
 
   Engine& engine_;
   const bool AddMode;

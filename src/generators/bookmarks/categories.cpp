@@ -38,7 +38,7 @@ std::unique_ptr<HeldFile> WaitToHold(const FileSystem& files, const std::string&
 }  // namespace
 
 Categories::Categories(const FileSystem& files, Dialogs& dialogs, const std::string& program_folder)
-    : files_(files),
+    : files_(files.OwnFiles()),
       dialogs_(dialogs),
       has_place_(!program_folder.empty()),
       folder_(program_folder + "\\Bookmarks") {}

@@ -254,7 +254,7 @@ void DiscWizard::PrevReportSet_Click(const Watch& watch) {
   const std::string page = CDRoot() + "\\" + kPreview;
   ReportSettings record = ReportRec;
   record.Title = DiscTitle(view.CDROMLoc, engine_.services.clock);
-  const ReportServices services{engine_.services.files, engine_.services.clock, engine_.thousands_separator};
+  const ReportServices services{engine_.services.files, engine_.services.clock, engine_.thousands_separator, true};
   if (!GenerateReport(services, page, CompileFiles_, record, watch.ProgressBar1).exists) return;
   engine_.document.TempFiles.push_back(page);
   engine_.services.shell.Open(page);

@@ -236,6 +236,14 @@ std::string ReportLines::Foot(std::size_t items, const LocalTime& now, const std
   return line;
 }
 
+const FileSystem& TargetFiles(const ReportServices& services) {
+  return services.own_file ? services.files.OwnFiles() : services.files;
+}
+
+bool IsOwnFile(const FileSystem& files, const std::string& path) {
+  return Guarded([&] { files.OwnFiles().OpenForReading(path); });
+}
+
 }  // namespace
 
 ReportResult GenerateReport(const ReportServices& services, const std::string& path, const Collection& files,
@@ -244,7 +252,7 @@ ReportResult GenerateReport(const ReportServices& services, const std::string& p
   result.written = Attempt([&] {
     const ReportBase base{settings.SaveRel, settings.SaveRel ? FindCommonFolder(files) : ""};
     DropPlaceholders(settings);
-    ReportFile file(services.files, path, EncodingFor(settings, files));
+    ReportFile file(TargetFiles(services), path, EncodingFor(settings, files));
     ReportLines lines(settings);
     file.WriteLine(lines.Head());
     file.Write(file.Bytes(lines.Headers()));
@@ -272,7 +280,7 @@ ReportResult GenerateReport(const ReportServices& services, const std::string& p
     progress(0, count);
     file.Close().OrThrow();
   });
-  result.exists = FileExists(services.files, path);
+  result.exists = FileExists(services.files, path) && (!services.own_file || IsOwnFile(services.files, path));
   return result;
 }
 

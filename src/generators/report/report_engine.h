@@ -23,6 +23,7 @@ struct ReportServices {
   const FileSystem& files;
   const Clock& clock;
   std::string thousands_separator;
+  bool own_file = false;  // what is written is the program's own, made to be looked at
 };
 
 // Writes a page or a table with a row for each file to `path`, replacing a file that is there. A file that can't be

@@ -17,6 +17,16 @@ bool IsText(const ReportSettings& settings) {
   return settings.RepType == kTextReport;
 }
 
+// Unlike a copy it is no file for this user alone.
+Outcome WriteCopy(const FileSystem& files, const std::string& own_file, const std::string& name) {
+  return Attempt([&] {
+    const auto source = files.OwnFiles().OpenForReading(own_file);
+    const auto target = files.BeginReplacement(name);
+    target->CopyFrom(*source, 0, source->Size());
+    target->Commit();
+  });
+}
+
 }  // namespace
 
 ReportWizard::ReportWizard(Engine& engine) : engine_(engine) {
@@ -101,7 +111,7 @@ void ReportWizard::RunReport(ReportSettings settings, const Watch& watch) {
   Report(watch, "Writing file: " + name);
   Report(watch, "Writing file: " + name +
                     (settings.SaveRel ? " to the relative folder..." : " to the application folder..."));
-  const ReportServices services{files, engine_.services.clock, engine_.thousands_separator};
+  const ReportServices services{files, engine_.services.clock, engine_.thousands_separator, true};
   if (GenerateReport(services, temporary, paths, settings, watch.progress).exists) {
     engine_.services.shell.Open(temporary);
     OfferToKeep(settings, temporary, paths);
@@ -136,7 +146,7 @@ void ReportWizard::KeepAs(const std::string& name, const std::string& temporary)
     return;
   }
   if (!engine_.playlist_files.CheckExists(name)) {
-    if (CopyFileSafe(files, temporary, name))
+    if (WriteCopy(files, temporary, name))
       view.lblReport = "File copied to: " + name;
     else
       Tell("Could not save the file!", MessageIcon::kExclamation);

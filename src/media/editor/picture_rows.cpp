@@ -74,23 +74,24 @@ void PictureRows::ID3v2ImageRemove_Click() {
 void PictureRows::ID3v2ImageSave_Click() {
   if (!Shown()) return;
   const auto path = engine_.services.dialogs.ShowSave({"", kBitmapFiles, "bmp"});
-  if (path && !engine_.playlist_files.CheckExists(*path)) ResumeNext([&] { SaveShown(*path); });
+  if (path && !engine_.playlist_files.CheckExists(*path))
+    ResumeNext([&] { SaveShown(engine_.services.files, *path); });
 }
 
 void PictureRows::ID3v2ImageOpen_Click() {
   if (!Shown()) return;
   ResumeNext([&] {
-    SaveShown(ScratchFile());
+    SaveShown(engine_.services.files.OwnFiles(), ScratchFile());
     engine_.services.shell.Open(ScratchFile());
   });
 }
 
-void PictureRows::SaveShown(const std::string& path) {
+void PictureRows::SaveShown(const FileSystem& files, const std::string& path) {
   std::optional<Bytes> bitmap;
   const auto shown = Shown();
   background_.Do([&] { bitmap = codec_.AsBitmap(shown->data, Bytes().max_size()); });
   if (!bitmap) throw Failure("not a picture");
-  const auto file = engine_.services.files.BeginReplacement(path);
+  const auto file = files.BeginReplacement(path);
   file->Write(*bitmap);
   file->Commit();
 }

@@ -52,7 +52,7 @@ class PictureRows {
   TagPicture Written(const Row& row);
   void AddRow(const std::string& path, const std::string& description);
   // Writes the shown picture as a bitmap. Throws Failure.
-  void SaveShown(const std::string& path);
+  void SaveShown(const FileSystem& files, const std::string& path);
   std::string ScratchFile() const { return engine_.program_folder + "\\tmp.bmp"; }
 
   Engine& engine_;

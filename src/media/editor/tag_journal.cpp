@@ -67,7 +67,7 @@ void TagRunRecord::End() {
   // A change may have been made and failed only afterwards.
   file_.reset();
   ResumeNext([&] {
-    if (ChangedNothing(files_, RunReader(files_.OpenForReading(path_)))) files_.DeleteFile(path_);
+    if (ChangedNothing(files_, RunReader(files_.OwnFiles().OpenForReading(path_)))) files_.DeleteFile(path_);
   });
 }
 
@@ -76,7 +76,7 @@ std::vector<TagRunFacts> TagRuns(const FileSystem& files) {
   ResumeNext([&] {
     for (const RunFile& run : RunFiles(files, RunFolder(files, kTagRuns))) {
       ResumeNext([&] {
-        const RunReader reader(files.OpenForReading(run.path));
+        const RunReader reader(files.OwnFiles().OpenForReading(run.path));
         facts.insert(facts.begin(), {run.number, reader.Head().time, static_cast<int>(reader.Changed()),
                                      reader.Head().origin, run.undone});
       });
@@ -93,7 +93,7 @@ std::optional<int> NewestTagRun(const FileSystem& files, const std::string& orig
     if (run->undone) continue;
     bool wanted = false;
     ResumeNext([&] {
-      const RunHead head = ReadRunHead(kTagRuns, *files.OpenForReading(run->path));
+      const RunHead head = ReadRunHead(kTagRuns, *files.OwnFiles().OpenForReading(run->path));
       wanted = origin.empty() || head.origin == origin;
     });
     if (wanted) return run->number;

@@ -87,7 +87,7 @@ TagUndo UndoTagRun(const FileSystem& files, int number) {
   const std::unique_ptr<HeldFile> lock = HoldRun(files, run.path);
   Undo undo(files);
   {
-    const RunReader reader(files.OpenForReading(run.path));
+    const RunReader reader(files.OwnFiles().OpenForReading(run.path));
     const auto batch = files.BeginBatch();
     for (std::size_t i = reader.Count(); i-- > 0;) {
       const Outcome read = Attempt([&] { undo.Take(reader.At(i)); });

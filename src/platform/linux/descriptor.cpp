@@ -69,6 +69,13 @@ void FlushToDisk(const Descriptor& file) {
   if (Uninterrupted([&] { return fsync(file.Get()); }) != 0) FailWithErrno("flush", "open file");
 }
 
+bool StandsAt(int folder, const std::string& name, const Descriptor& file) {
+  struct stat named {};
+  struct stat open {};
+  return fstatat(folder, name.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 && fstat(file.Get(), &open) == 0 &&
+         S_ISREG(open.st_mode) && named.st_dev == open.st_dev && named.st_ino == open.st_ino;
+}
+
 std::string TemporaryName() {
   std::uint64_t number = 0;
   if (getrandom(&number, sizeof number, 0) != sizeof number) FailWithErrno("make", "temporary name");

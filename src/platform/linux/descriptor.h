@@ -55,6 +55,9 @@ void StartFlush(const Descriptor& file);
 // Waits until the bytes are on the disk. Throws Failure.
 void FlushToDisk(const Descriptor& file);
 
+// Whether an open file is the regular one that stands at a name in a folder (AT_FDCWD: at a path), no link of it.
+bool StandsAt(int folder, const std::string& name, const Descriptor& file);
+
 // A name that no other file has: ".qublet-" and a random number.
 std::string TemporaryName();
 

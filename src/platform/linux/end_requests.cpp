@@ -7,10 +7,12 @@
 #include <atomic>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <thread>
 #include <utility>
 
 #include "platform/linux/descriptor.h"
+#include "platform/linux/unfinished_files.h"
 
 namespace qublet {
 namespace {
@@ -20,11 +22,19 @@ constexpr std::array kSignals{SIGTERM, SIGHUP, SIGINT};
 // Where the handler writes; a handler is given nothing and finds only what is static.
 std::atomic<int> told_through = -1;
 
-void Tell(int /*signal*/) {
+void Tell(int signal) {
   const int error = errno;
+  const auto number = static_cast<char>(signal);
   // A full pipe tells enough already.
-  [[maybe_unused]] const ssize_t count = write(told_through, "", 1);
+  [[maybe_unused]] const ssize_t count = write(told_through, &number, 1);
   errno = error;
+}
+
+// As if nobody had heard the signal.
+void DieOf(int signal) {
+  DeleteUnfinished();
+  std::signal(signal, SIG_DFL);
+  kill(getpid(), signal);
 }
 
 struct Pipe {
@@ -43,7 +53,7 @@ struct Pipe {
 }  // namespace
 
 struct EndRequests::System {
-  explicit System(std::function<void()> asked) : waiter([this, told = std::move(asked)] { Wait(told); }) {
+  explicit System(std::function<void(int)> asked) : waiter([this, told = std::move(asked)] { Wait(told); }) {
     told_through = pipe.in.Get();
     struct sigaction tell {};
     tell.sa_handler = Tell;
@@ -61,9 +71,9 @@ struct EndRequests::System {
     waiter.join();
   }
 
-  void Wait(const std::function<void()>& asked) const {
-    char byte = 0;
-    while (Uninterrupted([&] { return read(pipe.out.Get(), &byte, 1); }) == 1) asked();
+  void Wait(const std::function<void(int)>& asked) const {
+    char signal = 0;
+    while (Uninterrupted([&] { return read(pipe.out.Get(), &signal, 1); }) == 1) asked(signal);
   }
 
   Pipe pipe;
@@ -71,7 +81,18 @@ struct EndRequests::System {
   std::thread waiter;
 };
 
-EndRequests::EndRequests(std::function<void()> asked) : system_(std::make_unique<System>(std::move(asked))) {}
+EndRequests::EndRequests(std::function<void()> asked)
+    : system_(std::make_unique<System>([told = std::move(asked)](int /*signal*/) { told(); })) {}
 EndRequests::~EndRequests() = default;
+
+TidyEnd::TidyEnd() {
+  ResumeNext([&] { system_ = std::make_unique<EndRequests::System>(DieOf); });
+}
+TidyEnd::~TidyEnd() = default;
+
+void EndAtOnce(int code) {
+  DeleteUnfinished();
+  std::_Exit(code);
+}
 
 }  // namespace qublet

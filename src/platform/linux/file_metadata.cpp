@@ -3,6 +3,7 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#include <string_view>
 #include <vector>
 
 namespace qublet {
@@ -27,6 +28,12 @@ std::vector<char> AttributeNames(const Descriptor& model) {
   return names;
 }
 
+// What the system itself believes of a file ("security.capability", "trusted.overlay.opaque"). It was given to those
+// bytes, not to others.
+bool GivesPower(std::string_view name) {
+  return name.starts_with("security.") || name.starts_with("trusted.");
+}
+
 void CopyAttribute(const Descriptor& model, const Descriptor& file, const char* name) {
   const ssize_t size = fgetxattr(model.Get(), name, nullptr, 0);
   std::vector<char> value(size > 0 ? static_cast<std::size_t>(size) : 0);
@@ -42,10 +49,9 @@ void CopyOwner(const struct stat& model, const Descriptor& file, mode_t& mode) {
   if (own.st_uid == model.st_uid && own.st_gid == model.st_gid) return;
   if (fchown(file.Get(), model.st_uid, model.st_gid) == 0) return;
   if (errno != EPERM && errno != EINVAL && errno != ENOSYS) FailWithErrno("copy owner", "open file");
-  mode &= ~static_cast<mode_t>(S_ISUID);
   if (fchown(file.Get(), static_cast<uid_t>(-1), model.st_gid) == 0) return;
   const mode_t others = mode & S_IRWXO;
-  mode = (mode & ~static_cast<mode_t>(S_IRWXG | S_ISGID)) | (mode & (others << 3));
+  mode = (mode & ~static_cast<mode_t>(S_IRWXG)) | (mode & (others << 3));
 }
 
 void CopyExtendedAttributes(const Descriptor& model, const Descriptor& file) {
@@ -53,12 +59,13 @@ void CopyExtendedAttributes(const Descriptor& model, const Descriptor& file) {
   if (fgetxattr(model.Get(), kAccessList, nullptr, 0) < 0) fremovexattr(file.Get(), kAccessList);
   const std::vector<char> names = AttributeNames(model);
   for (std::size_t i = 0; i < names.size(); i += std::char_traits<char>::length(&names[i]) + 1) {
-    CopyAttribute(model, file, &names[i]);
+    if (!GivesPower(&names[i])) CopyAttribute(model, file, &names[i]);
   }
 }
 
 void CopyMode(mode_t mode, const Descriptor& file) {
-  if (fchmod(file.Get(), mode & 07777) != 0 && errno != EPERM && errno != ENOTSUP) {
+  if (fchmod(file.Get(), mode & ~static_cast<mode_t>(S_IFMT | S_ISUID | S_ISGID)) != 0 && errno != EPERM &&
+      errno != ENOTSUP) {
     FailWithErrno("copy mode", "open file");
   }
 }

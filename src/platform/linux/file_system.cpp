@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "platform/drive_form.h"
+#include "platform/forwarding_file_system.h"
 #include "platform/linux/absent_places.h"
 #include "platform/linux/attributes.h"
 #include "platform/linux/descriptor.h"
@@ -14,6 +15,7 @@
 #include "platform/linux/file_system_kind.h"
 #include "platform/linux/folder_flushes.h"
 #include "platform/linux/folder_reading.h"
+#include "platform/linux/links.h"
 #include "platform/linux/move.h"
 #include "platform/linux/native_text.h"
 #include "platform/linux/open_files.h"
@@ -33,6 +35,10 @@ bool SameFile(const std::string& one, const std::string& other) {
   return stat(one.c_str(), &a) == 0 && stat(other.c_str(), &b) == 0 && a.st_dev == b.st_dev && a.st_ino == b.st_ino;
 }
 
+void MakeFolder(const std::string& native, mode_t mode) {
+  if (mkdir(native.c_str(), mode) != 0) FailWithErrno("make folder", native);
+}
+
 // As the user came here, links kept, if the environment tells.
 std::string NativeCurrentFolder() {
   const char* shown = std::getenv("PWD");
@@ -45,6 +51,22 @@ std::string NativeCurrentFolder() {
   std::free(place);
   return PlainNativePath(folder);
 }
+
+class OwnFileSystem : public ForwardingFileSystem {
+ public:
+  using ForwardingFileSystem::ForwardingFileSystem;
+
+  std::unique_ptr<InputFile> OpenForReading(const std::string& path) const override {
+    return OpenInput(ToNative(path), Whose::kOwn);
+  }
+  std::unique_ptr<FileReplacement> BeginReplacement(const std::string& path) const override {
+    return std::make_unique<Replacement>(ToNative(path), Replacement::Role::kOwnFile);
+  }
+  std::unique_ptr<InPlaceFile> OpenInPlace(const std::string& path) const override {
+    return OpenForChange(ToNative(path), Whose::kOwn);
+  }
+  void CreateFolder(const std::string& path) const override { MakeFolder(ToNative(path), 0700); }
+};
 
 class LinuxFileSystem : public FileSystem {
  public:
@@ -86,7 +108,9 @@ class LinuxFileSystem : public FileSystem {
   void Rename(const std::string& from, const std::string& to) const override { Move(ToNative(from), ToNative(to)); }
   void DeleteFile(const std::string& path) const override;
   void CopyFile(const std::string& source, const std::string& target) const override;
-  void CreateFolder(const std::string& path) const override;
+  void CreateFolder(const std::string& path) const override { MakeFolder(ToNative(path), 0777); }
+
+  const FileSystem& OwnFiles() const override { return own_files_; }
 
   std::string CurrentFolder() const override { return current_; }
   void SetCurrentFolder(const std::string& folder) override;
@@ -104,6 +128,7 @@ class LinuxFileSystem : public FileSystem {
   mutable FolderFlushes flushes_;  // of new versions
   std::string current_;            // as it was named, drive form
   std::string current_native_;     // the same place, absolute
+  OwnFileSystem own_files_{*this};
 };
 
 std::optional<struct stat> LinuxFileSystem::FindStatus(const std::string& path) const {
@@ -170,6 +195,7 @@ std::optional<std::string> LinuxFileSystem::LinkedFile(const std::string& path) 
     struct stat status {};
     const std::string native = ToNative(path);
     if (lstat(native.c_str(), &status) != 0 || !S_ISLNK(status.st_mode)) return;
+    PlaceOf(native, Whose::kAnybodys);
     const std::unique_ptr<char, void (*)(void*)> real(realpath(native.c_str(), nullptr), std::free);
     if (real) linked = FromNative(real.get());
   });
@@ -186,11 +212,6 @@ void LinuxFileSystem::CopyFile(const std::string& source, const std::string& tar
   Replacement copy(ToNative(target), Replacement::Role::kCopy, input.get());
   copy.CopyFrom(*input, 0, input->Size());
   copy.Commit();
-}
-
-void LinuxFileSystem::CreateFolder(const std::string& path) const {
-  const std::string native = ToNative(path);
-  if (mkdir(native.c_str(), 0777) != 0) FailWithErrno("make folder", native);
 }
 
 void LinuxFileSystem::SetCurrentFolder(const std::string& folder) {

@@ -26,6 +26,8 @@ constexpr std::uint32_t kOfThisMachine[] = {
     // memory and containers
     TMPFS_MAGIC, RAMFS_MAGIC, OVERLAYFS_SUPER_MAGIC};
 
+constexpr std::uint32_t kSharingOrPacking[] = {XFS_SUPER_MAGIC, BTRFS_SUPER_MAGIC, F2FS_SUPER_MAGIC, kZfs, kBcachefs};
+
 bool IsOneOf(int file, std::span<const std::uint32_t> kinds) {
   struct statfs status {};
   // The type's width and sign differ from one processor to the next.
@@ -41,6 +43,10 @@ bool ShowsTheKernel(int file) {
 
 bool LocksHoldForAll(int file) {
   return IsOneOf(file, kOfThisMachine);
+}
+
+bool MayTakeLessRoom(int file) {
+  return IsOneOf(file, kSharingOrPacking);
 }
 
 }  // namespace qublet

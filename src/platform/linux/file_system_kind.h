@@ -12,4 +12,7 @@ bool ShowsTheKernel(int file);
 // machine. On other kinds, those of a network above all, a lock may be unknown to another machine; they give false.
 bool LocksHoldForAll(int file);
 
+// True where a copy may take less room than its bytes: they are shared with the original, or packed.
+bool MayTakeLessRoom(int file);
+
 }  // namespace qublet

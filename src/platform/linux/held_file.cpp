@@ -7,18 +7,12 @@
 
 #include <utility>
 
-#include "platform/linux/descriptor.h"
+#include "platform/linux/links.h"
 
 namespace qublet {
 namespace {
 
 constexpr int kMostTries = 10;
-
-bool StandsAt(const std::string& native, const Descriptor& file) {
-  struct stat named {};
-  const struct stat open = StatusOf(file);
-  return lstat(native.c_str(), &named) == 0 && named.st_dev == open.st_dev && named.st_ino == open.st_ino;
-}
 
 class LockedFile : public HeldFile {
  public:
@@ -36,12 +30,13 @@ std::unique_ptr<HeldFile> HoldFile(const FileSystem& files, const std::string& p
   const std::string native = files.ToNative(path);
   for (int tries = 0; tries < kMostTries; ++tries) {
     Descriptor file = OpenAt(AT_FDCWD, native, O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK, 0600);
+    if (!IsThisUsers(StatusOf(file))) throw Failure("belongs to another user", native);
     if (Uninterrupted([&] { return flock(file.Get(), LOCK_EX | LOCK_NB); }) != 0) {
       if (errno == EWOULDBLOCK) return nullptr;
       FailWithErrno("lock", native);
     }
     // One that its holder deleted in between is held in vain.
-    if (StandsAt(native, file)) return std::make_unique<LockedFile>(native, std::move(file));
+    if (StandsAt(AT_FDCWD, native, file)) return std::make_unique<LockedFile>(native, std::move(file));
   }
   throw Failure("it comes and goes", native);
 }

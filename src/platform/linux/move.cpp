@@ -12,6 +12,7 @@
 #include "platform/linux/open_files.h"
 #include "platform/linux/rename.h"
 #include "platform/linux/replacement.h"
+#include "platform/linux/unfinished_files.h"
 
 namespace qublet {
 namespace {
@@ -35,6 +36,7 @@ bool IsChangeOfCase(const std::string& from, const std::string& to) {
 
 // The name between keeps systems from taking both names for the same and doing nothing.
 int ChangeCase(const std::string& from, const std::string& to) {
+  const WholeStep step = BeginWholeStep();
   const std::string between = to.substr(0, to.rfind('/') + 1) + TemporaryName();
   if (const int error = RenameWithoutReplacing(AT_FDCWD, from, between)) return error;
   const int error = RenameWithoutReplacing(AT_FDCWD, between, to);

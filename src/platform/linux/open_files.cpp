@@ -6,9 +6,21 @@
 namespace qublet {
 namespace {
 
+Descriptor OpenWhereItLeads(const std::string& native, int flags, Whose whose) {
+  const HeldPlace place = PlaceOf(native, whose);
+  Descriptor file = OpenAt(place.folder.Get(), place.name, flags);
+  if (whose == Whose::kOwn && !IsThisUsers(StatusOf(file))) throw Failure("belongs to another user", native);
+  return file;
+}
+
 // O_NONBLOCK, because opening a pipe or a device could wait for ever before it can be seen what it is.
-Descriptor OpenRegular(const std::string& native, int access) {
-  return OpenAt(AT_FDCWD, native, access | O_NONBLOCK | O_NOCTTY);
+Descriptor OpenRegular(const std::string& native, int access, Whose whose) {
+  const int flags = access | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW;
+  if (whose == Whose::kOwn) return OpenWhereItLeads(native, flags, whose);
+  Descriptor file(Uninterrupted([&] { return open(native.c_str(), flags | O_CLOEXEC); }));
+  if (!file.IsOpen() && errno == ELOOP) return OpenWhereItLeads(native, flags, whose);
+  if (!file.IsOpen()) FailWithErrno("open", native);
+  return file;
 }
 
 class DescriptorInPlace : public InPlaceFile {
@@ -40,12 +52,12 @@ std::size_t DescriptorInput::ReadAt(std::int64_t offset, std::span<std::uint8_t>
   return ReadFully(file_, offset, buffer);
 }
 
-std::unique_ptr<DescriptorInput> OpenInput(const std::string& native) {
-  return std::make_unique<DescriptorInput>(OpenRegular(native, O_RDONLY));
+std::unique_ptr<DescriptorInput> OpenInput(const std::string& native, Whose whose) {
+  return std::make_unique<DescriptorInput>(OpenRegular(native, O_RDONLY, whose));
 }
 
-std::unique_ptr<InPlaceFile> OpenForChange(const std::string& native) {
-  Descriptor file = OpenRegular(native, O_WRONLY);
+std::unique_ptr<InPlaceFile> OpenForChange(const std::string& native, Whose whose) {
+  Descriptor file = OpenRegular(native, O_WRONLY, whose);
   const struct stat status = StatusOf(file);
   if (!S_ISREG(status.st_mode)) throw Failure("only a regular file can be changed", native);
   if ((status.st_mode & S_IWUSR) == 0) throw Failure("read-only", native);

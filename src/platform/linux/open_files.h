@@ -5,6 +5,7 @@
 
 #include "platform/file_system.h"
 #include "platform/linux/descriptor.h"
+#include "platform/linux/links.h"
 
 namespace qublet {
 
@@ -22,9 +23,9 @@ class DescriptorInput : public InputFile {
 };
 
 // Opens a regular file for reading; anything else is refused without waiting for it. Throws Failure.
-std::unique_ptr<DescriptorInput> OpenInput(const std::string& native);
+std::unique_ptr<DescriptorInput> OpenInput(const std::string& native, Whose whose = Whose::kAnybodys);
 // Opens a regular file for a change in place. Throws Failure, also when it is read-only.
-std::unique_ptr<InPlaceFile> OpenForChange(const std::string& native);
+std::unique_ptr<InPlaceFile> OpenForChange(const std::string& native, Whose whose = Whose::kAnybodys);
 // Makes a file of mode 0600 whose name stands on the disk. Throws Failure, also when there is one.
 std::unique_ptr<InPlaceFile> MakePrivate(const std::string& native);
 

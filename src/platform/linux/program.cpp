@@ -1,5 +1,6 @@
 #include "platform/program.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -7,6 +8,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/linux/links.h"
 #include "platform/linux/user_folders.h"
 #include "platform/terminal_buffer.h"
 
@@ -56,10 +58,14 @@ std::string InstalledDataFolder(const std::string& beside) {
   return beside.substr(0, beside.rfind('\\')) + "\\share\\qublet";
 }
 
+bool OthersCanWriteIn(const FileSystem& files, const std::string& folder) {
+  return OthersMayWrite(StatusOf(OpenAt(AT_FDCWD, files.ToNative(folder), O_PATH | O_DIRECTORY)));
+}
+
 std::string OwnFolderOfUser(const FileSystem& files) {
   const std::string data = DataFolder();
   if (data.empty()) throw Failure("this user has no home folder");
-  MakeFolders(data + "/velmora");
+  MakeOwnFolder(data + "/velmora");
   return files.FromNative(data + "/velmora");
 }
 

@@ -6,59 +6,45 @@
 
 #include "platform/file_content.h"
 #include "platform/linux/file_metadata.h"
+#include "platform/linux/holes.h"
+#include "platform/linux/links.h"
 #include "platform/linux/rename.h"
 #include "platform/linux/temporary_file.h"
+#include "platform/linux/unfinished_files.h"
 
 namespace qublet {
 namespace {
 
 constexpr std::size_t kSetOutTogether = 1024 * 1024;  // bytes on their way to the disk while more is written
-constexpr int kMostLinks = 40;
-
-struct Place {
-  std::string folder;  // with its trailing "/", or "" for the current folder
-  std::string name;
-};
-
-Place SplitPlace(const std::string& native) {
-  const std::size_t cut = native.rfind('/') + 1;
-  return {native.substr(0, cut), native.substr(cut)};
-}
-
-// Where a path really leads, the last name's links followed; the file itself may be missing.
-Place FollowLinks(std::string native) {
-  for (int i = 0; i < kMostLinks; ++i) {
-    Place place = SplitPlace(native);
-    char target[4096];
-    const ssize_t length = readlink(native.c_str(), target, sizeof target);
-    if (length < 0) return place;
-    const std::string link(target, static_cast<std::size_t>(length));
-    native = link.starts_with('/') ? link : place.folder + link;
-  }
-  throw Failure("too many links", native);
+HeldPlace PlaceFor(const std::string& native, Replacement::Role role) {
+  using Role = Replacement::Role;
+  if (role == Role::kMoved) return PlaceAsNamed(native);
+  return PlaceOf(native, role == Role::kOwnFile ? Whose::kOwn : Whose::kAnybodys);
 }
 
 // Flushing a folder needs it readable; one that is not still serves to make files in.
-Descriptor OpenFolder(const std::string& folder) {
-  const std::string native = folder.empty() ? "." : folder;
-  Descriptor readable(open(native.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  return readable.IsOpen() ? std::move(readable) : OpenAt(AT_FDCWD, native, O_PATH | O_DIRECTORY);
+Descriptor ReadableIfPossible(Descriptor folder) {
+  Descriptor readable(openat(folder.Get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  return readable.IsOpen() ? std::move(readable) : std::move(folder);
 }
 
 }  // namespace
 
 Replacement::Replacement(const std::string& native, Role role, DescriptorInput* source, FolderFlushes* batches)
     : role_(role), source_(source), batches_(batches) {
-  const Place place = role == Role::kMoved ? SplitPlace(native) : FollowLinks(native);
+  HeldPlace place = PlaceFor(native, role);
   if (place.name.empty()) throw Failure("a folder can't be replaced", native);
   name_ = place.name;
-  folder_ = OpenFolder(place.folder);
+  folder_ = ReadableIfPossible(std::move(place.folder));
   FindPresent(native);
   OpenTemporary();
 }
 
 Replacement::~Replacement() {
-  if (!temporary_.empty()) unlinkat(folder_.Get(), temporary_.c_str(), 0);
+  if (temporary_.empty()) return;
+  const WholeStep step = BeginWholeStep();
+  unlinkat(folder_.Get(), temporary_.c_str(), 0);
+  ForgetUnfinished(folder_.Get(), temporary_);
 }
 
 void Replacement::FindPresent(const std::string& native) {
@@ -66,6 +52,7 @@ void Replacement::FindPresent(const std::string& native) {
   if (fstatat(folder_.Get(), name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return;
   if (role_ == Role::kMoved) throw Failure("there is a file of this name already", native);
   if (!S_ISREG(status.st_mode)) throw Failure("only a regular file can be replaced", native);
+  if (role_ == Role::kOwnFile && !IsThisUsers(status)) throw Failure("belongs to another user", native);
   if (RefusesWriting(folder_.Get(), name_, status)) throw Failure("read-only", native);
   present_ = status;
   present_file_ = Descriptor(openat(folder_.Get(), name_.c_str(), O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC));
@@ -73,11 +60,13 @@ void Replacement::FindPresent(const std::string& native) {
 
 void Replacement::OpenTemporary() {
   // What replaces a private file must never be readable to others, not even for a moment.
-  const mode_t mode = present_ || source_ != nullptr ? 0600 : 0666;
+  const mode_t mode = present_ || source_ != nullptr || role_ == Role::kOwnFile ? 0600 : 0666;
   const bool no_entry = faccessat(folder_.Get(), ".", W_OK | X_OK, AT_EACCESS) != 0;
   if (no_entry && (errno == EACCES || errno == EROFS))
     throw FolderRefusesWriting("no file can be made beside " + name_);
+  const WholeStep step = BeginWholeStep();
   TemporaryFile made = MakeTemporaryFile(folder_, name_, mode);
+  NoteUnfinished(folder_.Get(), made.name);
   file_ = std::move(made.file);
   temporary_ = std::move(made.name);
 }
@@ -91,12 +80,29 @@ void Replacement::WriteOut(std::span<const std::uint8_t> bytes) {
 }
 
 void Replacement::CopyFrom(InputFile& source, std::int64_t offset, std::int64_t length) {
-  if (const auto* input = dynamic_cast<DescriptorInput*>(&source)) {
-    const std::int64_t copied = CopyInKernel(input->File(), offset, length);
-    offset += copied;
-    length -= copied;
+  auto* const input = dynamic_cast<DescriptorInput*>(&source);
+  if (input == nullptr || length < static_cast<std::int64_t>(kBufferSize))
+    return AppendContent(source, offset, length, *this);
+  ExpectRoom(input->File(), length, file_);
+  for (const std::int64_t end = offset + length; offset < end;) {
+    const std::int64_t data = NextData(input->File(), offset, end);
+    const std::int64_t hole = data < end ? NextHole(input->File(), data, end) : end;
+    LeaveHole(data - offset);
+    CopyData(*input, data, hole - data);
+    offset = hole;
   }
-  AppendContent(source, offset, length, *this);
+}
+
+void Replacement::CopyData(DescriptorInput& source, std::int64_t offset, std::int64_t length) {
+  const std::int64_t copied = CopyInKernel(source.File(), offset, length);
+  AppendContent(source, offset + copied, length - copied, *this);
+}
+
+void Replacement::LeaveHole(std::int64_t length) {
+  if (length == 0) return;
+  FlushBuffer();
+  const off_t end = lseek(file_.Get(), length, SEEK_CUR);
+  if (end < 0 || ftruncate(file_.Get(), end) != 0) FailWithErrno("copy", name_);
 }
 
 // Gives how much was copied; what is left has to be read and written.
@@ -135,7 +141,20 @@ void Replacement::CopyAttributes() {
   if (present_) CopyOwner(*present_, file_, mode);
   CopyMode(mode, file_);
   if (model_file.IsOpen()) CopyExtendedAttributes(model_file, file_);
+  // An access list lets nobody in any more then.
+  if (role_ == Role::kOwnFile) CopyMode(0600, file_);
   if (has_source) CopyTimes(model, file_);
+}
+
+void Replacement::TakePlace() {
+  const WholeStep step = BeginWholeStep();
+  if (role_ == Role::kMoved) {
+    RenameInFolder(folder_.Get(), temporary_, name_);
+  } else if (renameat(folder_.Get(), temporary_.c_str(), folder_.Get(), name_.c_str()) != 0) {
+    FailWithErrno("replace", name_);
+  }
+  ForgetUnfinished(folder_.Get(), temporary_);
+  temporary_.clear();
 }
 
 void Replacement::Commit() {
@@ -143,12 +162,7 @@ void Replacement::Commit() {
   FlushBuffer();
   CopyAttributes();
   FlushToDisk(file_);
-  if (role_ == Role::kMoved) {
-    RenameInFolder(folder_.Get(), temporary_, name_);
-  } else if (renameat(folder_.Get(), temporary_.c_str(), folder_.Get(), name_.c_str()) != 0) {
-    FailWithErrno("replace", name_);
-  }
-  temporary_.clear();
+  TakePlace();
   file_ = Descriptor();
   FolderFlushes at_once;
   (batches_ != nullptr ? *batches_ : at_once).Flush(std::move(folder_));

@@ -18,6 +18,7 @@ class Replacement : public BufferedReplacement {
   // What is written and whose mode, extended attributes and times it takes.
   enum class Role {
     kNewVersion,  // the present file's
+    kOwnFile,     // that of one of the program's own files: this user's alone
     kCopy,        // the source's; the owner stays that of the present file
     kMoved,       // the source's, the owner too; a present file is a failure
   };
@@ -36,8 +37,11 @@ class Replacement : public BufferedReplacement {
   void FindPresent(const std::string& native);
   void OpenTemporary();
   void WriteOut(std::span<const std::uint8_t> bytes) override;
+  void CopyData(DescriptorInput& source, std::int64_t offset, std::int64_t length);
+  void LeaveHole(std::int64_t length);
   std::int64_t CopyInKernel(const Descriptor& source, std::int64_t offset, std::int64_t length);
   void CopyAttributes();
+  void TakePlace();
 
   Role role_;
   DescriptorInput* source_;

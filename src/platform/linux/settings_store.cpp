@@ -2,15 +2,19 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
 #include <map>
+#include <optional>
 #include <thread>
 #include <utility>
 
 #include "platform/failure.h"
 #include "platform/linux/open_files.h"
+#include "platform/linux/replacement.h"
 #include "platform/linux/settings_text.h"
 #include "platform/linux/small_files.h"
 #include "platform/linux/user_folders.h"
@@ -19,24 +23,59 @@ namespace qublet {
 namespace {
 
 constexpr std::int64_t kMostBytes = 4'000'000;
-constexpr auto kLockPatience = std::chrono::seconds(3);
+constexpr auto kLockPatience = std::chrono::milliseconds(3000);
+
+constexpr auto kNoPatience = std::chrono::milliseconds(0);
+constexpr auto kLaterPatience = std::chrono::milliseconds(100);
+
+// A file that nobody else can open, so that nobody else can hold it. Nothing when another one stands there.
+std::optional<Descriptor> OpenOwnLock(const std::string& native) {
+  constexpr int kFlags = O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+  Descriptor file(Uninterrupted([&] { return open(native.c_str(), kFlags, 0600); }));
+  if (!file.IsOpen() && errno != EACCES && errno != ELOOP) FailWithErrno("open", native);
+  if (!file.IsOpen()) return std::nullopt;
+  const struct stat status = StatusOf(file);
+  if (!S_ISREG(status.st_mode) || !IsThisUsers(status)) return std::nullopt;
+  if ((status.st_mode & 07777) != 0600) fchmod(file.Get(), 0600);
+  return file;
+}
+
+// The folder is this user's, so what another one has put there may go.
+Descriptor OpenLock(const std::string& native) {
+  std::optional<Descriptor> file = OpenOwnLock(native);
+  if (!file && unlink(native.c_str()) != 0) FailWithErrno("replace", native);
+  if (!file) file = OpenOwnLock(native);
+  if (!file) throw Failure("belongs to another user", native);
+  return std::move(*file);
+}
 
 // Held while one process reads, changes and replaces a file. It ends with the process, however that ends.
 class FileLock {
  public:
-  // Throws Failure when another process keeps the lock for longer than `patience`.
-  FileLock(const std::string& native, std::chrono::seconds patience)
-      : file_(OpenAt(AT_FDCWD, native, O_RDWR | O_CREAT, 0666)) {
-    const auto end = std::chrono::steady_clock::now() + patience;
+  using Time = std::chrono::steady_clock::time_point;
+
+  // Throws Failure when another process keeps the lock until `end`.
+  FileLock(const std::string& native, Time end) {
+    bool taken = false;
+    do {
+      file_ = OpenLock(native);
+      taken = Take(native, end);
+      // One that has been replaced meanwhile keeps nobody out.
+    } while (taken && !StandsAt(AT_FDCWD, native, file_));
+  }
+
+ private:
+  // False on a file system without locks: better than no settings.
+  bool Take(const std::string& native, Time end) const {
     while (flock(file_.Get(), LOCK_EX | LOCK_NB) != 0) {
-      if (errno == ENOLCK || errno == EOPNOTSUPP) return;  // a file system without locks: better than no settings
+      if (errno == ENOLCK || errno == EOPNOTSUPP) return false;
       if (errno != EWOULDBLOCK && errno != EINTR) FailWithErrno("lock", native);
       if (std::chrono::steady_clock::now() > end) throw Failure("locked by another process", native);
       std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
+    return true;
   }
 
- private:
   Descriptor file_;
 };
 
@@ -69,7 +108,7 @@ Snapshot ReadSnapshot(const std::string& native) {
   struct stat status {};
   if (stat(native.c_str(), &status) != 0 && errno == ENOENT) return {{}, true, SettingsText()};
 
-  const std::unique_ptr<DescriptorInput> input = OpenInput(native);
+  const std::unique_ptr<DescriptorInput> input = OpenInput(native, Whose::kOwn);
   const Stamp stamp = StampOf(StatusOf(input->File()));
   SettingsText text(ContentOf(*input, kMostBytes));
 
@@ -115,19 +154,34 @@ class FileSettingsStore : public SettingsStore {
 
   void SaveSettings(const std::string& application, const std::vector<Setting>& settings) override {
     const std::string native = PathOf(application);
-    MakeFolders(folder_);
-    // Who holds it for longer than any save takes hangs: it is waited for once, and then asked for only.
-    const auto patience = std::exchange(lock_patience_, std::chrono::seconds(0));
-    const FileLock lock(native + ".lock", patience);
-    lock_patience_ = kLockPatience;
+    const FileLock lock = Lock(native);
     SettingsText text = ReadSnapshot(native).text;
     const std::string before = text.Text();
     for (const Setting& setting : settings) text.Set(setting);
     if (static_cast<std::int64_t>(text.Text().size()) > kMostBytes) throw Failure("too large for settings");
-    if (text.Text() != before) WriteWholeFile(native, text.Text());
+    if (text.Text() != before) WriteWholeOwnFile(native, text.Text());
+  }
+
+  Outcome CanKeep(const std::string& application) override {
+    return Attempt([&] {
+      const std::string native = PathOf(application);
+      const FileLock lock = Lock(native);
+      ReadSnapshot(native);
+      const Replacement tried(native, Replacement::Role::kOwnFile);
+    });
   }
 
  private:
+  // Who holds it for longer than any save takes hangs. It is waited for once; after that it is only asked for, and
+  // once it has been free no save waits that long again.
+  FileLock Lock(const std::string& native) {
+    MakeOwnFolder(folder_);
+    const auto patience = std::exchange(patience_, kNoPatience);
+    FileLock lock(native + ".lock", std::chrono::steady_clock::now() + patience);
+    patience_ = patience == kNoPatience ? kLaterPatience : patience;
+    return lock;
+  }
+
   std::string PathOf(const std::string& application) const {
     if (folder_.empty()) throw Failure("this user has no home folder");
     return folder_ + '/' + FileNameOf(application);
@@ -143,7 +197,7 @@ class FileSettingsStore : public SettingsStore {
   }
 
   std::string folder_;
-  std::chrono::seconds lock_patience_ = kLockPatience;  // of the next save
+  std::chrono::milliseconds patience_ = kLockPatience;  // of the next save
   mutable std::map<std::string, Snapshot> snapshots_;
 };
 

@@ -3,6 +3,14 @@
 #include "platform/linux/replacement.h"
 
 namespace qublet {
+namespace {
+
+void Write(Replacement&& replacement, const std::string& content) {
+  replacement.Write({reinterpret_cast<const std::uint8_t*>(content.data()), content.size()});
+  replacement.Commit();
+}
+
+}  // namespace
 
 std::string ContentOf(InputFile& file, std::int64_t most) {
   if (file.Size() > most) throw Failure("too large", std::to_string(file.Size()) + " bytes");
@@ -12,9 +20,11 @@ std::string ContentOf(InputFile& file, std::int64_t most) {
 }
 
 void WriteWholeFile(const std::string& native, const std::string& content) {
-  Replacement replacement(native);
-  replacement.Write({reinterpret_cast<const std::uint8_t*>(content.data()), content.size()});
-  replacement.Commit();
+  Write(Replacement(native), content);
+}
+
+void WriteWholeOwnFile(const std::string& native, const std::string& content) {
+  Write(Replacement(native, Replacement::Role::kOwnFile), content);
 }
 
 }  // namespace qublet

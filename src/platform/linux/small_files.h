@@ -14,5 +14,7 @@ std::string ContentOf(InputFile& file, std::int64_t most);
 
 // By way of a replacement. Throws Failure.
 void WriteWholeFile(const std::string& native, const std::string& content);
+// The same for one of the program's own files.
+void WriteWholeOwnFile(const std::string& native, const std::string& content);
 
 }  // namespace qublet

@@ -26,17 +26,10 @@ LockResult Lock(const Descriptor& file) {
   return errno == EWOULDBLOCK ? LockResult::kHeldByAnother : LockResult::kNotLockable;
 }
 
-bool StandsAt(const Descriptor& folder, const std::string& name, const Descriptor& file) {
-  struct stat named {};
-  struct stat open {};
-  return fstatat(folder.Get(), name.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 && fstat(file.Get(), &open) == 0 &&
-         S_ISREG(open.st_mode) && named.st_dev == open.st_dev && named.st_ino == open.st_ino;
-}
-
 // Whoever holds the lock of the file that stands at a name may delete or rename it, and nobody else. Between opening
 // and locking it may have gone, and another come, so both are asked for together.
 bool Owns(const Descriptor& folder, const std::string& name, const Descriptor& file) {
-  return file.IsOpen() && Lock(file) == LockResult::kLocked && StandsAt(folder, name, file);
+  return file.IsOpen() && Lock(file) == LockResult::kLocked && StandsAt(folder.Get(), name, file);
 }
 
 void DeleteIfLeft(const Descriptor& folder, const std::string& name) {
@@ -61,7 +54,7 @@ TemporaryFile MakeTemporaryFile(const Descriptor& folder, const std::string& tar
     Descriptor file = MakeNew(folder, name, mode);
     if (Owns(folder, name, file)) return {std::move(file), name};
     // One that took ours for left, before it was locked, deletes it. What nobody can lock is ours to delete.
-    if (file.IsOpen() && Lock(file) == LockResult::kNotLockable && StandsAt(folder, name, file))
+    if (file.IsOpen() && Lock(file) == LockResult::kNotLockable && StandsAt(folder.Get(), name, file))
       unlinkat(folder.Get(), name.c_str(), 0);
   }
   const std::string name = TemporaryName();

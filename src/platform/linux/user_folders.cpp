@@ -1,13 +1,13 @@
 #include "platform/linux/user_folders.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
-#include <filesystem>
 #include <sstream>
-#include <system_error>
 
-#include "platform/failure.h"
+#include "platform/linux/links.h"
 
 namespace qublet {
 
@@ -55,18 +55,31 @@ std::string TemporaryFolder() {
   const char* runtime = std::getenv("XDG_RUNTIME_DIR");
   if (runtime != nullptr && *runtime == '/' && access(runtime, W_OK | X_OK) == 0) {
     const std::string folder = std::string(runtime) + "/velmora";
-    if (Guarded([&] { MakeFolders(folder); })) return folder;
+    if (Guarded([&] { MakeOwnFolder(folder); })) return folder;
   }
   const std::string cache = UserFolder("XDG_CACHE_HOME", "/.cache");
   if (cache.empty()) throw Failure("this user has no home folder");
-  MakeFolders(cache + "/velmora");
+  MakeOwnFolder(cache + "/velmora");
   return cache + "/velmora";
 }
 
 void MakeFolders(const std::string& native) {
-  std::error_code error;
-  std::filesystem::create_directories(native, error);
-  if (error) throw Failure(ReasonOf(error), "make \"" + native + "\"");
+  int error = 0;
+  for (std::size_t end = 0; end != native.npos;) {
+    end = native.find('/', end + 1);
+    const bool made = mkdir(native.substr(0, end).c_str(), 0700) == 0;
+    if (!made && error == 0 && errno != EEXIST) error = errno;
+  }
+  // What can't be made may be there all the same.
+  if (Descriptor(open(native.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)).IsOpen()) return;
+  if (error != 0) errno = error;
+  FailWithErrno("make", native);
+}
+
+void MakeOwnFolder(const std::string& native) {
+  MakeFolders(native);
+  const Descriptor folder = OpenAt(AT_FDCWD, native, O_PATH | O_DIRECTORY);
+  if (!IsThisUsers(StatusOf(folder))) throw Failure("belongs to another user", native);
 }
 
 }  // namespace qublet

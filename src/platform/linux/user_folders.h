@@ -22,7 +22,9 @@ std::vector<std::string> DataFolders();
 // which is this user's alone, else below the user's cache. Throws Failure.
 std::string TemporaryFolder();
 
-// Makes a native folder and those above it where they are missing. Throws Failure.
+// Makes a native folder and those above it where they are missing, for this user alone. Throws Failure.
 void MakeFolders(const std::string& native);
+// The same for a folder of the program's own. Throws Failure also for one that belongs to another user.
+void MakeOwnFolder(const std::string& native);
 
 }  // namespace qublet

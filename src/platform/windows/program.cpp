@@ -101,6 +101,10 @@ std::string InstalledDataFolder(const std::string& /*beside*/) {
   return "";
 }
 
+bool OthersCanWriteIn(const FileSystem& /*files*/, const std::string& /*folder*/) {
+  return false;
+}
+
 std::string OwnFolderOfUser(const FileSystem& files) {
   const std::string folder = LocalDataFolder() + "\\Velmora";
   CreateDirectoryW(WideText(folder).c_str(), nullptr);

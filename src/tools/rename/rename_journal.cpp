@@ -27,7 +27,7 @@ std::string WhyNot(const FileSystem& files, const KeptRename& rename) {
 class Undo {
  public:
   Undo(const FileSystem& files, const RunFile& run, const KeptRun& kept) : files_(files), size_(kept.end) {
-    ResumeNext([&] { file_ = files.OpenInPlace(run.path); });
+    ResumeNext([&] { file_ = files.OwnFiles().OpenInPlace(run.path); });
   }
 
   void Take(std::size_t index, const KeptRename& rename) {
@@ -88,7 +88,7 @@ std::vector<RenameRunFacts> RenameRuns(const FileSystem& files) {
   ResumeNext([&] {
     for (const RunFile& run : RunFiles(files, RunFolder(files, kRenameRuns))) {
       ResumeNext([&] {
-        const KeptRun kept = ReadKeptRun(files.OpenForReading(run.path));
+        const KeptRun kept = ReadKeptRun(files.OwnFiles().OpenForReading(run.path));
         const auto renamed = std::ranges::count_if(kept.renames, [&](const KeptRename& rename) {
           return rename.state == KeptState::kRestored || IsDone(files, rename);
         });
@@ -105,7 +105,7 @@ std::optional<int> NewestRenameRun(const FileSystem& files) {
   for (auto run = runs.rbegin(); run != runs.rend(); ++run) {
     bool something = false;
     ResumeNext([&] {
-      const KeptRun kept = ReadKeptRun(files.OpenForReading(run->path));
+      const KeptRun kept = ReadKeptRun(files.OwnFiles().OpenForReading(run->path));
       something = !run->undone &&
                   std::ranges::any_of(kept.renames, [&](const KeptRename& rename) { return IsDone(files, rename); });
     });
@@ -120,7 +120,7 @@ RenameUndo UndoRenameRun(const FileSystem& files, int number) {
   const std::unique_ptr<HeldFile> lock = HoldRun(files, run.path);
   RenameUndo result;
   {
-    const KeptRun kept = ReadKeptRun(files.OpenForReading(run.path));
+    const KeptRun kept = ReadKeptRun(files.OwnFiles().OpenForReading(run.path));
     Undo undo(files, run, kept);
     for (std::size_t i = kept.renames.size(); i-- > 0;) undo.Take(i, kept.renames[i]);
     result = std::move(undo.result);

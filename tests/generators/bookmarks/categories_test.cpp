@@ -6,6 +6,7 @@
 #include <thread>
 #include <vector>
 
+#include "support/own_file.h"
 #include "support/scripted_dialogs.h"
 #include "support/temporary_drives.h"
 
@@ -107,6 +108,14 @@ TEST_F(CategoriesTest, AreCalledSoThatTheirNamesLeadToThem) {
 
 TEST_F(CategoriesTest, AreNoneWhereThereIsNoFolder) {
   EXPECT_EQ(categories_.ListCategories(), Collection{});
+}
+
+TEST_F(CategoriesTest, AreForThisUserAlone) {
+  std::filesystem::create_directory(drives_.C() / "program");
+  EXPECT_TRUE(categories_.ProvideDefault());
+  EXPECT_TRUE(Add("Rock", {"c:\\a.mp3"}));
+  for (const char* name : {"Bookmarks", "Bookmarks/Default.bm", "Bookmarks/Rock.bm"})
+    EXPECT_TRUE(IsForThisUserAlone(drives_.C() / "program" / name)) << name;
 }
 
 TEST_F(CategoriesTest, StandInTheProgramFolder) {

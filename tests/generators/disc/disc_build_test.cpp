@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
+#include "platform/forwarding_file_system.h"
 #include "support/editor_test_base.h"
-#include "support/forwarding_file_system.h"
 
 namespace qublet {
 namespace {

@@ -8,6 +8,7 @@
 #include "generators/disc/disc_icons.h"
 #include "generators/disc/icon_file.h"
 #include "support/editor_test_base.h"
+#include "support/own_file.h"
 
 namespace qublet {
 namespace {
@@ -217,6 +218,7 @@ TEST_F(DiscWizardTest, PreviewsThePageAndLetsItGoWithTheProgram) {
   wizard_.PrevReportSet_Click(watch_);
   EXPECT_EQ(fakes_.shell.opened, Collection{"c:\\discs\\mine\\tmp.htm"});
   EXPECT_EQ(engine_.document.TempFiles, Collection{"c:\\discs\\mine\\tmp.htm"});
+  EXPECT_TRUE(IsForThisUserAlone(drives_.C() / "discs/mine/tmp.htm"));
   EXPECT_NE(drives_.Read("discs/mine/tmp.htm").find("mine - Created: 07:05:01 [03-09-2004]"), std::string::npos);
 }
 

@@ -1,7 +1,7 @@
 #include <atomic>
 
 #include "platform/failure.h"
-#include "support/forwarding_file_system.h"
+#include "platform/forwarding_file_system.h"
 #include "support/report_test_base.h"
 
 namespace qublet {

@@ -5,6 +5,7 @@
 #include <deque>
 
 #include "support/editor_test_base.h"
+#include "support/own_file.h"
 
 namespace qublet {
 namespace {
@@ -102,6 +103,9 @@ TEST_F(ReportWizardTest, KeepsTheReportUnderAnotherName) {
   EXPECT_EQ(fakes_.dialogs.save_requests.back().filter, "HTM Document (*.htm)|*.htm|");
   EXPECT_EQ(fakes_.dialogs.save_requests.back().default_extension, "htm");
   EXPECT_TRUE(IsThere("d:\\kept.htm"));
+  drives_.WriteAt(drives_.D() / "any.htm", "");
+  EXPECT_EQ(std::filesystem::status(drives_.D() / "kept.htm").permissions(),
+            std::filesystem::status(drives_.D() / "any.htm").permissions());
   EXPECT_FALSE(IsThere("c:\\music\\tmp.htm"));
   EXPECT_EQ(wizard_.view.lblReport, kDone);
 }
@@ -124,7 +128,18 @@ TEST_F(ReportWizardTest, LeavesTheFileWhereTheNameIsCancelled) {
   fakes_.dialogs.save_names.emplace_back(std::nullopt);
   Run();
   EXPECT_TRUE(IsThere("c:\\music\\tmp.htm"));
+  EXPECT_TRUE(IsForThisUserAlone(drives_.C() / "music/tmp.htm"));
   EXPECT_EQ(wizard_.view.lblReport, kDone);
+}
+
+TEST_F(ReportWizardTest, ShowsNoFileThatALinkOfOthersLeadsTo) {
+  drives_.Write("home/.profile", "export A=1");
+  std::filesystem::create_symlink("../home/.profile", drives_.C() / "music/tmp.htm");
+  std::filesystem::permissions(drives_.C() / "music", std::filesystem::perms::all);
+  Run();
+  EXPECT_EQ(drives_.Read("home/.profile"), "export A=1");
+  EXPECT_EQ(fakes_.shell.opened, std::vector<std::string>());
+  EXPECT_EQ(LastMessage(), "The file :c:\\music\\tmp.htm could not be written.");
 }
 
 TEST_F(ReportWizardTest, KeepsNothingOverAFileThatIsToStay) {

@@ -1,7 +1,7 @@
 #include "media/editor/attributes.h"
 
+#include "platform/forwarding_file_system.h"
 #include "support/editor_test_base.h"
-#include "support/forwarding_file_system.h"
 
 namespace qublet {
 namespace {

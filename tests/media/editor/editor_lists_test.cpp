@@ -1,4 +1,5 @@
 #include "support/editor_lists_test_base.h"
+#include "support/own_file.h"
 
 namespace qublet {
 namespace {
@@ -188,6 +189,7 @@ TEST_F(EditorListsTest, OpensAPictureThroughTheScratchFileUntilItsNextUse) {
   pictures_.ID3v2ImageOpen_Click();
   EXPECT_EQ(fakes_.shell.opened, (std::vector<std::string>{"c:\\program\\tmp.bmp"}));
   EXPECT_EQ(drives_.Read("program/tmp.bmp"), "BMx");
+  EXPECT_TRUE(IsForThisUserAlone(drives_.C() / "program/tmp.bmp"));
   pictures_.Select(2);
   pictures_.ID3v2ImageOpen_Click();
   EXPECT_EQ(drives_.Read("program/tmp.bmp"), "BMy");

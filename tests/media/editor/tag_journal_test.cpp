@@ -3,9 +3,9 @@
 #include "media/editor/run_file.h"
 #include "media/editor/tag_form.h"
 #include "media/editor/tag_run.h"
+#include "platform/forwarding_file_system.h"
 #include "platform/program.h"
 #include "support/editor_test_base.h"
-#include "support/forwarding_file_system.h"
 
 namespace qublet {
 namespace {

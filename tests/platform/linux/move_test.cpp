@@ -65,6 +65,13 @@ TEST_F(MoveAcrossTest, CopiesAndDeletesAFile) {
   EXPECT_EQ(fs::status(other_ / "b.mp3").permissions(), fs::perms(0440));
 }
 
+TEST_F(MoveAcrossTest, LeavesTheRightsOfAnOwnerBehind) {
+  drives_.Write("a.mp3", "a");
+  SetMode("a.mp3", 06755);
+  files_->Rename("c:\\a.mp3", "e:\\b.mp3");
+  EXPECT_EQ(fs::status(other_ / "b.mp3").permissions(), fs::perms(0755));
+}
+
 TEST_F(MoveAcrossTest, NeverReplacesATarget) {
   drives_.Write("a.mp3", "a");
   drives_.WriteAt(other_ / "b.mp3", "b");

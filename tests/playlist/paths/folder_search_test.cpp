@@ -2,8 +2,8 @@
 
 #include <map>
 
+#include "platform/forwarding_file_system.h"
 #include "playlist/paths/folder_walk.h"
-#include "support/forwarding_file_system.h"
 #include "support/ordinary_user.h"
 #include "support/recorders.h"
 #include "support/temporary_drives.h"

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/code_page.h"
-#include "support/forwarding_file_system.h"
+#include "platform/forwarding_file_system.h"
 #include "support/temporary_drives.h"
 
 namespace qublet {

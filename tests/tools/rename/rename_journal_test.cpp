@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/forwarding_file_system.h"
 #include "platform/program.h"
-#include "support/forwarding_file_system.h"
 #include "support/rename_test_base.h"
 #include "tools/rename/apply_rules.h"
 

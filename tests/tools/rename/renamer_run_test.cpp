@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "support/forwarding_file_system.h"
+#include "platform/forwarding_file_system.h"
 #include "support/ordinary_user.h"
 #include "support/renamer_run_test_base.h"
 

@@ -5,7 +5,7 @@
 #include <chrono>
 #include <future>
 
-#include "support/forwarding_file_system.h"
+#include "platform/forwarding_file_system.h"
 #include "support/rename_test_base.h"
 
 namespace qublet {

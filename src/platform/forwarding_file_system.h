@@ -8,7 +8,7 @@
 
 namespace qublet {
 
-// Another file system behind the same interface; a test overrides what it wants to be different.
+// Another file system behind the same interface; who derives from it overrides what is to be different.
 class ForwardingFileSystem : public FileSystem {
  public:
   explicit ForwardingFileSystem(FileSystem& files) : files_(files) {}
