@@ -29,6 +29,7 @@ void TagObject::ReadTags(const std::string& path, bool with_stream) {
   ForgetV2();
   stream_ = {};
   const auto file = files_.OpenForReading(path);
+  version_ = file->Version();
   const FileEnds ends = FindEnds(*file);
   LoadV1(*file, ends);
   LoadV2(*file, ends);
@@ -121,7 +122,8 @@ void TagObject::PlanID3v2(InputFile& file, const FileEnds& ends, TagStep step, E
 TagWrite TagObject::Plan(const std::string& path, TagStep v1, TagStep v2) const {
   const auto file = files_.OpenForReading(path);
   const FileEnds ends = FindEnds(*file);
-  TagWrite write{path, 0, {}, {}, {}, {}};
+  TagWrite write;
+  write.path = path;
   if (v1 != TagStep::kLeave) PlanID3v1(*file, ends, v1, write.change);
   if (v2 != TagStep::kLeave) write.id3v2 = Attempt([&] { PlanID3v2(*file, ends, v2, write.change); });
   KeepOldEnds(*file, write);

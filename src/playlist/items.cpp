@@ -55,8 +55,8 @@ void Items::AddPlaylist(const std::string& path, int InsertPoint) {
   LoadRows(InsertPoint, [&](std::size_t place, const std::string& line_path, int original_order, Row& row) {
     if (lines.FillRow(place, line_path, original_order, row)) return;
     const std::string_view line = playlist.lines[place];
-    row.kept =
-        std::make_shared<const KeptLine>(KeptLine{std::string(line), source, lines.WholePathOf(line, row.FullPath())});
+    row.kept = std::make_shared<const KeptLine>(
+        KeptLine{std::string(line), source, lines.WholePathOf(line, row.FullPath())});
   });
 }
 

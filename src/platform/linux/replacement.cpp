@@ -138,11 +138,19 @@ void Replacement::CopyAttributes() {
   if (has_source) CopyTimes(model, file_);
 }
 
+void Replacement::RefuseAnotherVersion() const {
+  if (!only_) return;
+  struct stat status {};
+  const bool there = fstatat(folder_.Get(), name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+  if (!there || VersionOf(status) != *only_) throw ChangedMeanwhile();
+}
+
 void Replacement::Commit() {
   if (temporary_.empty()) throw Failure("committed already", name_);
   FlushBuffer();
   CopyAttributes();
   FlushToDisk(file_);
+  RefuseAnotherVersion();
   if (role_ == Role::kMoved) {
     RenameInFolder(folder_.Get(), temporary_, name_);
   } else if (renameat(folder_.Get(), temporary_.c_str(), folder_.Get(), name_.c_str()) != 0) {
