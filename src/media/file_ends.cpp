@@ -259,7 +259,7 @@ std::optional<RawTag> ReadHead(InputFile& file, const FileEnds& ends) {
   const std::int64_t start = ends.head_start + static_cast<std::int64_t>(TagHeader::kSize);
   // A tag that claims too much ends where the other one begins.
   const std::int64_t room = ends.size - ends.id3v1_size - start;
-  return ParseTag(*ends.head, ReadBytes(file, start, std::min<std::int64_t>(ends.head->body_size, room)));
+  return TakeTag(*ends.head, ReadBytes(file, start, std::min<std::int64_t>(ends.head->body_size, room)));
 }
 
 bool IsHeadReadOtherwise(InputFile& file, const FileEnds& ends) {

@@ -101,11 +101,11 @@ void TagObject::PlanID3v2(InputFile& file, const FileEnds& ends, TagStep step, E
   const std::int64_t extent = (step == TagStep::kWrite ? ends.head_end : ends.heads_end) - ends.head_start;
   Bytes head;
   if (step == TagStep::kWrite) {
-    const auto present = ReadHead(file, ends);
+    auto present = ReadHead(file, ends);
     if (ends.head && !present) throw Failure("its tag is of an unknown kind");
     if (HasHeadOutOfReach(file, ends)) throw Failure("its tag stands too far behind the start of the file");
     Id3v2Tag wanted = Composed();
-    if (present && Upgraded(*present) == wanted.Raw()) return;
+    if (present && Upgraded(std::move(*present)) == wanted.Raw()) return;
     RefuseOverrun(ends);
     if (IsHeadReadOtherwise(file, ends)) throw Failure("other programs see other frames in its tag");
     wanted.EnsureNotEmpty();

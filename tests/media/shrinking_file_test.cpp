@@ -73,14 +73,15 @@ void ReadAsWav(InputFile& file) {
 }
 
 const Bytes& SongWithAllTags() {
-  static const Bytes song = Joined({Bytes(3000), BytesOf(TagBytes(4, TextFrameBytes(4, "TIT2", std::string(5000, 'x')))),
-                                    Id3v2TagOf(20), Frames(40), LyricsTag(100), ApeTag(100, true), Id3v1TagOf()});
+  static const Bytes song =
+      Joined({Bytes(3000), BytesOf(TagBytes(4, TextFrameBytes(4, "TIT2", std::string(5000, 'x')))), Id3v2TagOf(20),
+              Frames(40), LyricsTag(100), ApeTag(100, true), Id3v1TagOf()});
   return song;
 }
 
 const Bytes& PlainSong() {
-  static const Bytes song = Joined({BytesOf(TagBytes(3, TextFrameBytes(3, "TIT2", "Title"))), VaryingRate(),
-                                    ApeTag(50, false), Id3v1TagOf()});
+  static const Bytes song = Joined(
+      {BytesOf(TagBytes(3, TextFrameBytes(3, "TIT2", "Title"))), VaryingRate(), ApeTag(50, false), Id3v1TagOf()});
   return song;
 }
 

@@ -49,7 +49,7 @@ void MoveAcross(const std::string& from, const std::string& to) {
   if (!SameContent(*source, *copy.OpenWritten())) throw Failure("the copy differs", to);
   copy.Commit();
   struct stat status {};
-  if (lstat(from.c_str(), &status) != 0 || VersionOf(status) != source->Version()) {
+  if (stat(from.c_str(), &status) != 0 || VersionOf(status) != source->Version()) {
     unlink(to.c_str());
     throw ChangedMeanwhile();
   }
