@@ -8,15 +8,11 @@ namespace qublet {
 std::string WriteTempPlaylist(const Services& services, const std::string& program_folder, const Collection& paths) {
   const std::string own = TempPlaylist(program_folder);
   if (!WritePlainLines(services.files, own, paths)) return "";
-  std::string playlist;
+  std::string playlist = own;
   ResumeNext([&] {
     const std::string folder = services.shell.HandOverFolder();
     const std::string twin = folder + "\\tmp.m3u8";
-    if (folder.empty()) {
-      playlist = own;
-    } else if (WriteHandOver(services.files, twin, paths)) {
-      playlist = twin;
-    }
+    if (!folder.empty() && WriteHandOver(services.files, twin, paths)) playlist = twin;
   });
   return playlist;
 }
