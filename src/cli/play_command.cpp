@@ -12,7 +12,9 @@ int PlayCommand(CommandContext& context) {
     return Complain(context.err, "play: no program opens playlists here", kCouldNot);
 
   const bool all_there = AddPaths(context, context.arguments);
-  engine.preview.Play(kPlayList);
+  const bool started = engine.preview.Play(kPlayList);
+  const bool wanted = engine.document.ListView1.Count() > 0 && !context.dialogs.said_something;
+  if (wanted && !started) return Complain(context.err, "play: no program could be started", kCouldNot);
   return all_there && !context.dialogs.said_something ? kDone : kCouldNot;
 }
 

@@ -201,6 +201,7 @@ void ChangeInPlace(const FileSystem& files, const std::string& path, InputFile& 
   const Patch old_tail{tail.offset, ReadBytes(present, tail.offset, change.old_tail)};
 
   const auto file = files.OpenInPlace(path);
+  if (files.OpenForReading(path)->Version() != present.Version()) throw ChangedMeanwhile();
   try {
     Apply(*file, head);
     Apply(*file, tail);
@@ -231,6 +232,7 @@ FileEnds FindEnds(InputFile& file) {
   ends.head = ReadHeader(file, 0);
   if (!ends.head) ends.head_start = FindLaterHead(file, kMostInFront);
   if (ends.head_start > 0) ends.head = ReadHeader(file, ends.head_start);
+  if (!ends.head) ends.head_start = 0;  // cut off since it was found
   if (ends.head) ends.head_end = ends.head_start + ends.head->Extent();
   ends.heads_end = ends.head_end;
   for (int tags = 1; ends.head && tags < kMostTags; ++tags) {
@@ -257,7 +259,7 @@ std::optional<RawTag> ReadHead(InputFile& file, const FileEnds& ends) {
   const std::int64_t start = ends.head_start + static_cast<std::int64_t>(TagHeader::kSize);
   // A tag that claims too much ends where the other one begins.
   const std::int64_t room = ends.size - ends.id3v1_size - start;
-  return ParseTag(*ends.head, ReadBytes(file, start, std::min<std::int64_t>(ends.head->body_size, room)));
+  return TakeTag(*ends.head, ReadBytes(file, start, std::min<std::int64_t>(ends.head->body_size, room)));
 }
 
 bool IsHeadReadOtherwise(InputFile& file, const FileEnds& ends) {
@@ -274,6 +276,7 @@ void ReplaceEnds(const FileSystem& files, const std::string& path, InputFile& pr
   const Kept kept = KeptPart(present, change);
   const auto replacement = BeginIfFolderAllows(files, path);
   if (!replacement) return ChangeInPlace(files, path, present, change);
+  if (const auto version = present.Version()) replacement->ReplaceOnly(*version);
   if (change.before > 0) replacement->CopyFrom(present, 0, change.before);
   replacement->Write(change.head);
   replacement->CopyFrom(present, kept.offset, kept.length);

@@ -55,7 +55,8 @@ struct EndsChange {
 // Writes the whole new file beside the old one, compares it with what it should be, flushes it and renames it over
 // the old one, so that whatever happens the file is the old or the new one. In a folder that can't be written the
 // file is changed in place, but only if nothing between the ends moves; a head that got shorter is filled up with
-// padding for that. Throws Failure; the file is then as it was.
+// padding for that. Throws Failure; the file is then as it was. What another program has made of it since `present`
+// was opened stays: ChangedMeanwhile.
 void ReplaceEnds(const FileSystem& files, const std::string& path, InputFile& present, const EndsChange& change);
 
 }  // namespace qublet

@@ -41,6 +41,7 @@ TagWrite PlanTagChange(const FileSystem& files, const std::string& path, const T
   RefuseUnwritable(files, path);
   TagWrite write =
       tag.Plan(path, changes_v1 ? WrittenIf(v1) : TagStep::kLeave, changes_v2 ? WrittenIf(v2) : TagStep::kLeave);
+  RefuseUnlessReadFrom(write, tag.Version());
   // When one of the two can't be done, nothing changes.
   write.id3v2.OrThrow();
   return write;

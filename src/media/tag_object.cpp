@@ -29,6 +29,7 @@ void TagObject::ReadTags(const std::string& path, bool with_stream) {
   ForgetV2();
   stream_ = {};
   const auto file = files_.OpenForReading(path);
+  version_ = file->Version();
   const FileEnds ends = FindEnds(*file);
   LoadV1(*file, ends);
   LoadV2(*file, ends);
@@ -100,11 +101,11 @@ void TagObject::PlanID3v2(InputFile& file, const FileEnds& ends, TagStep step, E
   const std::int64_t extent = (step == TagStep::kWrite ? ends.head_end : ends.heads_end) - ends.head_start;
   Bytes head;
   if (step == TagStep::kWrite) {
-    const auto present = ReadHead(file, ends);
+    auto present = ReadHead(file, ends);
     if (ends.head && !present) throw Failure("its tag is of an unknown kind");
     if (HasHeadOutOfReach(file, ends)) throw Failure("its tag stands too far behind the start of the file");
     Id3v2Tag wanted = Composed();
-    if (present && Upgraded(*present) == wanted.Raw()) return;
+    if (present && Upgraded(std::move(*present)) == wanted.Raw()) return;
     RefuseOverrun(ends);
     if (IsHeadReadOtherwise(file, ends)) throw Failure("other programs see other frames in its tag");
     wanted.EnsureNotEmpty();
@@ -121,7 +122,8 @@ void TagObject::PlanID3v2(InputFile& file, const FileEnds& ends, TagStep step, E
 TagWrite TagObject::Plan(const std::string& path, TagStep v1, TagStep v2) const {
   const auto file = files_.OpenForReading(path);
   const FileEnds ends = FindEnds(*file);
-  TagWrite write{path, 0, {}, {}, {}, {}};
+  TagWrite write;
+  write.path = path;
   if (v1 != TagStep::kLeave) PlanID3v1(*file, ends, v1, write.change);
   if (v2 != TagStep::kLeave) write.id3v2 = Attempt([&] { PlanID3v2(*file, ends, v2, write.change); });
   KeepOldEnds(*file, write);

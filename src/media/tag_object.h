@@ -66,6 +66,9 @@ class TagObject {
   void ReadID3v2(const std::string& path);
   void ReadStreamInfo(const std::string& path);
 
+  // The state of the file that ReadTags opened last.
+  const std::optional<FileVersion>& Version() const { return version_; }
+
   bool HasID3v1() const { return has_v1_; }
   bool HasID3v2() const { return has_v2_; }
 
@@ -138,6 +141,7 @@ class TagObject {
   TagComments comments_;
   TagImages images_;
   StreamFacts stream_;
+  std::optional<FileVersion> version_;
 };
 
 }  // namespace qublet

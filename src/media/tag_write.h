@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "media/file_ends.h"
@@ -15,6 +16,7 @@ enum class TagStep { kLeave, kWrite, kRemove };
 struct TagWrite {
   std::string path;
   std::int64_t size = 0;  // of the file as it was looked at
+  std::optional<FileVersion> version = std::nullopt;
   EndsChange change;
   Bytes old_head;  // what the change takes away
   Bytes old_tail;
@@ -27,13 +29,12 @@ struct TagWrite {
 // Fills in what the change takes away. Throws Failure on an input error.
 void KeepOldEnds(InputFile& file, TagWrite& write);
 
-class ChangedMeanwhile : public Failure {
- public:
-  ChangedMeanwhile() : Failure("the file has changed meanwhile") {}
-};
+// A change is worked out from tags that were read before: throws ChangedMeanwhile when the file wasn't then what it
+// was in the state `read`.
+void RefuseUnlessReadFrom(const TagWrite& write, const std::optional<FileVersion>& read);
 
 // Both tags change in one step: whatever happens the file is the old or the new one. Throws Failure; ChangedMeanwhile
-// when the file isn't what it was looked at.
+// when the file isn't what it was looked at, at the start or when the new version stands ready.
 void CommitTags(const FileSystem& files, const TagWrite& write);
 
 }  // namespace qublet

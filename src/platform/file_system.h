@@ -55,12 +55,31 @@ struct FileIdentity {
   bool operator==(const FileIdentity&) const = default;
 };
 
+// What tells one state of a file from another: a change of its content or of what the system keeps about it gives
+// another one, and so does another file in its place. As fine as the times that the disk keeps.
+struct FileVersion {
+  std::uint64_t device = 0;
+  std::uint64_t number = 0;
+  std::int64_t size = 0;     // in bytes
+  std::int64_t written = 0;  // time of the last change of the content, in a unit of this system's
+  std::int64_t changed = 0;  // time of the last change of anything; 0 where the disk doesn't keep it
+  bool operator==(const FileVersion&) const = default;
+};
+
+// A file isn't any more what it was when it was read.
+class ChangedMeanwhile : public Failure {
+ public:
+  ChangedMeanwhile() : Failure("the file has changed meanwhile") {}
+};
+
 // A file opened for reading at any place. Safe to use from the thread that opened it.
 class InputFile {
  public:
   virtual ~InputFile() = default;
   // Length in bytes at the moment of opening.
   virtual std::int64_t Size() const = 0;
+  // The state at that moment; nothing for what isn't a file of a disk.
+  virtual std::optional<FileVersion> Version() const { return std::nullopt; }
   // Reads up to buffer.size() bytes from `offset`; gives how many were read, fewer only at the end of the file.
   // Throws Failure on an input error.
   virtual std::size_t ReadAt(std::int64_t offset, std::span<std::uint8_t> buffer) = 0;
@@ -79,6 +98,9 @@ class FileReplacement {
   virtual void CopyFrom(InputFile& source, std::int64_t offset, std::int64_t length) = 0;
   // Opens what has been written so far for reading, so that it can be checked before Commit. Throws Failure.
   virtual std::unique_ptr<InputFile> OpenWritten() = 0;
+  // For a new version that is made of the present one: Commit then throws ChangedMeanwhile unless the present file is
+  // still in this state, and leaves what another program has made of it.
+  virtual void ReplaceOnly(const FileVersion& /*version*/) {}
   // Flushes to disk, copies mode, owner, access lists and extended attributes of the present file, renames over it
   // and flushes the folder (see ReplacementBatch). Throws Failure; the present file is then as it was.
   virtual void Commit() = 0;

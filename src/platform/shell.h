@@ -13,9 +13,12 @@ namespace qublet {
 class Shell {
  public:
   virtual ~Shell() = default;
-  // Opens a file or folder (drive form) with the program that it is associated with. Nothing happens when there is
-  // none. Never throws.
-  virtual void Open(const std::string& path) = 0;
+  // Opens a file or folder (drive form) with the program that it is associated with. False when no program could be
+  // started. Never throws.
+  virtual bool Open(const std::string& path) = 0;
+  // The same for one file of a list to be heard. On Linux nothing but .mp3, .ogg, .wav and .wma is: a list may name
+  // what another opener would run. Never throws.
+  virtual bool OpenAudio(const std::string& path) { return Open(path); }
   // Whether this system itself runs that file (drive form) as a program: it is there, may be executed, and isn't made
   // for another system. Never throws.
   virtual bool CanStart(const std::string& program) const = 0;

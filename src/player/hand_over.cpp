@@ -9,15 +9,11 @@ std::string WriteTempPlaylist(const Services& services, const std::string& progr
   const FileSystem& files = services.files.OwnFiles();
   const std::string own = TempPlaylist(program_folder);
   if (!WritePlainLines(files, own, paths)) return "";
-  std::string playlist;
+  std::string playlist = own;
   ResumeNext([&] {
     const std::string folder = services.shell.HandOverFolder();
     const std::string twin = folder + "\\tmp.m3u8";
-    if (folder.empty()) {
-      playlist = own;
-    } else if (WriteHandOver(files, twin, paths)) {
-      playlist = twin;
-    }
+    if (!folder.empty() && WriteHandOver(files, twin, paths)) playlist = twin;
   });
   return playlist;
 }

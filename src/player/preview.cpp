@@ -53,22 +53,22 @@ void Preview::FillFileArray(std::int16_t mode, const Selection& selection) {
   }
 }
 
-void Preview::HandOver() {
+bool Preview::HandOver() {
   const std::string playlist = WriteTempPlaylist(services_, program_folder_, document_.FileArray);
-  if (!playlist.empty()) {
-    services_.shell.Open(playlist);
-    return;
-  }
-  for (const std::string& item : document_.FileArray) services_.shell.Open(item);
+  if (!playlist.empty()) return services_.shell.Open(playlist);
+  bool started = false;
+  for (const std::string& item : document_.FileArray) started |= services_.shell.OpenAudio(item);
+  return started;
 }
 
-void Preview::Play(PreviewMode mode) {
+bool Preview::Play(PreviewMode mode) {
   std::int16_t number = mode;
-  PrevM3U(number);
+  return PrevM3U(number);
 }
 
-void Preview::PrevM3U(std::int16_t& mode) {
-  if (document_.ListView1.Count() == 0) return;
+bool Preview::PrevM3U(std::int16_t& mode) {
+  if (document_.ListView1.Count() == 0) return false;
+  bool started = false;
   const WaitCursor wait(services_.feedback);
   ResumeNext([&] {
     const Selection selection = Selected(mode == kPlayFolder);
@@ -82,8 +82,9 @@ void Preview::PrevM3U(std::int16_t& mode) {
           MessageIcon::kExclamation, MessageButtons::kOk);
       return;
     }
-    HandOver();
+    started = HandOver();
   });
+  return started;
 }
 
 }  // namespace qublet

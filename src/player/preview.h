@@ -24,17 +24,17 @@ class Preview {
       : document_(document), services_(services), program_folder_(std::move(program_folder)) {}
 
   // Writes the files of that mode, those that are there, to "tmp.m3u" and has it opened. Where players don't read the
-  // program's own form they are handed its twin, "tmp.m3u8" in the hand-over folder. When a playlist can't be written
+  // program's own form they are handed its twin, "tmp.m3u8" in the hand-over folder. When "tmp.m3u" can't be written
   // the files are opened one by one. With no row selected `mode` becomes kPlayList. A message says when no file is
-  // there; an empty list does nothing.
-  void PrevM3U(std::int16_t& mode);
-  void Play(PreviewMode mode);
+  // there; an empty list does nothing. Both give whether a program was started.
+  bool PrevM3U(std::int16_t& mode);
+  bool Play(PreviewMode mode);
 
  private:
   struct Selection;
   Selection Selected(bool folders) const;
   void FillFileArray(std::int16_t mode, const Selection& selection);
-  void HandOver();
+  bool HandOver();  // whether a program was started
 
   Document& document_;
   Services services_;

@@ -49,9 +49,11 @@ void BatchReader::Work(const std::function<void()>& file_read) {
     int order = part->first_order;
     for (const std::string& path : part->paths) {
       if (given_up_) break;
-      part->rows.push_back(std::make_unique<Row>());
       // A row that couldn't be filled to its end stays as it is; the batch goes on.
-      make_row_(static_cast<std::size_t>(order - first_order_), path, order, *part->rows.back());
+      ResumeNext([&] {
+        part->rows.push_back(std::make_unique<Row>());
+        make_row_(static_cast<std::size_t>(order - first_order_), path, order, *part->rows.back());
+      });
       ++order;
       ++done_;
       file_read();

@@ -34,8 +34,8 @@ struct Survey {
 
 void Add(Sums& sums, std::int64_t length, std::int64_t size) {
   ++sums.count;
-  sums.length += length;
-  sums.size += size;
+  sums.length = SaturatingAdd(sums.length, length);
+  sums.size = SaturatingAdd(sums.size, size);
 }
 
 Survey Look(const RowStore& rows) {

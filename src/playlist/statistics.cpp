@@ -76,7 +76,7 @@ Statistics GatherStatistics(const Document& document, const FileSystem& files, c
 }
 
 std::vector<StatisticsLine> StatisticsLines(const Statistics& found, std::string_view separator) {
-  const auto bytes = [&](double amount) { return GroupedNumber(std::llround(amount), separator) + " bytes"; };
+  const auto bytes = [&](double amount) { return GroupedNumber(NearestWhole(amount), separator) + " bytes"; };
   const auto time = [&](std::int32_t seconds) {
     return seconds == 0 ? kUnknownStatistic : found.TimePrefix + FormatTime(seconds) + " [hms]";
   };

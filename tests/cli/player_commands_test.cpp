@@ -52,6 +52,12 @@ TEST_F(PlayerCommandsTest, PlaySaysWhenNoProgramOpensPlaylists) {
   EXPECT_TRUE(shell_.opened.empty());
 }
 
+TEST_F(PlayerCommandsTest, PlaySaysWhenNoProgramCouldBeStarted) {
+  shell_.opens = false;
+  EXPECT_EQ(Play({"m"}), 1);
+  EXPECT_EQ(err_.str(), "qublet: play: no program could be started\n");
+}
+
 TEST_F(PlayerCommandsTest, PlayAndPropertiesWantPathsAndNoOptions) {
   EXPECT_EQ(Play({}), 2);
   EXPECT_EQ(err_.str(), "qublet: play: a path is wanted\n");

@@ -162,13 +162,25 @@ TEST_F(PreviewTest, OpensTheFilesOneByOneWhenThePlaylistCannotBeWritten) {
   EXPECT_TRUE(dialogs_.messages.empty());
 }
 
-TEST_F(PreviewTest, OpensTheFilesOneByOneWhenTheTwinCannotBeWritten) {
+TEST_F(PreviewTest, HandsOverItsOwnPlaylistWhenTheTwinCannotBeWritten) {
   Rows({"c:\\2.mp3", "c:\\1.mp3"}, "--");
   shell_.folder = "d:\\nowhere";
   Play(kPlayList);
   shell_.refuses = true;
   Play(kPlayList);
-  EXPECT_EQ(shell_.opened, (Collection{"c:\\2.mp3", "c:\\1.mp3", "c:\\2.mp3", "c:\\1.mp3"}));
+  EXPECT_EQ(shell_.opened, (Collection{"c:\\program\\tmp.m3u", "c:\\program\\tmp.m3u"}));
+}
+
+TEST_F(PreviewTest, TellsWhetherAProgramWasStarted) {
+  EXPECT_FALSE(preview_.Play(kPlayList)) << "an empty list";
+  Rows({"c:\\1.mp3"}, "-");
+  EXPECT_TRUE(preview_.Play(kPlayList));
+  shell_.opens = false;
+  EXPECT_FALSE(preview_.Play(kPlayList));
+  std::filesystem::remove_all(drives_.C() / "program");
+  EXPECT_FALSE(preview_.Play(kPlayList));
+  shell_.opens = true;
+  EXPECT_TRUE(preview_.Play(kPlayList)) << "one by one";
 }
 
 TEST_F(PreviewTest, ShowsTheWaitCursorMeanwhile) {

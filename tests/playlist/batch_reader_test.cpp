@@ -65,6 +65,20 @@ TEST_F(BatchReaderTest, KeepsTheOrderOfThePathsHoweverTheyCome) {
   EXPECT_FALSE(feedback_.foreign_thread);
 }
 
+TEST_F(BatchReaderTest, LacksMemoryForOneFileAndReadsTheOthers) {
+  const Collection paths = Files("m", 100);
+  BatchReader reader(1, [this](std::size_t place, const std::string& path, int original_order, Row& row) {
+    if (place == 40) throw std::bad_alloc();
+    ReadRow(*files_, path, original_order, ",", row);
+  });
+  reader.Add(paths);
+  const auto rows = Finish(reader);
+  ASSERT_EQ(rows.size(), 100u);
+  EXPECT_EQ(rows[40]->FullPath(), "");
+  EXPECT_EQ(rows[39]->FullPath(), paths[39]);
+  EXPECT_EQ(rows[41]->FullPath(), paths[41]);
+}
+
 TEST_F(BatchReaderTest, LeavesOutWhatNoThreadHasTakenWhenItIsDropped) {
   const Collection paths = Files("m", 500);
   const SlowFileSystem slow(std::chrono::milliseconds(20));

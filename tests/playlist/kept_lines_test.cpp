@@ -186,8 +186,7 @@ TEST_F(KeptLinesTest, TakeTheFullPathOfOneRowInEachRelativeSave) {
 TEST_F(KeptLinesTest, AreWholePathsElsewhereThoughTheirRowsAreNone) {
   const std::string list = "../gone/Mission: x.mp3\nX:/a/b.mp3\nC:gone.mp3\n";
   const std::string c = drives_.C().string();
-  EXPECT_EQ(SavedTo("c:\\x\\other.m3u", list),
-            c + "/gone/Mission: x.mp3\r\nX:/a/b.mp3\r\nC:gone.mp3\r\n");
+  EXPECT_EQ(SavedTo("c:\\x\\other.m3u", list), c + "/gone/Mission: x.mp3\r\nX:/a/b.mp3\r\nC:gone.mp3\r\n");
   EXPECT_EQ(SavedTo("c:\\x\\other.m3u8", list), c + "/gone/Mission: x.mp3\nX:/a/b.mp3\n" + c + "/gone.mp3\n");
   EXPECT_EQ(SavedTo("c:\\x\\other.m3u", "../gone/Mission: x.mp3\nC:gone.mp3\n", "list.m3u", true),
             c + "/gone/Mission: x.mp3\r\nc:\\gone.mp3\r\n");

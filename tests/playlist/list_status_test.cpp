@@ -21,6 +21,15 @@ TEST_F(ListStatusTest, ShowsTheTotalsWithNothingSelected) {
   EXPECT_EQ(Status().panels, (Panels{"Total: 4", "1:04:06", "19 Mb"}));
 }
 
+TEST_F(ListStatusTest, EndsSumsAtTheLargestNumber) {
+  for (int i = 1; i <= 3; ++i) {
+    std::vector<Row> row(1);
+    row[0].cells[kHiddenLen] = row[0].cells[kHiddenSize] = "9223372036854775807";
+    Rows().Insert(i, std::move(row));
+  }
+  EXPECT_EQ(Status().panels, (Panels{"Total: 3", "2562047788015215:30:07", "8,796,093,022,208 Mb"}));
+}
+
 TEST_F(ListStatusTest, ShowsLengthStartAndSizeOfOneSelectedRow) {
   AddSongs();
   Select("x---", 1);

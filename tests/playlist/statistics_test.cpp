@@ -3,6 +3,7 @@
 #include <map>
 
 #include "support/fake_player.h"
+#include "support/huge_files.h"
 #include "support/list_test_base.h"
 
 namespace qublet {
@@ -50,6 +51,17 @@ TEST_F(StatisticsTest, CountItemsFoldersSizesAndTimes) {
   EXPECT_DOUBLE_EQ(found.AverageSize, 3003001 / 3.0);
   EXPECT_EQ(found.SizePrefix, "");
   EXPECT_EQ(found.TimePrefix, "");
+}
+
+TEST_F(StatisticsTest, EndASumOfHugeSizesAtTheLargestNumber) {
+  Add("c:\\m\\", "1.mp3", "60", 1);
+  Add("c:\\m\\", "2.mp3", "60", 1);
+  const HugeFiles huge(*files_);
+  const Statistics found = GatherStatistics(document_, huge, associations_, "c:\\program");
+  for (const StatisticsLine& line : StatisticsLines(found, ",")) {
+    if (line.control == std::string("lblTotalsize")) EXPECT_EQ(line.text, "9,223,372,036,854,775,807 bytes");
+    if (line.control == std::string("lblAvtracksize")) EXPECT_EQ(line.text, "8,796,093,022,208 Mb");
+  }
 }
 
 TEST_F(StatisticsTest, AreShownInTheirWords) {

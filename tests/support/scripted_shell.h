@@ -15,6 +15,7 @@ class ScriptedShell : public Shell {
   std::vector<std::string> opened, addresses;
   std::string folder;  // of the hand-over
   bool refuses = false;
+  bool opens = true;
 
   std::vector<std::string> started;  // "program <argument>"
   std::set<std::string> foreign;     // programs that can't be started
@@ -22,7 +23,10 @@ class ScriptedShell : public Shell {
   int volume_controls = 0;
   bool has_volume_control = true;
 
-  void Open(const std::string& path) override { opened.push_back(path); }
+  bool Open(const std::string& path) override {
+    opened.push_back(path);
+    return opens;
+  }
   bool CanStart(const std::string& program) const override { return !foreign.contains(program); }
   void Start(const std::string& program, const std::string& argument) override {
     started.push_back(program + " <" + argument + ">");

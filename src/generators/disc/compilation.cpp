@@ -11,7 +11,7 @@ constexpr std::int32_t kMebibyte = 1048576;
 
 std::int32_t TotalLength(const FileSystem& system, const Collection& files) {
   std::int32_t total = 0;
-  for (const std::string& file : files) total = ToInteger32(std::int64_t{total} + system.FileLength(file));
+  for (const std::string& file : files) total = ToInteger32(SaturatingAdd(total, system.FileLength(file)));
   return total;
 }
 

@@ -39,7 +39,18 @@ ReportRows::Part ReportRows::MakePart(std::size_t number) const {
   return part;
 }
 
+// What goes wrong here is the trouble of whoever asks for the rows.
 void ReportRows::Work() {
+  try {
+    MakeParts();
+  } catch (...) {
+    const std::lock_guard lock(mutex_);
+    broken_ = std::current_exception();
+  }
+  changed_.notify_all();
+}
+
+void ReportRows::MakeParts() {
   std::unique_lock lock(mutex_);
   while (true) {
     changed_.wait(lock, [&] { return ended_ || taken_ == PartCount() || taken_ < given_ + kMostAhead; });
@@ -57,7 +68,8 @@ void ReportRows::Work() {
 ReportRows::Part ReportRows::NextPart() {
   if (threads_.empty()) return MakePart(given_++);
   std::unique_lock lock(mutex_);
-  changed_.wait(lock, [&] { return !ahead_.empty() && ahead_.front().has_value(); });
+  changed_.wait(lock, [&] { return broken_ || (!ahead_.empty() && ahead_.front().has_value()); });
+  if (broken_) std::rethrow_exception(broken_);
   Part part = std::move(*ahead_.front());
   ahead_.pop_front();
   ++given_;

@@ -3,6 +3,7 @@
 #include <condition_variable>
 #include <cstddef>
 #include <deque>
+#include <exception>
 #include <functional>
 #include <mutex>
 #include <optional>
@@ -24,7 +25,7 @@ struct ReportRow {
 // Makes rows ahead by a thread for each processor, a few hundred at most, and gives them in their order.
 class ReportRows {
  public:
-  // `make` gives the row at a place, from 0, on any thread. It never throws, and outlives this.
+  // `make` gives the row at a place, from 0, on any thread, and outlives this. What it throws is thrown by Next.
   using Make = std::function<ReportRow(std::size_t place)>;
 
   ReportRows(std::size_t count, const Make& make);
@@ -40,6 +41,7 @@ class ReportRows {
   using Part = std::vector<ReportRow>;
 
   void Work();
+  void MakeParts();
   Part MakePart(std::size_t number) const;
   Part NextPart();
   std::size_t PartCount() const;
@@ -56,6 +58,7 @@ class ReportRows {
   std::size_t given_ = 0;                  // parts
   std::size_t taken_ = 0;
   bool ended_ = false;
+  std::exception_ptr broken_;
   std::vector<std::jthread> threads_;  // the last member: they end before what they use
 };
 

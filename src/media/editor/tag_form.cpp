@@ -118,7 +118,9 @@ TagWrite PlanUpdate(const FileSystem& files, const std::string& path, const TagF
   tag.Images().Clear();
   CollectTag(form, tag);
   RefuseUnwritable(files, path);
-  return tag.Plan(path, WrittenIf(form.id3v1_present), WrittenIf(form.id3v2_present));
+  TagWrite write = tag.Plan(path, WrittenIf(form.id3v1_present), WrittenIf(form.id3v2_present));
+  RefuseUnlessReadFrom(write, tag.Version());
+  return write;
 }
 
 }  // namespace qublet

@@ -30,7 +30,6 @@ bool Has(const RawFrame& frame, std::uint16_t bits) {
 
 constexpr std::size_t kMiB = 1 << 20;
 constexpr std::size_t kAlways = 64 * 1024;
-constexpr std::size_t kMostText = kMiB;
 constexpr std::size_t kMostPicture = 16 * kMiB;
 // Of all compressed frames of a tag together.
 constexpr std::size_t kMostOfATag = 64 * kMiB;
@@ -79,15 +78,22 @@ bool ShowsCompressed(const RawTag& tag) {
   return sum <= kMostOfATag;
 }
 
-std::optional<Bytes> PlainContent(const RawFrame& frame, const RawTag& tag) {
+bool IsPlain(const RawFrame& frame, const RawTag& tag) {
+  const bool unsynchronised = tag.version == 4 && tag.unsynchronised;
+  return !unsynchronised && (frame.flags & ~BitsOf(tag.version).status) == 0;
+}
+
+std::optional<Bytes> PlainContent(const RawFrame& frame, const RawTag& tag, std::size_t most) {
   const FlagBits& bits = BitsOf(tag.version);
   if (Has(frame, bits.encrypted)) return std::nullopt;
   const std::size_t skipped = FrontOf(frame, tag.version).length;
   if (skipped > frame.content.size()) return std::nullopt;
 
-  const BytesView stored = BytesView(frame.content).subspan(skipped);
+  BytesView stored = BytesView(frame.content).subspan(skipped);
   const bool claimed = Has(frame, bits.unsynchronised) || (tag.version == 4 && tag.unsynchronised);
-  Bytes content = claimed && IsUnsynchronised(stored) ? Resynchronise(stored) : Bytes(stored.begin(), stored.end());
+  const bool unsynchronised = claimed && IsUnsynchronised(stored);
+  if (!IsCompressed(frame, tag)) stored = stored.first(std::min(stored.size(), most));
+  Bytes content = unsynchronised ? Resynchronise(stored) : Bytes(stored.begin(), stored.end());
   if (!IsCompressed(frame, tag)) return content;
   const std::size_t room = RoomFor(frame, tag.version);
   return room > 0 ? Inflated(content, room) : std::nullopt;

@@ -100,7 +100,8 @@ Id3v2Tag::Places Id3v2Tag::PicturePlaces() const {
   Places places;
   for (std::size_t place = 0; place < raw_.frames.size(); ++place) {
     if (ShownId(raw_.frames[place]) != "APIC") continue;
-    const auto content = ContentOf(raw_.frames[place]);
+    Bytes room;
+    const auto content = ContentOf(raw_.frames[place], room);
     if (content && DecodePicture(*content)) places.push_back(place);
   }
   return places;
@@ -109,7 +110,8 @@ Id3v2Tag::Places Id3v2Tag::PicturePlaces() const {
 std::vector<TagPicture> Id3v2Tag::Pictures() const {
   std::vector<TagPicture> pictures;
   for (const std::size_t place : PicturePlaces()) {
-    const auto content = ContentOf(raw_.frames[place]);
+    Bytes room;
+    const auto content = ContentOf(raw_.frames[place], room);
     const auto picture = DecodePicture(*content);
     pictures.push_back(
         {picture->description, picture->mime_type, Bytes(picture->data.begin(), picture->data.end()), picture->type});

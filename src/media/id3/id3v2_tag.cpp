@@ -33,13 +33,14 @@ std::vector<std::size_t> FirstOf(const std::vector<std::size_t>& places) {
 
 }  // namespace
 
-std::optional<Bytes> Id3v2Tag::ContentOf(const RawFrame& frame) const {
+std::optional<BytesView> Id3v2Tag::ContentOf(const RawFrame& frame, Bytes& room) const {
   if (!shows_compressed_ && IsCompressed(frame, raw_)) return std::nullopt;
-  return ShownContent(frame, raw_);
+  return ShownContent(frame, raw_, room);
 }
 
 std::optional<FrameText> Id3v2Tag::TextIn(const RawFrame& frame, FrameKind kind) const {
-  const auto content = ContentOf(frame);
+  Bytes room;
+  const auto content = ContentOf(frame, room);
   return content ? DecodeFrameText(kind, *content) : std::nullopt;
 }
 

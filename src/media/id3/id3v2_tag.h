@@ -40,14 +40,15 @@ class Id3v2Tag {
   explicit Id3v2Tag(RawTag raw)
       : raw_(Upgraded(std::move(raw))), is_new_(false), shows_compressed_(ShowsCompressed(raw_)) {}
 
-  // The text of a frame by its four-character id; "" when there is none. Several text frames of one id are shown as
-  // several values of one are. "TYER" is the year in every version (the text of TDRC in 2.4). Of TXXX it is the frame
-  // with the empty description; of WXXX and USLT the one with the empty description, else the first.
+  // The text of a frame by its four-character id, as far as kMostText bytes of it go; "" when there is none. Several
+  // text frames of one id are shown as several values of one are. "TYER" is the year in every version (the text of
+  // TDRC in 2.4). Of TXXX it is the frame with the empty description; of WXXX and USLT the one with the empty
+  // description, else the first.
   std::string Frame(std::string_view id) const;
-  // A text equal to the present one touches nothing; another one replaces all frames that it is shown from, and a
-  // year the day and time that belonged to the old one. An empty text leaves an empty frame, or none where a frame
-  // can't be empty; a missing frame isn't made for it, except for a text frame of a new tag. Throws Failure for an id
-  // that holds no text.
+  // A text equal to the present one, as it is shown, touches nothing; another one replaces all frames that it is
+  // shown from, and a year the day and time that belonged to the old one. An empty text leaves an empty frame, or
+  // none where a frame can't be empty; a missing frame isn't made for it, except for a text frame of a new tag.
+  // Throws Failure for an id that holds no text.
   void SetFrame(std::string_view id, const std::string& text);
 
   // A value that is kept in a comment of a reserved description (see kPropertyDescriptions), "" when there is none.
@@ -75,7 +76,7 @@ class Id3v2Tag {
   using Wanted = std::function<bool(const FrameText&)>;
   using Places = std::vector<std::size_t>;  // numbers of frames, ascending
 
-  std::optional<Bytes> ContentOf(const RawFrame& frame) const;
+  std::optional<BytesView> ContentOf(const RawFrame& frame, Bytes& room) const;
   std::optional<FrameText> TextIn(const RawFrame& frame, FrameKind kind) const;
   // Only frames whose text can be shown.
   Places FindAll(std::string_view id, const Wanted& wanted) const;

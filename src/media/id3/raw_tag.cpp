@@ -35,15 +35,31 @@ BytesView FrameBytes(const TagHeader& header, BytesView body, std::optional<Byte
   return body.subspan(extended ? ExtendedHeaderSize(body, header.version) : 0);
 }
 
-RawFrame FrameAt(BytesView body, std::size_t start, std::size_t end, int version) {
-  const std::size_t id_length = ShapeOf(version, false).id_length;
-  const std::size_t header = FrameHeaderSize(version);
+// Without its content.
+RawFrame FrameAt(BytesView body, std::size_t start, int version) {
   RawFrame frame;
-  frame.id = AsText(body.subspan(start, id_length));
+  frame.id = AsText(body.subspan(start, ShapeOf(version, false).id_length));
   if (version > 2) frame.flags = static_cast<std::uint16_t>(ReadNumber(body.subspan(start + 8, 2)));
-  const BytesView content = body.subspan(start + header, end - start - header);
-  frame.content.assign(content.begin(), content.end());
   return frame;
+}
+
+// Where the contents of all frames stand.
+std::vector<BytesView> ContentsOf(BytesView body, const FrameWalk& walk, int version) {
+  std::vector<BytesView> contents;
+  contents.reserve(walk.starts.size());
+  for (std::size_t i = 0; i < walk.starts.size(); ++i) {
+    const std::size_t start = walk.starts[i] + FrameHeaderSize(version);
+    const std::size_t end = i + 1 < walk.starts.size() ? walk.starts[i + 1] : walk.end;
+    contents.push_back(body.subspan(start, end - start));
+  }
+  return contents;
+}
+
+// Makes of bytes the part of them that is given.
+void CutDown(Bytes& bytes, BytesView part) {
+  const std::ptrdiff_t start = part.data() - bytes.data();
+  bytes.resize(static_cast<std::size_t>(start) + part.size());
+  bytes.erase(bytes.begin(), bytes.begin() + start);
 }
 
 void AppendFrame(Bytes& out, const RawFrame& frame, int version) {
@@ -92,21 +108,33 @@ std::optional<TagHeader> ParseTagHeader(BytesView bytes) {
 }
 
 std::optional<RawTag> ParseTag(const TagHeader& header, BytesView body) {
+  return TakeTag(header, Bytes(body.begin(), body.end()));
+}
+
+std::optional<RawTag> TakeTag(const TagHeader& header, Bytes bytes) {
   const int version = header.version;
   if (version < 2 || version > 4 || (version == 2 && (header.flags & kTagCompressed) != 0)) return std::nullopt;
   std::optional<Bytes> plain;
-  body = FrameBytes(header, body, plain);
+  const BytesView body = FrameBytes(header, bytes, plain);
+  if (plain) bytes.swap(*plain);
 
   RawTag tag;
   tag.version = version;
   tag.unsynchronised = (header.flags & kTagUnsynchronised) != 0 && (version == 4 || plain);
+  plain.reset();
   const FrameWalk walk = WalkFrames(body, version);
-  tag.frames.reserve(walk.starts.size());
-  for (std::size_t i = 0; i < walk.starts.size(); ++i) {
-    const std::size_t end = i + 1 < walk.starts.size() ? walk.starts[i + 1] : walk.end;
-    tag.frames.push_back(FrameAt(body, walk.starts[i], end, version));
+  const std::vector<BytesView> contents = ContentsOf(body, walk, version);
+  const auto longest = std::ranges::max_element(contents, {}, [](BytesView content) { return content.size(); });
+  tag.frames.reserve(contents.size());
+  for (auto content = contents.begin(); content != contents.end(); ++content) {
+    tag.frames.push_back(FrameAt(body, walk.starts[tag.frames.size()], version));
+    if (content != longest) tag.frames.back().content.assign(content->begin(), content->end());
   }
   if (!walk.clean) tag.tail.assign(body.begin() + static_cast<std::ptrdiff_t>(walk.end), body.end());
+  if (longest != contents.end()) {
+    CutDown(bytes, *longest);
+    tag.frames[static_cast<std::size_t>(longest - contents.begin())].content = std::move(bytes);
+  }
   // The zeros at the end of a frame that is cut off may be its own.
   if (EndsInCutFrame(tag.tail, version)) return tag;
   while (!tag.tail.empty() && tag.tail.back() == 0) tag.tail.pop_back();

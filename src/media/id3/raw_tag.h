@@ -50,6 +50,8 @@ struct RawTag {
 // version other than 2.2, 2.3 and 2.4, or 2.2 compressed as a whole. Frame sizes are taken as the version wants them
 // unless only the other form (plain or sync-safe) makes sense of the tag. What isn't frames ends up in the tail.
 std::optional<RawTag> ParseTag(const TagHeader& header, BytesView body);
+// The same from bytes that it may keep: the longest frame takes them over, so that a large one costs no second copy.
+std::optional<RawTag> TakeTag(const TagHeader& header, Bytes body);
 
 // The bytes of a whole tag of version 3 or 4, without padding. Throws Failure when it is too large for its size field
 // or wouldn't be read back as the same tag.
@@ -82,9 +84,16 @@ bool IsCompressed(const RawFrame& frame, const RawTag& tag);
 bool ShowsCompressed(const RawTag& tag);
 // The bytes that the frame's id defines, flags resolved; nothing when they are encrypted, broken, or compressed and
 // longer than a text (1 MiB) or a picture (16 MiB) should be.
-std::optional<Bytes> PlainContent(const RawFrame& frame, const RawTag& tag);
-// The same as ShownId's frame has it, which differs where ID3v2.2 had another layout.
-std::optional<Bytes> ShownContent(const RawFrame& frame, const RawTag& tag);
+// Of what isn't compressed no more than the first `most` stored bytes.
+std::optional<Bytes> PlainContent(const RawFrame& frame, const RawTag& tag, std::size_t most = SIZE_MAX);
+// Whether that is what the frame holds, as it stands there.
+bool IsPlain(const RawFrame& frame, const RawTag& tag);
+// So many bytes of a frame are looked at where a text is wanted; the rest of it is neither shown nor touched. A frame
+// can have 256 MiB, and nobody reads them.
+inline constexpr std::size_t kMostText = 1 << 20;
+// The content as ShownId's frame has it, which differs where ID3v2.2 had another layout. Of a text no more than
+// kMostText bytes. It may stand in the frame itself, so it is valid for as long as that and `room` are.
+std::optional<BytesView> ShownContent(const RawFrame& frame, const RawTag& tag, Bytes& room);
 // Gives the frame a new content and keeps its status flags. It leaves its group: few programs can read a grouped
 // frame.
 void ReplaceContent(RawFrame& frame, const Bytes& content, const RawTag& tag);

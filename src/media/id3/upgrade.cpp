@@ -3,6 +3,7 @@
 #include <optional>
 #include <string_view>
 
+#include "media/id3/frame_content.h"
 #include "media/id3/frame_walk.h"
 #include "media/id3/raw_tag.h"
 #include "playlist/paths/text.h"
@@ -141,10 +142,16 @@ std::string_view ShownId(const RawFrame& frame) {
   return pair != nullptr ? pair->id : std::string_view(frame.id);
 }
 
-std::optional<Bytes> ShownContent(const RawFrame& frame, const RawTag& tag) {
-  auto content = PlainContent(frame, tag);
+std::optional<BytesView> ShownContent(const RawFrame& frame, const RawTag& tag, Bytes& room) {
+  const std::size_t most = KindOf(ShownId(frame)) ? kMostText : SIZE_MAX;
   const IdPair* pair = FindFilledId(frame);
-  return content && pair != nullptr ? UpgradedContent(pair->old_id, std::move(*content)) : content;
+  if (pair == nullptr && IsPlain(frame, tag))
+    return BytesView(frame.content).first(std::min(frame.content.size(), most));
+  auto content = PlainContent(frame, tag, most);
+  if (content && pair != nullptr) content = UpgradedContent(pair->old_id, std::move(*content));
+  if (!content) return std::nullopt;
+  room = std::move(*content);
+  return room;
 }
 
 }  // namespace qublet

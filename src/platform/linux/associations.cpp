@@ -17,7 +17,7 @@ bool IsPlayer(const DesktopEntry& entry) {
 
 std::string ExecutableOf(const DesktopEntry& entry) {
   std::error_code error;
-  const std::filesystem::path real = std::filesystem::canonical(FindProgram(entry.command.front()), error);
+  const std::filesystem::path real = std::filesystem::canonical(entry.program, error);
   return error || !entry.RunsByItself() ? "" : real.string();
 }
 
@@ -31,7 +31,7 @@ class DesktopAssociations : public Associations {
       const std::optional<DesktopEntry> entry = FindHandler(TypesOf(path));
       if (!entry) return;
       program = {"", entry->id, IsPlayer(*entry), ExecutableOf(*entry)};
-      program.path = files_.FromNative(FindProgram(entry->command.front()));
+      program.path = files_.FromNative(entry->program);
     });
     return program;
   }

@@ -164,7 +164,8 @@ std::optional<DesktopEntry> ReadDesktopEntry(const std::string& id, const std::s
   const std::string text = ReadGroups(native);
   if (ValueOf(text, kMain, "Type") != "Application" || ValueOf(text, kMain, "Hidden") == "true") return std::nullopt;
   const auto words = CommandWords(Unescaped(ValueOf(text, kMain, "Exec")));
-  if (!words || words->empty() || FindProgram(words->front()).empty()) return std::nullopt;
+  const std::string program = words && !words->empty() ? FindProgram(words->front()) : "";
+  if (program.empty()) return std::nullopt;
   const std::string wanted = Unescaped(ValueOf(text, kMain, "TryExec"));
   if (!wanted.empty() && FindProgram(wanted).empty()) return std::nullopt;
   return DesktopEntry{id,
@@ -172,6 +173,8 @@ std::optional<DesktopEntry> ReadDesktopEntry(const std::string& id, const std::s
                       Unescaped(ValueOf(text, kMain, "Name")),
                       Unescaped(ValueOf(text, kMain, "Icon")),
                       *words,
+                      program,
+                      Unescaped(ValueOf(text, kMain, "Path")),
                       ListOf(text, kMain, "Categories"),
                       ListOf(text, kMain, "MimeType"),
                       ValueOf(text, kMain, "Terminal") == "true"};

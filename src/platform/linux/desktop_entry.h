@@ -27,6 +27,8 @@ struct DesktopEntry {
   std::string name;
   std::string icon;
   std::vector<std::string> command;  // words of the Exec line, with their field codes
+  std::string program;               // that the first word means, absolute
+  std::string folder;                // where it wants to begin, "" for anywhere
   std::vector<std::string> categories;
   std::vector<std::string> types;
   bool in_terminal = false;

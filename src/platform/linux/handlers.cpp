@@ -182,6 +182,11 @@ std::vector<std::string> TypesOf(const std::string& file_name) {
   return types;
 }
 
+bool IsAudio(const std::string& file_name) {
+  const std::vector<std::string> types = TypesOf(file_name);
+  return !types.empty() && types.front() != kPlaylistTypes.front();
+}
+
 std::optional<DesktopEntry> FindHandler(const std::vector<std::string>& types) {
   return Search(types).Run();
 }

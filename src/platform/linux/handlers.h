@@ -16,6 +16,9 @@ namespace qublet {
 // them has an old name beside it.
 std::vector<std::string> TypesOf(const std::string& file_name);
 
+// Whether the name ends like one of the four kinds of audio files.
+bool IsAudio(const std::string& file_name);
+
 // The program for the first of the types that has one. What someone chose comes before what is merely installed, and
 // what this user chose before what the system offers:
 //

@@ -3,10 +3,15 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <condition_variable>
 #include <cstdlib>
+#include <mutex>
 #include <new>
 #include <string>
+#include <thread>
 #include <utility>
+
+#include "platform/failure.h"
 
 namespace qublet {
 namespace {
@@ -74,12 +79,54 @@ BusMessage BusCall(const char* destination, const char* path, const char* interf
   return call;
 }
 
+// A connection that is being made. The library waits until the bus has room for it among those that it hasn't looked
+// at yet, however long that takes, so it waits on a thread of its own. What comes when nobody waits any more is
+// closed.
+struct MessageBus::Opening {
+  struct Close {
+    void operator()(DBusConnection* connection) const {
+      dbus_connection_close(connection);
+      dbus_connection_unref(connection);
+    }
+  };
+
+  const std::string address;
+  std::mutex mutex;  // of what stands below
+  std::condition_variable changed;
+  bool over = false;
+  std::unique_ptr<DBusConnection, Close> connection;
+};
+
+// Nothing until there is one; an attempt that takes longer than `deadline` is waited for again by the next call.
+DBusConnection* MessageBus::Open(const std::string& address, Deadline deadline) {
+  if (!opening_ || opening_->address != address) {
+    opening_.reset(new Opening{address, {}, {}, false, nullptr});
+    const auto open = [opening = opening_] {
+      DBusConnection* connection = dbus_connection_open_private(opening->address.c_str(), nullptr);
+      const std::lock_guard lock(opening->mutex);
+      opening->connection.reset(connection);
+      opening->over = true;
+      opening->changed.notify_all();
+    };
+    if (!Guarded([&] { std::thread(open).detach(); })) {
+      opening_.reset();
+      return nullptr;
+    }
+  }
+  std::unique_lock lock(opening_->mutex);
+  if (!opening_->changed.wait_until(lock, deadline, [&] { return opening_->over; })) return nullptr;
+  DBusConnection* connection = opening_->connection.release();
+  lock.unlock();
+  opening_.reset();
+  return connection;
+}
+
 bool MessageBus::Connect(Deadline deadline) {
   if (connection_ != nullptr && dbus_connection_get_is_connected(connection_)) return true;
   Close();
   const std::string address = whose_ == Whose::kSession ? SessionAddress() : SystemAddress();
   if (address.empty()) return false;
-  connection_ = dbus_connection_open_private(address.c_str(), nullptr);
+  connection_ = Open(address, deadline);
   if (connection_ == nullptr) return false;
   dbus_connection_set_exit_on_disconnect(connection_, FALSE);
   std::vector<BusMessage> hello;

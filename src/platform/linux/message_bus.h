@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace qublet {
@@ -33,12 +34,16 @@ class MessageBus {
   BusMessage Ask(BusMessage call, Deadline deadline);
 
  private:
+  struct Opening;
+
   bool Connect(Deadline deadline);
+  DBusConnection* Open(const std::string& address, Deadline deadline);
   std::vector<BusMessage> SendAndWait(const std::vector<BusMessage>& calls, Deadline deadline);
   void Close();
 
   const Whose whose_;
   DBusConnection* connection_ = nullptr;
+  std::shared_ptr<Opening> opening_;  // under way
 };
 
 // A call that starts no program when nobody has the name. Every text must be well-formed for the bus.

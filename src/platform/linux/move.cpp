@@ -50,6 +50,11 @@ void MoveAcross(const std::string& from, const std::string& to) {
   copy.CopyFrom(*source, 0, source->Size());
   if (!SameContent(*source, *copy.OpenWritten())) throw Failure("the copy differs", to);
   copy.Commit();
+  struct stat status {};
+  if (stat(from.c_str(), &status) != 0 || VersionOf(status) != source->Version()) {
+    unlink(to.c_str());
+    throw ChangedMeanwhile();
+  }
   if (unlink(from.c_str()) == 0) return;
   const int error = errno;
   unlink(to.c_str());

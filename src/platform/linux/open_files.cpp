@@ -42,10 +42,17 @@ class DescriptorInPlace : public InPlaceFile {
 
 }  // namespace
 
+FileVersion VersionOf(const struct stat& status) {
+  constexpr std::int64_t kNanoseconds = 1'000'000'000;
+  const auto in_nanoseconds = [](const timespec& time) { return time.tv_sec * kNanoseconds + time.tv_nsec; };
+  return {status.st_dev, status.st_ino, status.st_size, in_nanoseconds(status.st_mtim),
+          in_nanoseconds(status.st_ctim)};
+}
+
 DescriptorInput::DescriptorInput(Descriptor file) : file_(std::move(file)) {
   const struct stat status = StatusOf(file_);
   if (!S_ISREG(status.st_mode)) throw Failure("only a regular file can be read");
-  size_ = status.st_size;
+  version_ = VersionOf(status);
 }
 
 std::size_t DescriptorInput::ReadAt(std::int64_t offset, std::span<std::uint8_t> buffer) {

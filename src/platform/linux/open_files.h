@@ -13,14 +13,17 @@ namespace qublet {
 class DescriptorInput : public InputFile {
  public:
   explicit DescriptorInput(Descriptor file);
-  std::int64_t Size() const override { return size_; }
+  std::int64_t Size() const override { return version_.size; }
+  std::optional<FileVersion> Version() const override { return version_; }
   std::size_t ReadAt(std::int64_t offset, std::span<std::uint8_t> buffer) override;
   const Descriptor& File() const { return file_; }
 
  private:
   Descriptor file_;
-  std::int64_t size_;
+  FileVersion version_;
 };
+
+FileVersion VersionOf(const struct stat& status);
 
 // Opens a regular file for reading; anything else is refused without waiting for it. Throws Failure.
 std::unique_ptr<DescriptorInput> OpenInput(const std::string& native, Whose whose = Whose::kAnybodys);

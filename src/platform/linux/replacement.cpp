@@ -146,6 +146,13 @@ void Replacement::CopyAttributes() {
   if (has_source) CopyTimes(model, file_);
 }
 
+void Replacement::RefuseAnotherVersion() const {
+  if (!only_) return;
+  struct stat status {};
+  const bool there = fstatat(folder_.Get(), name_.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+  if (!there || VersionOf(status) != *only_) throw ChangedMeanwhile();
+}
+
 void Replacement::TakePlace() {
   const WholeStep step = BeginWholeStep();
   if (role_ == Role::kMoved) {
@@ -162,6 +169,7 @@ void Replacement::Commit() {
   FlushBuffer();
   CopyAttributes();
   FlushToDisk(file_);
+  RefuseAnotherVersion();
   TakePlace();
   file_ = Descriptor();
   FolderFlushes at_once;

@@ -31,6 +31,7 @@ class Replacement : public BufferedReplacement {
 
   void CopyFrom(InputFile& source, std::int64_t offset, std::int64_t length) override;
   std::unique_ptr<InputFile> OpenWritten() override;
+  void ReplaceOnly(const FileVersion& version) override { only_ = version; }
   void Commit() override;
 
  private:
@@ -41,6 +42,7 @@ class Replacement : public BufferedReplacement {
   void LeaveHole(std::int64_t length);
   std::int64_t CopyInKernel(const Descriptor& source, std::int64_t offset, std::int64_t length);
   void CopyAttributes();
+  void RefuseAnotherVersion() const;
   void TakePlace();
 
   Role role_;
@@ -50,7 +52,8 @@ class Replacement : public BufferedReplacement {
   std::string temporary_;  // in folder_, "" when there is none (any more)
   Descriptor folder_;
   std::optional<struct stat> present_;
-  Descriptor present_file_;  // open when the present file can be read
+  std::optional<FileVersion> only_;  // the one version that may be replaced
+  Descriptor present_file_;          // open when the present file can be read
   Descriptor file_;
   std::size_t waiting_ = 0;  // bytes written that haven't set out for the disk
 };

@@ -9,8 +9,12 @@
 #include <array>
 #include <csignal>
 #include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -23,6 +27,31 @@ extern char** environ;
 
 namespace qublet {
 namespace {
+
+// Where a program begins: in the folder that it wants, else at home. The current folder is that of a playlist, and a
+// program would load what lies there.
+std::string StartFolder(const std::string& wanted = "") {
+  const char* home = std::getenv("HOME");
+  std::error_code error;
+  for (const std::string& folder : {wanted, std::string(home != nullptr ? home : "")}) {
+    if (folder.starts_with('/') && std::filesystem::is_directory(folder, error)) return folder;
+  }
+  return "/";
+}
+
+// What is to be started: a file, found once, and the words that it is given, its own name first.
+struct Command {
+  std::string program;  // absolute
+  std::vector<std::string> words;
+  std::string folder = StartFolder();
+};
+
+// A program of $PATH. Nothing when it can't be run.
+std::optional<Command> CommandOf(std::vector<std::string> words) {
+  std::string program = FindProgram(words.front());
+  if (program.empty()) return std::nullopt;
+  return Command{std::move(program), std::move(words)};
+}
 
 // How a program starts: in a session of its own, with nothing to read and nobody to talk to, all signals as usual.
 class StartConditions {
@@ -47,11 +76,13 @@ class StartConditions {
   StartConditions& operator=(const StartConditions&) = delete;
 
   // Number of the new process, 0 when it can't be started.
-  pid_t Start(const std::vector<std::string>& command, const std::vector<std::string>& environment) const {
-    std::vector<char*> words = Pointers(command);
+  pid_t Start(const Command& command, const std::vector<std::string>& environment) {
+    std::vector<char*> words = Pointers(command.words);
     std::vector<char*> variables = Pointers(environment);
+    posix_spawn_file_actions_addchdir_np(&actions_, command.folder.c_str());
     pid_t process = 0;
-    const int error = posix_spawnp(&process, words[0], &actions_, &attributes_, words.data(), variables.data());
+    const int error =
+        posix_spawn(&process, command.program.c_str(), &actions_, &attributes_, words.data(), variables.data());
     return error == 0 ? process : 0;
   }
 
@@ -67,29 +98,29 @@ class StartConditions {
   posix_spawn_file_actions_t actions_{};
 };
 
-using Commands = std::vector<std::vector<std::string>>;
+using Words = std::vector<std::vector<std::string>>;
 
 // Of the desktops in their own order; the folder follows the last word.
-const Commands kSearches{{"catfish", "--path="}, {"kfind", ""}, {"mate-search-tool", "--path="}};
-const Commands kVolumeControls{{"pavucontrol"},
-                               {"pavucontrol-qt"},
-                               {"gnome-control-center", "sound"},
-                               {"systemsettings", "kcm_pulseaudio"},
-                               {"cinnamon-settings", "sound"},
-                               {"mate-volume-control"},
-                               {"qasmixer"}};
+const Words kSearches{{"catfish", "--path="}, {"kfind", ""}, {"mate-search-tool", "--path="}};
+const Words kVolumeControls{{"pavucontrol"},
+                            {"pavucontrol-qt"},
+                            {"gnome-control-center", "sound"},
+                            {"systemsettings", "kcm_pulseaudio"},
+                            {"cinnamon-settings", "sound"},
+                            {"mate-volume-control"},
+                            {"qasmixer"}};
 
 // What shows a program that has no window; the program and its words follow.
-const Commands kTerminals{{"xdg-terminal-exec"},
-                          {"x-terminal-emulator", "-e"},
-                          {"gnome-terminal", "--"},
-                          {"konsole", "-e"},
-                          {"xfce4-terminal", "-x"},
-                          {"mate-terminal", "-x"},
-                          {"kitty"},
-                          {"foot"},
-                          {"alacritty", "-e"},
-                          {"xterm", "-e"}};
+const Words kTerminals{{"xdg-terminal-exec"},
+                       {"x-terminal-emulator", "-e"},
+                       {"gnome-terminal", "--"},
+                       {"konsole", "-e"},
+                       {"xfce4-terminal", "-x"},
+                       {"mate-terminal", "-x"},
+                       {"kitty"},
+                       {"foot"},
+                       {"alacritty", "-e"},
+                       {"xterm", "-e"}};
 
 // What every program for Windows begins with.
 constexpr std::array<std::uint8_t, 2> kWindowsProgram{'M', 'Z'};
@@ -106,11 +137,12 @@ std::vector<std::string> EnvironmentFor(const std::string& startup_id) {
   return environment;
 }
 
-// The first command whose program can be run; empty when there is none.
-std::vector<std::string> FirstInstalled(const Commands& commands) {
-  for (const std::vector<std::string>& command : commands)
-    if (!FindProgram(command.front()).empty()) return command;
-  return {};
+// The first whose program can be run.
+std::optional<Command> FirstInstalled(const Words& commands) {
+  for (const std::vector<std::string>& words : commands) {
+    if (auto command = CommandOf(words)) return command;
+  }
+  return std::nullopt;
 }
 
 class DesktopShell : public Shell {
@@ -118,12 +150,13 @@ class DesktopShell : public Shell {
   DesktopShell(const FileSystem& files, StartupIds startup_ids)
       : files_(files), startup_ids_(std::move(startup_ids)) {}
 
-  void Open(const std::string& path) override {
-    ResumeNext([&] {
-      const std::vector<std::string> command = CommandFor(path, files_.ToNative(path));
-      if (!command.empty()) Start(command);
-    });
+  bool Open(const std::string& path) override {
+    bool started = false;
+    ResumeNext([&] { started = Start(CommandFor(path, Absolute(path))); });
+    return started;
   }
+
+  bool OpenAudio(const std::string& path) override { return IsAudio(path) && Open(path); }
 
   bool CanStart(const std::string& program) const override {
     return Guarded([&] {
@@ -136,13 +169,19 @@ class DesktopShell : public Shell {
   }
 
   void Start(const std::string& program, const std::string& argument) override {
-    if (!CanStart(program)) return Open(program);
-    ResumeNext([&] { Start({NativeProgram(program), argument}); });
+    if (!CanStart(program)) {
+      Open(program);
+      return;
+    }
+    ResumeNext([&] {
+      const std::string native = NativeProgram(program);
+      Start(Command{native, {native, argument}});
+    });
   }
 
   void OpenAddress(const std::string& address) override {
     ResumeNext([&] {
-      if (IsWebAddress(address)) Start({"xdg-open", address});
+      if (IsWebAddress(address)) Start(CommandOf({"xdg-open", address}));
     });
   }
 
@@ -150,9 +189,9 @@ class DesktopShell : public Shell {
 
   void Find(const std::string& folder) override {
     ResumeNext([&] {
-      std::vector<std::string> command = FirstInstalled(kSearches);
-      if (command.empty()) return Explore(folder);
-      command.back() += files_.ToNative(folder);
+      std::optional<Command> command = FirstInstalled(kSearches);
+      if (!command) return Explore(folder);
+      command->words.back() += Absolute(folder);
       Start(command);
     });
   }
@@ -166,20 +205,18 @@ class DesktopShell : public Shell {
 
   bool OpenVolumeControl() override {
     return Guarded([&] {
-      const std::vector<std::string> command = FirstInstalled(kVolumeControls);
-      if (command.empty()) throw Failure("no volume control");
-      Start(command);
+      if (!Start(FirstInstalled(kVolumeControls))) throw Failure("no volume control");
     });
   }
 
   std::string HandOverFolder() override { return files_.FromNative(TemporaryFolder()); }
 
  private:
-  // A bare name would be looked for in $PATH.
-  std::string NativeProgram(const std::string& program) const {
-    const std::string native = files_.ToNative(program);
-    return native.find('/') == native.npos ? "./" + native : native;
+  // What is started begins in another folder than this process.
+  std::string Absolute(const std::string& path) const {
+    return std::filesystem::absolute(files_.ToNative(path)).string();
   }
+  std::string NativeProgram(const std::string& program) const { return Absolute(program); }
 
   // On a disk of Windows every file may be executed. One that can't be read is taken for a program.
   bool IsForWindows(const std::string& program) const {
@@ -190,26 +227,32 @@ class DesktopShell : public Shell {
 
   // Kinds that we know are opened by their own program or not at all: the system's opener would have a text editor
   // show a playlist.
-  static std::vector<std::string> CommandFor(const std::string& path, const std::string& native) {
+  static std::optional<Command> CommandFor(const std::string& path, const std::string& native) {
     const std::vector<std::string> types = TypesOf(path);
-    if (types.empty()) return {"xdg-open", native};
+    if (types.empty()) return CommandOf({"xdg-open", native});
     const std::optional<DesktopEntry> handler = FindHandler(types);
-    if (!handler) return {};
-    std::vector<std::string> command = handler->CommandLine(native);
+    if (!handler) return std::nullopt;
+    Command command{handler->program, handler->CommandLine(native), StartFolder(handler->folder)};
     if (!handler->in_terminal) return command;
-    const std::vector<std::string> terminal = FirstInstalled(kTerminals);
-    if (terminal.empty()) return {"xdg-open", native};
-    command.insert(command.begin(), terminal.begin(), terminal.end());
-    return command;
+    std::optional<Command> terminal = FirstInstalled(kTerminals);
+    if (!terminal) return CommandOf({"xdg-open", native});
+    command.words.front() = command.program;
+    terminal->words.insert(terminal->words.end(), command.words.begin(), command.words.end());
+    terminal->folder = command.folder;
+    return terminal;
   }
 
   std::string StartupId() const { return startup_ids_ ? startup_ids_() : ""; }
 
-  void Start(const std::vector<std::string>& command) {
+  // False when there is nothing that could be started.
+  bool Start(const std::optional<Command>& command) {
+    if (!command) return false;
     const std::vector<std::string> environment = EnvironmentFor(StartupId());
-    const pid_t process = StartConditions().Start(command, environment);
+    const pid_t process = StartConditions().Start(*command, environment);
+    if (process == 0) return false;
     // Nobody looks at how it ends, but the system keeps a process until someone has waited for it.
-    if (process != 0) std::thread([process] { waitpid(process, nullptr, 0); }).detach();
+    ResumeNext([&] { std::thread([process] { waitpid(process, nullptr, 0); }).detach(); });
+    return true;
   }
 
   const FileSystem& files_;

@@ -10,6 +10,10 @@ namespace {
 constexpr std::size_t kMostAtOnce = 1u << 30;
 constexpr const char* kOpenFile = "an open file";
 
+std::int64_t Joined(DWORD high, DWORD low) {
+  return static_cast<std::int64_t>(high) << 32 | low;
+}
+
 OVERLAPPED PlaceOf(std::int64_t offset) {
   OVERLAPPED place{};
   place.Offset = static_cast<DWORD>(offset);
@@ -47,7 +51,19 @@ class HandleInPlace : public InPlaceFile {
 
 }  // namespace
 
-HandleInput::HandleInput(Handle file) : file_(std::move(file)), size_(SizeOf(file_)) {}
+FileVersion VersionOf(const Handle& file) {
+  // Not every disk of a network knows all of it.
+  BY_HANDLE_FILE_INFORMATION facts{};
+  if (!GetFileInformationByHandle(file.Get(), &facts)) return {0, 0, SizeOf(file), 0, 0};
+  FILE_BASIC_INFO times{};
+  GetFileInformationByHandleEx(file.Get(), FileBasicInfo, &times, sizeof times);
+  return {facts.dwVolumeSerialNumber, static_cast<std::uint64_t>(Joined(facts.nFileIndexHigh, facts.nFileIndexLow)),
+          Joined(facts.nFileSizeHigh, facts.nFileSizeLow),
+          Joined(facts.ftLastWriteTime.dwHighDateTime, facts.ftLastWriteTime.dwLowDateTime),
+          times.ChangeTime.QuadPart};
+}
+
+HandleInput::HandleInput(Handle file) : file_(std::move(file)), version_(VersionOf(file_)) {}
 
 std::size_t HandleInput::ReadAt(std::int64_t offset, std::span<std::uint8_t> buffer) {
   if (offset < 0) throw Failure("a negative place in a file");

@@ -12,14 +12,18 @@ namespace qublet {
 class HandleInput : public InputFile {
  public:
   explicit HandleInput(Handle file);
-  std::int64_t Size() const override { return size_; }
+  std::int64_t Size() const override { return version_.size; }
+  std::optional<FileVersion> Version() const override { return version_; }
   std::size_t ReadAt(std::int64_t offset, std::span<std::uint8_t> buffer) override;
   const Handle& File() const { return file_; }
 
  private:
   Handle file_;
-  std::int64_t size_;
+  FileVersion version_;
 };
+
+// The state of an open file. Throws Failure.
+FileVersion VersionOf(const Handle& file);
 
 // Opens a file for reading; nothing that others do with it meanwhile is hindered. Throws Failure, also for a folder
 // or a device.

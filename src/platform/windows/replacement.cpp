@@ -121,6 +121,12 @@ std::unique_ptr<InputFile> Replacement::OpenWritten() {
   return OpenInput(temporary_);
 }
 
+void Replacement::RefuseAnotherVersion() const {
+  if (!only_) return;
+  const Handle present = OpenExisting(place_, FILE_READ_ATTRIBUTES);
+  if (!present.IsOpen() || VersionOf(present) != *only_) throw ChangedMeanwhile();
+}
+
 void Replacement::Commit() {
   if (temporary_.empty()) throw Failure("committed already", NarrowText(place_));
   FlushBuffer();
@@ -132,6 +138,7 @@ void Replacement::Commit() {
       FailWithLastError("set the time of", NarrowText(place_));
   }
   file_.Close();
+  RefuseAnotherVersion();
   PutInPlace();
   temporary_.clear();
   // The new version stands now, so attributes that can't be set are no failure any more.

@@ -27,12 +27,14 @@ class Replacement : public BufferedReplacement {
 
   void CopyFrom(InputFile& source, std::int64_t offset, std::int64_t length) override;
   std::unique_ptr<InputFile> OpenWritten() override;
+  void ReplaceOnly(const FileVersion& version) override { only_ = version; }
   void Commit() override;
 
  private:
   void CheckPresent();
   void OpenTemporary();
   void WriteOut(std::span<const std::uint8_t> bytes) override;
+  void RefuseAnotherVersion() const;
   void PutInPlace();
 
   Role role_;
@@ -40,6 +42,7 @@ class Replacement : public BufferedReplacement {
   std::wstring place_;
   std::wstring temporary_;                   // "" when there is none (any more)
   FILE_BASIC_INFO model_{};                  // of the source
+  std::optional<FileVersion> only_;          // the one version that may be replaced
   DWORD present_ = INVALID_FILE_ATTRIBUTES;  // of the present file
   Handle file_;
 };

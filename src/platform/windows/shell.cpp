@@ -14,7 +14,7 @@ class WindowsShell : public Shell {
  public:
   explicit WindowsShell(const FileSystem& files) : files_(files) {}
 
-  void Open(const std::string& path) override { Execute(L"open", path); }
+  bool Open(const std::string& path) override { return Execute(L"open", path); }
 
   bool CanStart(const std::string& program) const override {
     return Guarded([&] {
@@ -63,15 +63,15 @@ class WindowsShell : public Shell {
 
  private:
   // Above 32 is success (ShellExecute's own rule).
-  static bool Start(const wchar_t* program) {
-    const HINSTANCE result = ShellExecuteW(nullptr, L"open", program, nullptr, nullptr, SW_SHOWNORMAL);
+  static bool Execute(const wchar_t* verb, const wchar_t* native) {
+    const HINSTANCE result = ShellExecuteW(nullptr, verb, native, nullptr, nullptr, SW_SHOWNORMAL);
     return reinterpret_cast<INT_PTR>(result) > 32;
   }
-  void Execute(const wchar_t* verb, const std::string& path) const {
-    ResumeNext([&] {
-      const std::wstring native = WideText(files_.ToNative(path));
-      ShellExecuteW(nullptr, verb, native.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
-    });
+  static bool Start(const wchar_t* program) { return Execute(L"open", program); }
+  bool Execute(const wchar_t* verb, const std::string& path) const {
+    bool done = false;
+    ResumeNext([&] { done = Execute(verb, WideText(files_.ToNative(path)).c_str()); });
+    return done;
   }
 
   const FileSystem& files_;

@@ -1,8 +1,7 @@
 #include "playlist/paths/formats.h"
 
-#include <cmath>
-
 #include "platform/user_locale.h"
+#include "playlist/paths/numbers.h"
 #include "playlist/paths/text.h"
 
 namespace qublet {
@@ -43,7 +42,7 @@ std::string GroupedNumber(std::int64_t number, std::string_view thousands_separa
 std::string FormatSize(double bytes, std::string_view thousands_separator) {
   constexpr double kKilo = 1024;
   constexpr double kMega = kKilo * kKilo;
-  const auto whole = [&](double amount) { return GroupedNumber(std::llround(amount), thousands_separator); };
+  const auto whole = [&](double amount) { return GroupedNumber(NearestWhole(amount), thousands_separator); };
   if (bytes == 0) return "0 Bytes";
   if (bytes > 16 * kMega) return whole(bytes / kMega) + " Mb";
   if (bytes > 16 * kKilo) return whole(bytes / kKilo) + " Kb";

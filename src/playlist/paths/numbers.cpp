@@ -53,6 +53,18 @@ std::int32_t CheckedMultiply32(std::int32_t a, std::int32_t b) {
   return ToInteger32(static_cast<std::int64_t>(a) * b);
 }
 
+std::int64_t SaturatingAdd(std::int64_t a, std::int64_t b) {
+  constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
+  return a > kMost - b ? kMost : a + b;
+}
+
+std::int64_t NearestWhole(double value) {
+  constexpr double kBeyond = 9223372036854775808.0;
+  if (value >= kBeyond) return std::numeric_limits<std::int64_t>::max();
+  if (value < -kBeyond) return std::numeric_limits<std::int64_t>::min();
+  return std::llround(value);
+}
+
 std::int32_t ToInteger32(std::int64_t value) {
   return Narrowed<std::int32_t>(value);
 }

@@ -12,6 +12,11 @@ namespace qublet {
 
 // Throws Failure when the product doesn't fit 32 bits.
 std::int32_t CheckedMultiply32(std::int32_t a, std::int32_t b);
+// The sum of two numbers that aren't negative; the largest one when it doesn't fit. The sizes of two files may not.
+std::int64_t SaturatingAdd(std::int64_t a, std::int64_t b);
+// Nearest whole number, ties away from zero; the largest or smallest one when it doesn't fit.
+std::int64_t NearestWhole(double value);
+
 // Throws Failure when the value doesn't fit.
 std::int32_t ToInteger32(std::int64_t value);
 std::int16_t ToInteger16(std::int64_t value);

@@ -60,7 +60,10 @@ bool GetKeyValue(const MachineValues& values, const std::string& KeyName, const 
 
 void StartSysInfo(const Services& services) {
   const std::string program = SystemInfoProgram(services);
-  if (!program.empty()) return services.shell.Open(NormalizedPath(program));
+  if (!program.empty()) {
+    services.shell.Open(NormalizedPath(program));
+    return;
+  }
   services.dialogs.ShowMessage("System Information Is Unavailable At This Time", MessageIcon::kExclamation,
                                MessageButtons::kOk);
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/editor_test_base.h"
+#include "support/huge_files.h"
 
 namespace qublet {
 namespace {
@@ -92,6 +93,11 @@ TEST_F(CompilationTest, HasNoAnswerForTwoGibibytes) {
   EXPECT_EQ(Refusal(9), TooLarge("1,025 Mb"));
   Fill(1, "disc/b.mp3");
   EXPECT_EQ(Refusal(9), "");
+}
+
+TEST_F(CompilationTest, DoesNotFitHoweverHugeTheFilesAre) {
+  for (const char* name : {"disc/1.mp3", "disc/2.mp3", "disc/3.mp3"}) drives_.Write(name, "abc");
+  EXPECT_FALSE(CheckCompilation(HugeFiles(*files_), feedback_, "c:\\disc", 3, ",", found_).fits);
 }
 
 }  // namespace

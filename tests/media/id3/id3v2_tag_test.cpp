@@ -169,6 +169,41 @@ TEST(Id3v2TagSetFrame, TouchesNothingWhenEveryTextStaysTheSame) {
   }
 }
 
+TEST(Id3v2TagFrame, ShowsALongTextUpToTheBoundAndKeepsAllOfIt) {
+  const std::string text(3 * kMostText, 'x');
+  for (const int version : {3, 4}) {
+    Id3v2Tag tag = TagOf({TextFrame("TIT2", text), TextFrame("TPE1", "artist"), Frame("WOAR", text),
+                          Frame("USLT", "\0deu\0"s + text), Comment("description", text)},
+                         version);
+    const RawTag before = tag.Raw();
+    EXPECT_EQ(tag.Frame("TIT2"), std::string(kMostText - 1, 'x'));
+    EXPECT_EQ(tag.Frame("WOAR"), std::string(kMostText, 'x'));
+    EXPECT_EQ(tag.Frame("USLT"), std::string(kMostText - 5, 'x'));
+    EXPECT_EQ(tag.Comments().at(0).text, std::string(kMostText - 16, 'x'));
+    for (const char* id : {"TIT2", "WOAR", "USLT"}) tag.SetFrame(id, tag.Frame(id));
+    tag.SetComments(tag.Comments());
+    EXPECT_EQ(tag.Raw(), before);
+    tag.SetFrame("TPE1", "another");
+    EXPECT_EQ(tag.Raw().frames[0], before.frames[0]);
+    EXPECT_EQ(tag.Raw().frames[4], before.frames[4]);
+  }
+}
+
+TEST(Id3v2TagFrame, ShowsALongTextUpToTheBoundWhateverItsFlagsAre) {
+  RawTag raw;
+  raw.version = 4;
+  raw.unsynchronised = true;
+  raw.frames = {TextFrame("TIT2", std::string(3 * kMostText, 'x'))};
+  const Id3v2Tag tag(std::move(raw));
+  EXPECT_EQ(tag.Frame("TIT2"), std::string(kMostText - 1, 'x'));
+}
+
+TEST(Id3v2TagPictures, AreShownWhole) {
+  const std::string picture = "\x89PNG" + std::string(2 * kMostText, 'x');
+  const Id3v2Tag tag = TagOf({Frame("APIC", "\0image/png\0\x03\0"s + picture)});
+  EXPECT_EQ(AsText(tag.Pictures().at(0).data), picture);
+}
+
 TEST(Id3v2TagSetFrame, ChangesOneFrameAndNoOther) {
   Id3v2Tag tag = TagOf({Frame("RVAD", "abc"), TextFrame("TIT2", "old"), Frame("XSOP", "q")});
   tag.SetFrame("TIT2", "new");

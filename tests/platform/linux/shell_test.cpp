@@ -116,8 +116,68 @@ TEST_F(ShellTest, LeavesOtherFilesAndFoldersToTheSystem) {
   EXPECT_EQ(Noted(), (desktop_.Drives().C() / "folder").string() + "\nend\n");
 }
 
+TEST_F(ShellTest, SaysWhetherAProgramWasStarted) {
+  EXPECT_FALSE(shell_->Open("c:\\a.m3u")) << "nobody owns it";
+  EXPECT_FALSE(shell_->Open("c:\\page.html")) << "there is no opener";
+  EXPECT_FALSE(shell_->Open("q:\\a.m3u"));
+  AddLogger("play");
+  TemporaryDesktop::AddEntry(desktop_.Data(), "play", "Exec=play %U\nMimeType=audio/x-mpegurl;\n");
+  EXPECT_TRUE(shell_->Open("c:\\a.m3u"));
+  EXPECT_NE(Noted(), "");
+  TemporaryDrives::WriteAt(desktop_.Programs() / "play", "#!/no/such/interpreter\n");
+  EXPECT_FALSE(shell_->Open("c:\\a.m3u"));
+}
+
+TEST_F(ShellTest, OpensNothingButAudioFilesOfAList) {
+  AddLogger("xdg-open");
+  AddLogger("play");
+  TemporaryDesktop::AddEntry(desktop_.Data(), "play", "Exec=play %U\nMimeType=audio/mpeg;audio/x-mpegurl;\n");
+  for (const char* other : {"c:\\a.desktop", "c:\\a.sh", "c:\\a", "c:\\a.mp3\\b", "c:\\a.m3u", "c:\\a.m3u8"})
+    EXPECT_FALSE(shell_->OpenAudio(other)) << other;
+  EXPECT_TRUE(NothingComes());
+  EXPECT_TRUE(shell_->OpenAudio("c:\\a.MP3"));
+  EXPECT_EQ(Noted(), (desktop_.Drives().C() / "a.MP3").string() + "\nend\n");
+}
+
+TEST_F(ShellTest, BeginsNoProgramInThePlaylistsFolder) {
+  const std::filesystem::path home = desktop_.Drives().Root() / "home";
+  std::filesystem::create_directory(home);
+  const Variable at_home("HOME", home.string());
+  desktop_.Drives().Write("m/a.m3u", "");
+  files_->SetCurrentFolder("c:\\m");
+  desktop_.AddProgram("play", "{ pwd; echo \"$1\"; echo end; } >'" + Log().string() + "'\n");
+  const std::string entry = "Exec=play %f\nMimeType=audio/x-mpegurl;\n";
+  const std::string file = (desktop_.Drives().C() / "m/a.m3u").string() + "\nend\n";
+  const auto noted_with = [&](const std::string& keys) {
+    std::filesystem::remove(Log());
+    TemporaryDesktop::AddEntry(desktop_.Data(), "play", entry + keys);
+    shell_->Open("a.m3u");
+    return Noted();
+  };
+  EXPECT_EQ(noted_with(""), home.string() + "\n" + file);
+  EXPECT_EQ(noted_with("Path=" + desktop_.Programs().string() + "\n"), desktop_.Programs().string() + "\n" + file);
+  EXPECT_EQ(noted_with("Path=/no/such/folder\n"), home.string() + "\n" + file);
+  EXPECT_EQ(noted_with("Path=.\n"), home.string() + "\n" + file);
+}
+
+TEST_F(ShellTest, StartsTheProgramThatWasFoundAndNoNamesakeInTheCurrentFolder) {
+  AddLogger("play");
+  AddLogger("xdg-open");
+  const Variable with_here("PATH", ":." + (":" + desktop_.Programs().string()));
+  for (const char* name : {"play", "xdg-open"}) {
+    TemporaryDrives::WriteAt(desktop_.Drives().C() / name, "#!/bin/sh\necho wrong >'" + Log().string() + "'\n");
+    std::filesystem::permissions(desktop_.Drives().C() / name, std::filesystem::perms::owner_all);
+  }
+  TemporaryDesktop::AddEntry(desktop_.Data(), "play", "Exec=play %U\nMimeType=audio/x-mpegurl;\n");
+  for (const char* path : {"c:\\a.m3u", "c:\\page.html"}) {
+    std::filesystem::remove(Log());
+    shell_->Open(path);
+    EXPECT_EQ(Noted(), files_->ToNative(path) + "\nend\n");
+  }
+}
+
 TEST_F(ShellTest, StartsAProgramWithoutAWindowInATerminal) {
-  desktop_.AddProgram("play");
+  const std::string play = desktop_.AddProgram("play").string();
   TemporaryDesktop::AddEntry(desktop_.Data(), "play", "Exec=play -q %f\nTerminal=true\nMimeType=audio/x-mpegurl;\n");
   const std::string native = (desktop_.Drives().C() / "a b.m3u").string();
   AddLogger("xdg-open");
@@ -126,11 +186,11 @@ TEST_F(ShellTest, StartsAProgramWithoutAWindowInATerminal) {
   std::filesystem::remove(Log());
   AddLogger("xterm");
   shell_->Open("c:\\a b.m3u");
-  EXPECT_EQ(Noted(), "-e\nplay\n-q\n" + native + "\nend\n");
+  EXPECT_EQ(Noted(), "-e\n" + play + "\n-q\n" + native + "\nend\n");
   std::filesystem::remove(Log());
   AddLogger("x-terminal-emulator");
   shell_->Open("c:\\a b.m3u");
-  EXPECT_EQ(Noted(), "-e\nplay\n-q\n" + native + "\nend\n");
+  EXPECT_EQ(Noted(), "-e\n" + play + "\n-q\n" + native + "\nend\n");
 }
 
 TEST_F(ShellTest, LeavesNothingOfAProgramThatHasEnded) {

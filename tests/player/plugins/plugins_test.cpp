@@ -155,16 +155,17 @@ TEST_F(PluginsTest, AreToldToBeMissingWithoutAProgram) {
   EXPECT_FALSE(std::filesystem::exists(drives_.C() / "program/tmp.m3u"));
 }
 
-TEST_F(PluginsTest, AreNotStartedWithoutAPlaylist) {
+TEST_F(PluginsTest, AreNotStartedWithoutAPlaylistButWithTheOwnOneWhereItsTwinIsMissing) {
   Enter("1", "Tool", "", "c:\\tools\\tool.exe");
   std::filesystem::remove(drives_.C() / "program");
   Click(1);
   EXPECT_EQ(dialogs_.messages, Told("Failed to create temp file for plugin transaction."));
   std::filesystem::create_directory(drives_.C() / "program");
   shell_.refuses = true;
-  Click(1);
-  EXPECT_EQ(dialogs_.messages.size(), 2u);
   EXPECT_TRUE(shell_.started.empty());
+  Click(1);
+  EXPECT_EQ(dialogs_.messages.size(), 1u);
+  EXPECT_EQ(shell_.started, Collection{"c:\\tools\\tool.exe <" + files_->ToNative("c:\\program\\tmp.m3u") + ">"});
 }
 
 class AccessoryToolsTest : public EditorTestBase {

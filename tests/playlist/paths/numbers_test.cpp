@@ -131,5 +131,22 @@ TEST(PadNumberToWidth, FillsUpToTheWidthOfTheOtherNumber) {
   for (const auto& c : cases) EXPECT_EQ(PadNumberToWidth(c.value, c.width_value), c.expected);
 }
 
+TEST(SaturatingAdd, EndsAtTheLargestNumber) {
+  constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
+  EXPECT_EQ(SaturatingAdd(1, 2), 3);
+  EXPECT_EQ(SaturatingAdd(kMost - 1, 1), kMost);
+  EXPECT_EQ(SaturatingAdd(kMost, 1), kMost);
+  EXPECT_EQ(SaturatingAdd(1, kMost), kMost);
+  EXPECT_EQ(SaturatingAdd(kMost, kMost), kMost);
+}
+
+TEST(NearestWhole, EndsAtTheLargestAndSmallestNumber) {
+  EXPECT_EQ(NearestWhole(2.5), 3);
+  EXPECT_EQ(NearestWhole(-2.4), -2);
+  EXPECT_EQ(NearestWhole(1.8e19), std::numeric_limits<std::int64_t>::max());
+  EXPECT_EQ(NearestWhole(9223372036854775807.0), std::numeric_limits<std::int64_t>::max());
+  EXPECT_EQ(NearestWhole(-1.8e19), std::numeric_limits<std::int64_t>::min());
+}
+
 }  // namespace
 }  // namespace qublet
