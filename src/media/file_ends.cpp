@@ -199,8 +199,12 @@ void ChangeInPlace(const FileSystem& files, const std::string& path, InputFile& 
   const Patch tail{kept.offset + kept.length, change.tail};
   const Patch old_head{head.offset, ReadBytes(present, head.offset, static_cast<std::int64_t>(head.bytes.size()))};
   const Patch old_tail{tail.offset, ReadBytes(present, tail.offset, change.old_tail)};
+  // What couldn't be put back isn't changed.
+  Check(old_head.bytes.size() == head.bytes.size() &&
+        static_cast<std::int64_t>(old_tail.bytes.size()) == change.old_tail);
 
   const auto file = files.OpenInPlace(path);
+  if (file->Size() != present.Size()) throw Failure("the file has changed meanwhile");
   try {
     Apply(*file, head);
     Apply(*file, tail);
