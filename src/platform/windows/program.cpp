@@ -15,6 +15,7 @@
 #include "platform/windows/console_buffer.h"
 #include "platform/windows/user_folders.h"
 #include "platform/windows/wide_text.h"
+#include "platform/windows/word_cutter.h"
 
 namespace qublet {
 namespace {
