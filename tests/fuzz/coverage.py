@@ -54,8 +54,11 @@ def figures(build, sources):
         subprocess.run(["llvm-profdata-14", "merge", "-sparse", "-o", scratch / "all", *counts], check=True)
         objects = [word for program, _ in targets(build) for word in ("-object", program)]
         exported = subprocess.run(["llvm-cov-14", "export", "-summary-only", "-instr-profile", scratch / "all",
-                                   *objects[1:], *sources], capture_output=True, text=True, check=True).stdout
-    lines = {Path(file["filename"]): file["summary"]["lines"] for file in json.loads(exported)["data"][0]["files"]}
+                                   *objects[1:]], capture_output=True, text=True, check=True).stdout
+    lines = {}
+    for file in json.loads(exported)["data"][0]["files"]:
+        # The compiler may have been told a path from the build folder.
+        lines[Path(os.path.normpath(build / file["filename"]))] = file["summary"]["lines"]
     return {source: (lines[source]["count"], lines[source]["covered"]) for source in sources if source in lines}
 
 

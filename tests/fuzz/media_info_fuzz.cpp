@@ -28,6 +28,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     GetMediaInfo(files, path, info);
     Require(info.Found && info.Size == static_cast<std::int32_t>(size) && info.Path.ends_with('\\'));
     Require(info.Length >= 0);
+    if (IsVbr(info.Bitrate)) ResumeNext([&] { Require(VbrLength(info.Size, info.Bitrate) >= 0); });
     for (const std::string& text : {info.ID, info.Layer, info.Bitrate, info.Samplerate, info.Mode})
       Require(IsAscii(text));
     Require(IsPlain(GetMp3TrackTitle(files, path)) && IsPlain(GetOggTrackTitle(files, path)));
