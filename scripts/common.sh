@@ -16,7 +16,7 @@ root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd -P)
   package_packages=(dpkg-dev file)
   windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev dpkg-dev googletest zip)
   wine_packages=(wine wine64 fonts-wine)
-  fuzz_packages=(clang libclang-rt-14-dev)
+  fuzz_packages=(clang libclang-rt-14-dev llvm-14)
   tidy_packages=(git clang clang-tidy)
   format_packages=(git clang-format)
 }

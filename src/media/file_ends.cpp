@@ -199,9 +199,13 @@ void ChangeInPlace(const FileSystem& files, const std::string& path, InputFile& 
   const Patch tail{kept.offset + kept.length, change.tail};
   const Patch old_head{head.offset, ReadBytes(present, head.offset, static_cast<std::int64_t>(head.bytes.size()))};
   const Patch old_tail{tail.offset, ReadBytes(present, tail.offset, change.old_tail)};
+  // What couldn't be put back isn't changed.
+  Check(old_head.bytes.size() == head.bytes.size() &&
+        static_cast<std::int64_t>(old_tail.bytes.size()) == change.old_tail);
 
   const auto file = files.OpenInPlace(path);
-  if (files.OpenForReading(path)->Version() != present.Version()) throw ChangedMeanwhile();
+  if (file->Size() != present.Size() || files.OpenForReading(path)->Version() != present.Version())
+    throw ChangedMeanwhile();
   try {
     Apply(*file, head);
     Apply(*file, tail);

@@ -4,6 +4,7 @@
 
 #include "media/tag_object.h"
 #include "support/forwarding_file_system.h"
+#include "support/memory_file.h"
 #include "support/tag_bytes.h"
 #include "support/temporary_drives.h"
 
@@ -19,7 +20,7 @@ class FailingInPlace : public ForwardingFileSystem {
 
   bool IsReadOnly(const std::string& path) const override { return path == "c:\\"; }
   std::unique_ptr<FileReplacement> BeginReplacement(const std::string& /*path*/) const override {
-    throw Failure("no access to the folder");
+    throw FolderRefusesWriting("no access to the folder");
   }
   std::unique_ptr<InPlaceFile> OpenInPlace(const std::string& path) const override {
     return std::make_unique<File>(files_.OpenInPlace(path), calls_left_);
@@ -84,6 +85,40 @@ TEST_F(FileEndsTest, TakesAnAddedTailBackWhenItFails) {
     TagObject tag(failing);
     EXPECT_THROW(tag.WriteID3v1(kSong), Failure);
     EXPECT_EQ(drives_.Read("song.mp3"), AudioBytes());
+  }
+}
+
+TEST_F(FileEndsTest, DoesNotChangeAFileInPlaceThatIsNoLongerTheOneThatWasOpened) {
+  constexpr int kNever = 100;
+  const FailingInPlace in_place(*files_, kNever);
+  for (const std::string& now : {AudioBytes() + "more", AudioBytes().substr(0, 500), std::string()}) {
+    drives_.Write("song.mp3", now);
+    MemoryFile present(AudioBytes());
+    EndsChange change;
+    change.tail = BytesOf(Id3v1Bytes("New"));
+    EXPECT_THROW(ReplaceEnds(in_place, kSong, present, change), Failure);
+    EXPECT_TRUE(drives_.Read("song.mp3") == now);
+  }
+}
+
+TEST_F(FileEndsTest, DoesNotChangeAFileInPlaceWhoseOldEndCannotBeRead) {
+  class EndsEarly : public MemoryFile {
+   public:
+    using MemoryFile::MemoryFile;
+    std::size_t ReadAt(std::int64_t offset, std::span<std::uint8_t> buffer) override {
+      return MemoryFile::ReadAt(offset, buffer.first(buffer.size() / 2));
+    }
+  };
+  const std::string before = AudioBytes() + Id3v1Bytes("Old");
+  for (int call = 1; call <= 3; ++call) {
+    drives_.Write("song.mp3", before);
+    const FailingInPlace failing(*files_, call);
+    EndsEarly present(before);
+    EndsChange change;
+    change.old_tail = 128;
+    change.tail = BytesOf(Id3v1Bytes("New"));
+    EXPECT_THROW(ReplaceEnds(failing, kSong, present, change), Failure);
+    EXPECT_EQ(drives_.Read("song.mp3"), before);
   }
 }
 

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "platform/failure.h"
+#include "platform/linux/bus_answers.h"
 #include "platform/linux/message_bus.h"
 
 namespace qublet {
@@ -46,80 +47,12 @@ BusMessage NameCall(const char* method, const std::string& name) {
   return call;
 }
 
-// What stands inside the variant that answers for a property; no type when there is none.
-struct Value {
-  explicit Value(const BusMessage& answer) {
-    DBusMessageIter outer;
-    if (answer && dbus_message_iter_init(answer.get(), &outer) &&
-        dbus_message_iter_get_arg_type(&outer) == DBUS_TYPE_VARIANT) {
-      dbus_message_iter_recurse(&outer, &place);
-      type = dbus_message_iter_get_arg_type(&place);
-    }
-  }
-
-  DBusMessageIter place{};
-  int type = DBUS_TYPE_INVALID;
-};
-
-std::string TextAt(DBusMessageIter& place) {
-  const int type = dbus_message_iter_get_arg_type(&place);
-  if (type != DBUS_TYPE_STRING && type != DBUS_TYPE_OBJECT_PATH) return "";
-  const char* text = nullptr;
-  dbus_message_iter_get_basic(&place, &text);
-  return text;
-}
-
-std::string TextOf(const BusMessage& answer) {
-  Value value(answer);
-  return value.type == DBUS_TYPE_INVALID ? "" : TextAt(value.place);
-}
-
-// Players are not at one about the type of a position.
-std::optional<std::int64_t> NumberOf(const BusMessage& answer) {
-  Value value(answer);
-  DBusBasicValue number{};
-  if (!dbus_type_is_basic(value.type) || value.type == DBUS_TYPE_UNIX_FD) return std::nullopt;
-  dbus_message_iter_get_basic(&value.place, &number);
-  switch (value.type) {
-    case DBUS_TYPE_INT64:
-      return number.i64;
-    case DBUS_TYPE_UINT64:
-      return static_cast<std::int64_t>(std::min<dbus_uint64_t>(number.u64, std::numeric_limits<std::int64_t>::max()));
-    case DBUS_TYPE_INT32:
-      return number.i32;
-    case DBUS_TYPE_UINT32:
-      return number.u32;
-    default:
-      return std::nullopt;
-  }
-}
-
-// "mpris:trackid" of an answer for Metadata, "" when the player doesn't name its track.
-std::string TrackOf(const BusMessage& answer) {
-  Value value(answer);
-  if (value.type != DBUS_TYPE_ARRAY) return "";
-  DBusMessageIter entry;
-  dbus_message_iter_recurse(&value.place, &entry);
-  for (; dbus_message_iter_get_arg_type(&entry) == DBUS_TYPE_DICT_ENTRY; dbus_message_iter_next(&entry)) {
-    DBusMessageIter field, content;
-    dbus_message_iter_recurse(&entry, &field);
-    if (TextAt(field) != "mpris:trackid") continue;
-    dbus_message_iter_next(&field);
-    if (dbus_message_iter_get_arg_type(&field) != DBUS_TYPE_VARIANT) return "";
-    dbus_message_iter_recurse(&field, &content);
-    const std::string track = TextAt(content);
-    return dbus_validate_path(track.c_str(), nullptr) ? track : "";
-  }
-  return "";
-}
-
 // The program of the process whose number the bus told; "" when it can't be known.
 std::string ExecutableFrom(const BusMessage& answer) {
-  dbus_uint32_t process = 0;
-  if (!answer || !dbus_message_get_args(answer.get(), nullptr, DBUS_TYPE_UINT32, &process, DBUS_TYPE_INVALID))
-    return "";
+  const auto process = ProcessFrom(answer);
+  if (!process) return "";
   std::error_code error;
-  return std::filesystem::read_symlink("/proc/" + std::to_string(process) + "/exe", error).string();
+  return std::filesystem::read_symlink("/proc/" + std::to_string(*process) + "/exe", error).string();
 }
 
 char Small(char c) {
@@ -184,7 +117,8 @@ class BusPlayers : public PlayerWindows {
   PlayingState State(const PlayerHandle& player) override {
     PlayingState state = kStopped;
     if (player.empty()) return state;
-    ResumeNext([&] { state = StateFrom(TextOf(bus_.Ask(Property(player, kPlayer, "PlaybackStatus"), Deadline()))); });
+    ResumeNext(
+        [&] { state = StateFrom(TextFrom(bus_.Ask(Property(player, kPlayer, "PlaybackStatus"), Deadline()))); });
     return state;
   }
 
@@ -197,8 +131,8 @@ class BusPlayers : public PlayerWindows {
       calls.push_back(Property(player, kPlayer, "PlaybackStatus"));
       calls.push_back(Property(player, kPlayer, "Position"));
       const std::vector<BusMessage> answers = bus_.Ask(calls, deadline);
-      const std::optional<std::int64_t> microseconds = NumberOf(answers[1]);
-      const bool stopped = StateFrom(TextOf(answers[0])) == kStopped;
+      const std::optional<std::int64_t> microseconds = NumberFrom(answers[1]);
+      const bool stopped = StateFrom(TextFrom(answers[0])) == kStopped;
       const bool missing = !answers[0] || (!stopped && !answers[1]);
       if (missing && std::chrono::steady_clock::now() >= deadline) position = kNoAnswer;
       if (stopped || !microseconds) return;
@@ -221,14 +155,14 @@ class BusPlayers : public PlayerWindows {
     calls.push_back(Property(player, kPlayer, "Metadata"));
     calls.push_back(Property(player, kPlayer, "Position"));
     const std::vector<BusMessage> answers = bus_.Ask(calls, deadline);
-    const std::string track = TrackOf(answers[0]);
+    const std::string track = TrackFrom(answers[0]);
     if (track == kNoTrack) return;
     if (!track.empty()) {
       BusMessage call = PlayerCall(player, "SetPosition");
       const char* id = track.c_str();
       dbus_message_append_args(call.get(), DBUS_TYPE_OBJECT_PATH, &id, DBUS_TYPE_INT64, &target, DBUS_TYPE_INVALID);
       bus_.Ask(std::move(call), deadline);
-    } else if (const std::optional<std::int64_t> present = NumberOf(answers[1])) {
+    } else if (const std::optional<std::int64_t> present = NumberFrom(answers[1])) {
       BusMessage call = PlayerCall(player, "Seek");
       const dbus_int64_t offset = target - std::clamp<std::int64_t>(*present, 0, kLongest);
       dbus_message_append_args(call.get(), DBUS_TYPE_INT64, &offset, DBUS_TYPE_INVALID);
@@ -237,16 +171,9 @@ class BusPlayers : public PlayerWindows {
   }
 
   std::vector<std::string> PlayerNames(Time deadline) {
-    const BusMessage answer =
-        bus_.Ask(BusCall(DBUS_SERVICE_DBUS, DBUS_PATH_DBUS, DBUS_INTERFACE_DBUS, "ListNames"), deadline);
-    std::vector<std::string> names;
-    DBusMessageIter list, place;
-    if (!answer || !dbus_message_has_signature(answer.get(), "as")) return names;
-    dbus_message_iter_init(answer.get(), &list);
-    dbus_message_iter_recurse(&list, &place);
-    for (; dbus_message_iter_get_arg_type(&place) == DBUS_TYPE_STRING; dbus_message_iter_next(&place)) {
-      if (std::string name = TextAt(place); name.starts_with(kNames)) names.push_back(std::move(name));
-    }
+    std::vector<std::string> names =
+        NamesFrom(bus_.Ask(BusCall(DBUS_SERVICE_DBUS, DBUS_PATH_DBUS, DBUS_INTERFACE_DBUS, "ListNames"), deadline));
+    std::erase_if(names, [](const std::string& name) { return !name.starts_with(kNames); });
     return names;
   }
 
@@ -272,7 +199,7 @@ class BusPlayers : public PlayerWindows {
     const std::vector<BusMessage> answers = bus_.Ask(calls, deadline);
     std::vector<std::string> candidates;
     for (std::size_t i = 0; i < names.size(); ++i) {
-      const std::string entry = TextOf(answers[i]);
+      const std::string entry = TextFrom(answers[i]);
       const std::string executable = ExecutableFrom(answers[names.size() + i]);
       const bool same = !executable.empty() && executable == program.executable;
       if (same || (!entry.empty() && (entry == program.id || IsLastPart(entry, program.id))))
@@ -295,14 +222,13 @@ class BusPlayers : public PlayerWindows {
     std::optional<Rank> highest;
     PlayerHandle best;
     for (std::size_t i = 0; i < count; ++i) {
-      DBusMessageIter place;
-      if (!answers[i] || !dbus_message_iter_init(answers[i].get(), &place)) continue;
-      const std::string owner = TextAt(place);
-      const std::string status = count > 1 ? TextOf(answers[count + i]) : "";
-      Rank rank{status == "Playing", !status.empty(), Age(owner)};
+      const std::optional<std::string> owner = OwnerFrom(answers[i]);
+      if (!owner) continue;
+      const std::string status = count > 1 ? TextFrom(answers[count + i]) : "";
+      Rank rank{status == "Playing", !status.empty(), Age(*owner)};
       if (highest && rank < *highest) continue;
       highest = std::move(rank);
-      best = owner;
+      best = *owner;
     }
     return best;
   }

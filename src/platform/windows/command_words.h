@@ -12,7 +12,4 @@ namespace qublet {
 // files that fit, in ascending order, or for themselves where none does.
 std::vector<std::string> CommandWords(std::wstring_view line);
 
-// What follows the program's name, without the blanks ahead.
-std::wstring_view BehindProgram(std::wstring_view line);
-
 }  // namespace qublet

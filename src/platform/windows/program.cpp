@@ -15,6 +15,7 @@
 #include "platform/windows/command_words.h"
 #include "platform/windows/user_folders.h"
 #include "platform/windows/wide_text.h"
+#include "platform/windows/word_cutter.h"
 
 namespace qublet {
 namespace {
