@@ -3,12 +3,15 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "platform/linux/reached_path.h"
+
 namespace qublet {
 namespace {
 
 // O_NONBLOCK, because opening a pipe or a device could wait for ever before it can be seen what it is.
 Descriptor OpenRegular(const std::string& native, int access) {
-  return OpenAt(AT_FDCWD, native, access | O_NONBLOCK | O_NOCTTY);
+  const ReachedPath path(native);
+  return OpenAt(path.Folder(), path.Name(), access | O_NONBLOCK | O_NOCTTY);
 }
 
 class DescriptorInPlace : public InPlaceFile {
