@@ -28,6 +28,7 @@ struct CommandContext {
   SettingsStore& store;
   std::ostream& out;
   std::ostream& err;
+  bool incomplete = false;  // something was told that is left out, so that all isn't done
 };
 
 // Takes the option out of the arguments; True when it was there. What follows "--" is no option.

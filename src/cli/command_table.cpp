@@ -151,7 +151,8 @@ int RunCommand(const Arguments& arguments, Engine& engine, PrintedDialogs& dialo
                          engine.services.store,
                          out,
                          err};
-  return command->run(context);
+  const int code = command->run(context);
+  return code == kDone && context.incomplete ? kCouldNot : code;
 }
 
 }  // namespace qublet

@@ -36,8 +36,20 @@ void PrintJson(const RowStore& rows, std::ostream& out) {
   }
 }
 
-Outcome ListEnds(std::size_t row) {
-  return Outcome::GivenUp("the list ends at row " + std::to_string(row) + ", the rest is left out");
+// What one path came to.
+struct Taken {
+  Outcome outcome;
+  WalkGaps gaps;
+};
+
+// Why not all of a playlist or folder is taken. `full`: the list has no more room.
+Outcome TakenInPart(const LeftOut& left_out, bool full) {
+  std::string reason;
+  if (full) reason = "the list ends at row " + std::to_string(RowStore::MaxRows) + ", the rest is left out";
+  if (!full && left_out.further_lines > 0) reason = "the list ends at 64 MiB of paths, the rest is left out";
+  const std::string long_lines = LongLinesText(left_out.long_lines);
+  if (!long_lines.empty()) reason += (reason.empty() ? "" : "; ") + long_lines;
+  return Outcome::GivenUp(reason);
 }
 
 // Adds what one path holds, all of it.
@@ -48,22 +60,23 @@ Outcome AddPath(Engine& engine, const std::string& path) {
   DestroyFileArray(document);
   const Outcome outcome = engine.items.AddStuff(path, false);
   const int added = rows.Count() - before;
-  const bool all_of_it = document.FileArray.size() <= static_cast<std::size_t>(added);
-  const bool full = rows.Count() == RowStore::MaxRows;
+  const LeftOut& left_out = engine.items.LastLeftOut();
+  const bool found_room = left_out.further_lines == 0 && document.FileArray.size() <= static_cast<std::size_t>(added);
+  const bool all_of_it = found_room && left_out.long_lines == 0;
   // A list that holds all of one playlist goes back there in the form that it came in.
-  if (before == 0 && added > 0 && all_of_it && engine.items.LastPlaylist().form) {
+  if (before == 0 && added > 0 && all_of_it && engine.items.LastForm()) {
     document.CurrentPlaylist = path;
-    document.CurrentForm = engine.items.LastPlaylist().form;
+    document.CurrentForm = engine.items.LastForm();
   }
-  // A file that holds no sound is a row too.
-  if (added > 0 && (all_of_it || !full)) return {};
-  return full ? ListEnds(RowStore::MaxRows) : outcome;
+  const bool full = rows.Count() == RowStore::MaxRows && (added == 0 || !found_room);
+  if (full || left_out.further_lines > 0 || left_out.long_lines > 0) return TakenInPart(left_out, full);
+  return added > 0 ? Outcome() : outcome;  // a file that holds no sound is a row too
 }
 
 // Calls `take` with each path that is there. False when one isn't or can't be taken: each is told, the others are
 // taken all the same.
 bool ForEachPath(CommandContext& context, const Arguments& paths,
-                 const std::function<Outcome(const std::string& path)>& take) {
+                 const std::function<Taken(const std::string& path)>& take) {
   // Playlists change the current folder: what the user typed counts from the folder of the start.
   Collection absolute;
   bool all_there = true;
@@ -79,9 +92,13 @@ bool ForEachPath(CommandContext& context, const Arguments& paths,
   }
   for (std::size_t i = 0; i < absolute.size(); ++i) {
     if (absolute[i].empty()) continue;
-    const Outcome taken = take(absolute[i]);
-    if (taken) continue;
-    Complain(context.err, paths[i] + ": " + taken.Reason(), kCouldNot);
+    const Taken taken = take(absolute[i]);
+    if (const std::string gaps = GapsText(taken.gaps); !gaps.empty()) {
+      Complain(context.err, paths[i] + ": " + gaps, kCouldNot);
+      context.incomplete = true;
+    }
+    if (taken.outcome) continue;
+    Complain(context.err, paths[i] + ": " + taken.outcome.Reason(), kCouldNot);
     all_there = false;
   }
   return all_there;
@@ -90,16 +107,21 @@ bool ForEachPath(CommandContext& context, const Arguments& paths,
 }  // namespace
 
 bool AddPaths(CommandContext& context, const Arguments& paths) {
-  return ForEachPath(context, paths, [&](const std::string& path) { return AddPath(context.engine, path); });
+  return ForEachPath(context, paths, [&](const std::string& path) {
+    const Outcome added = AddPath(context.engine, path);
+    return Taken{added, context.engine.items.LastLeftOut().walk};
+  });
 }
 
 bool ExpandPaths(CommandContext& context, const Arguments& arguments, Collection& paths) {
   return ForEachPath(context, arguments, [&](const std::string& path) {
-    const Outcome found = ExpandStuff(context.files, context.engine.services.feedback, path, paths);
+    LeftOut left_out;
+    const Outcome found = ExpandStuff(context.files, context.engine.services.feedback, path, paths, left_out);
     constexpr std::size_t kRoom = RowStore::MaxRows;
-    if (!found || paths.size() <= kRoom) return found;
-    paths.resize(kRoom);
-    return ListEnds(kRoom);
+    const bool full = paths.size() > kRoom || (paths.size() == kRoom && left_out.further_lines > 0);
+    if (paths.size() > kRoom) paths.resize(kRoom);
+    const bool in_part = full || left_out.further_lines > 0 || left_out.long_lines > 0;
+    return Taken{in_part ? TakenInPart(left_out, full) : found, left_out.walk};
   });
 }
 

@@ -10,7 +10,7 @@ namespace {
 
 // Playlists may name files that no list here takes: they would be gone from a playlist that is saved over.
 void TellWhatIsLeftOut(const CommandContext& context, const std::string& path) {
-  const int count = CountOtherLines(context.files, PathFromArgument(context.files, path));
+  const std::size_t count = CountOtherLines(context.files, PathFromArgument(context.files, path));
   if (count == 0) return;
   const std::string what =
       count == 1 ? "1 line of another type is" : std::to_string(count) + " lines of other types are";

@@ -3,6 +3,7 @@
 #include "platform/file_time.h"
 #include "playlist/m3u_lines.h"
 #include "playlist/own_playlists.h"
+#include "playlist/paths/existing_files.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/text_files.h"
 #include "playlist/playlist_lines.h"
@@ -115,8 +116,9 @@ void Session::RestoreWorkFolder() {
 }
 
 void Session::RestoreRecentFiles() {
+  const ExistingFiles existing(services_.files);
   for (const std::string& path : LoadRecentFiles(services_.store, places_.AppKey, settings_.RCount)) {
-    if (!settings_.RPurge || FileExists(services_.files, path)) document_.RecentFiles.push_back(path);
+    if (!settings_.RPurge || existing.Has(path)) document_.RecentFiles.push_back(path);
   }
 }
 

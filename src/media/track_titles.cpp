@@ -2,7 +2,6 @@
 
 #include "media/tag_file.h"
 #include "media/vorbis_comments.h"
-#include "playlist/paths/file_details.h"
 #include "playlist/paths/formats.h"
 
 namespace qublet {
@@ -18,7 +17,7 @@ std::string Compose(const std::string& raw_artist, const std::string& raw_title)
 }  // namespace
 
 std::string GetMp3TrackTitle(const FileSystem& files, const std::string& path) {
-  if (!FileExists(files, path)) return "";
+  if (!files.Exists(path)) return "";  // nor is a pattern a file to read
   TagObject tag(files);
   Outcome ok;
   GetID3Tag(files, path, tag, ok);
@@ -39,7 +38,7 @@ std::string GetMp3TrackTitle(const FileSystem& files, const std::string& path) {
 
 std::string GetOggTrackTitle(const FileSystem& files, const std::string& path) {
   VorbisComments comments;
-  if (!FileExists(files, path) || !ReadVorbisComments(files, path, comments)) return "";
+  if (!files.Exists(path) || !ReadVorbisComments(files, path, comments)) return "";
   return Compose(comments.Artist, comments.Title);
 }
 

@@ -21,10 +21,13 @@ std::string FullPath(const FileSystem& files, const std::string& path) {
   return info.Path + info.FileName;
 }
 
-void AppendPlaylist(const FileSystem& files, const std::string& path, Collection& found) {
+void AppendPlaylist(const FileSystem& files, const std::string& path, Collection& found, LeftOut& left_out) {
   PlaylistLines playlist;
   Collection paths;
-  ReadPlaylist(files, path, playlist, paths).OrThrow();
+  const Outcome read = ReadPlaylist(files, path, playlist, paths);
+  left_out.long_lines += playlist.long_lines;
+  left_out.further_lines += playlist.further_lines;
+  read.OrThrow();
   const ForeignLines lines(files, playlist, "");
   for (std::size_t i = 0; i < paths.size(); ++i) found.push_back(lines.FileOf(i, paths[i]));
 }
@@ -42,7 +45,8 @@ std::string FolderOfPlaylist(const std::string& path) {
   return ReplaceAll(path, "\\" + GetFileName(path), "");
 }
 
-Outcome ExpandStuff(FileSystem& files, Feedback& feedback, std::string filename, Collection& paths) {
+Outcome ExpandStuff(FileSystem& files, Feedback& feedback, std::string filename, Collection& paths,
+                    LeftOut& left_out) {
   return Attempt([&] {
     FileDetails details;
     GetFileDetails(files, filename, details);
@@ -54,12 +58,12 @@ Outcome ExpandStuff(FileSystem& files, Feedback& feedback, std::string filename,
         found.push_back(FullPath(files, details.Path));
         break;
       case StuffKind::kFolder:
-        WalkFolder(files, feedback, details.Path, FileFilters(), found, true, false);
+        left_out.walk += WalkFolder(files, feedback, details.Path, FileFilters(), found, true, false);
         for (std::string& path : found) path = FullPath(files, path);
         break;
       case StuffKind::kPlaylist:
         files.SetCurrentFolder(FolderOfPlaylist(details.Path));
-        AppendPlaylist(files, details.Path, found);
+        AppendPlaylist(files, details.Path, found, left_out);
         break;
     }
     if (feedback.Stopped()) throw Failure("stopped");

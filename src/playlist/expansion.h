@@ -4,6 +4,7 @@
 
 #include "platform/feedback.h"
 #include "platform/file_system.h"
+#include "playlist/left_out.h"
 #include "playlist/paths/collections.h"
 #include "playlist/paths/file_details.h"
 
@@ -17,7 +18,9 @@ StuffKind KindOfStuff(const FileDetails& details);
 std::string FolderOfPlaylist(const std::string& path);
 
 // Appends the full paths of the rows that `filename` stands for, without reading the files. Given up when there are
-// none or the user stops it. After a playlist its folder is the current one.
-Outcome ExpandStuff(FileSystem& files, Feedback& feedback, std::string filename, Collection& paths);
+// none or the user stops it. After a playlist its folder is the current one. Adds to `left_out` what can't be had,
+// lines beyond PlaylistBounds among it.
+Outcome ExpandStuff(FileSystem& files, Feedback& feedback, std::string filename, Collection& paths,
+                    LeftOut& left_out);
 
 }  // namespace qublet

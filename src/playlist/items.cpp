@@ -9,12 +9,19 @@
 #include "playlist/own_playlists.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/folder_walk.h"
+#include "playlist/paths/playlist_bounds.h"
 #include "playlist/playlist_lines.h"
 #include "playlist/row_filling.h"
 #include "playlist/row_paths.h"
 #include "playlist/stoppable_change.h"
 
 namespace qublet {
+namespace {
+
+constexpr auto kRoom = static_cast<std::size_t>(RowStore::MaxRows);
+static_assert(PlaylistBounds::kMostLines == kRoom);
+
+}  // namespace
 
 Outcome Items::AddFile(const std::string& filename, int Index, int OrigIndex) {
   RowStore& list = document_.ListView1;
@@ -46,27 +53,46 @@ void Items::AddByKind(const FileDetails& details, int InsertPoint) {
 void Items::AddPlaylist(const std::string& path, int InsertPoint) {
   DestroyFileArray(document_);
   PlaylistLines playlist;
-  ReadPlaylist(files_, path, playlist, document_.FileArray).OrThrow();
-  const int more = static_cast<int>(document_.FileArray.size()) + document_.ListView1.Count() - RowStore::MaxRows;
-  last_playlist_ = {FormToKeep(files_, path, playlist.content), std::max(more, 0)};
+  const Outcome read = ReadPlaylist(files_, path, playlist, document_.FileArray);
+  const std::size_t rows = document_.FileArray.size() + static_cast<std::size_t>(document_.ListView1.Count());
+  left_out_.long_lines = playlist.long_lines;
+  left_out_.further_lines = playlist.further_lines + (rows > kRoom ? rows - kRoom : 0);
+  read.OrThrow();
+  last_form_ = FormToKeep(files_, path, playlist.content);
   const auto source =
       std::make_shared<const KeptLine::Source>(KeptLine::Source{FolderOfPlaylist(path), playlist.native});
   const ForeignLines lines(files_, playlist, thousands_separator_);
-  LoadRows(InsertPoint, [&](std::size_t place, const std::string& line_path, int original_order, Row& row) {
-    if (lines.FillRow(place, line_path, original_order, row)) return;
-    const std::string_view line = playlist.lines[place];
-    row.kept = std::make_shared<const KeptLine>(
-        KeptLine{std::string(line), source, lines.WholePathOf(line, row.FullPath())});
-  });
+  LoadRows(
+      InsertPoint,
+      [&](std::size_t place, const std::string& line_path, int original_order, Row& row) {
+        if (lines.FillRow(place, line_path, original_order, row)) return;
+        const std::string_view line = playlist.lines[place];
+        row.kept = std::make_shared<const KeptLine>(
+            KeptLine{std::string(line), source, lines.WholePathOf(line, row.FullPath())});
+      },
+      playlist.further_lines);
 }
 
 Outcome Items::AddStuff(std::string filename, bool ReSelect, int& InsertPoint) {
-  last_playlist_ = {};
-  return AddRows(ReSelect, InsertPoint, [&] {
+  last_form_.reset();
+  left_out_ = {};
+  if (!feedback_.Busy()) left_out_by_command_ = {};
+  const Outcome added = AddRows(ReSelect, InsertPoint, [&] {
     FileDetails details;
     GetFileDetails(files_, filename, details);
     AddByKind(details, InsertPoint);
   });
+  TellWhatIsLeftOut();
+  return added;
+}
+
+// The activity of each further call takes the remark away, so all of it is told again.
+void Items::TellWhatIsLeftOut() {
+  left_out_by_command_ += left_out_;
+  const std::string gaps = GapsText(left_out_by_command_.walk);
+  const std::string lines = LongLinesText(left_out_by_command_.long_lines);
+  const std::string remark = gaps + (gaps.empty() || lines.empty() ? "" : "; ") + lines;
+  if (!remark.empty() && !Stopped()) feedback_.ShowRemark(remark);
 }
 
 Outcome Items::AddOwnPlaylist(const std::string& path) {
@@ -114,17 +140,17 @@ void Items::LoadFileArray(int InsertPoint, const KeptLines& lines) {
   });
 }
 
-void Items::LoadRows(int InsertPoint, BatchReader::MakeRow make_row) {
+void Items::LoadRows(int InsertPoint, BatchReader::MakeRow make_row, std::size_t further) {
   BatchReader reader(document_.ListView1.Count() + 1, std::move(make_row));
   AddFromFileArray(reader, 0);
-  LoadBatch(reader, InsertPoint);
+  LoadBatch(reader, InsertPoint, further);
 }
 
 void Items::AddFolder(const std::string& folder, int InsertPoint) {
   DestroyFileArray(document_);
   BatchReader reader(files_, document_.ListView1.Count() + 1, thousands_separator_);
   std::size_t handed_over = 0;
-  WalkFolder(files_, feedback_, folder, FileFilters(), document_.FileArray, true, false, [&] {
+  left_out_.walk = WalkFolder(files_, feedback_, folder, FileFilters(), document_.FileArray, true, false, [&] {
     AddFromFileArray(reader, handed_over);
     handed_over = document_.FileArray.size();
   });
@@ -139,11 +165,11 @@ void Items::AddFromFileArray(BatchReader& reader, std::size_t from) {
   if (from < end) reader.Add(paths.subspan(from, end - from));
 }
 
-void Items::LoadBatch(BatchReader& reader, int InsertPoint) {
+void Items::LoadBatch(BatchReader& reader, int InsertPoint, std::size_t further) {
   const WaitCursor wait(feedback_);
   RowStore& list = document_.ListView1;
   if (Stopped()) return;
-  feedback_.BeginProgress("Get File Info...", static_cast<int>(document_.FileArray.size()));
+  feedback_.BeginProgress("Get File Info...", static_cast<int>(document_.FileArray.size() + further));
   ResumeNext([&] {
     std::vector<std::unique_ptr<Row>> rows = reader.Finish(feedback_);
     // Without an insertion point each row would go to the end, the last one first.

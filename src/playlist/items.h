@@ -10,6 +10,7 @@
 #include "playlist/batch_reader.h"
 #include "playlist/document.h"
 #include "playlist/kept_line.h"
+#include "playlist/left_out.h"
 #include "playlist/main_view.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/playlist_form.h"
@@ -31,12 +32,6 @@ class Items {
   // a step failed (the row then stays with what was written).
   Outcome AddFile(const std::string& filename, int Index, int OrigIndex);
 
-  // What AddStuff made of a playlist.
-  struct PlaylistFacts {
-    std::optional<PlaylistForm> form;  // see FormToKeep
-    int left_out = 0;                  // lines that the list had no room for
-  };
-
   // Expands what the user named (an audio file, a folder with all below it, a playlist) into rows before row
   // `InsertPoint`, which becomes the end of the list if it is below 1. Done when at least one row was added, not when
   // the user stops it: the list is as it was then. After a playlist its folder is the current one.
@@ -49,8 +44,11 @@ class Items {
   // Adds the rows of a playlist that this program wrote for itself at the end of the list (see ReadOwnPlaylist), else
   // as AddStuff does.
   Outcome AddOwnPlaylist(const std::string& path);
-  // Of the last call of AddStuff; nothing special unless that was for a playlist.
-  const PlaylistFacts& LastPlaylist() const { return last_playlist_; }
+  // Of the last call of AddStuff. The form that a playlist came in (see FormToKeep):
+  const std::optional<PlaylistForm>& LastForm() const { return last_form_; }
+  // What didn't come into the list. A remark tells of it, for all calls of a command; of lines without room it tells
+  // nothing.
+  const LeftOut& LastLeftOut() const { return left_out_; }
 
   // Appends the full paths of all rows (`Mode` True) or of the selected ones to `FileArray`.
   void SaveFileArrayFromList(bool Mode);
@@ -68,13 +66,15 @@ class Items {
 
  private:
   Outcome AddRows(bool ReSelect, int& InsertPoint, const std::function<void()>& add);
+  void TellWhatIsLeftOut();
   void AddByKind(const FileDetails& details, int InsertPoint);
   void AddPlaylist(const std::string& path, int InsertPoint);
   void AddFolder(const std::string& folder, int InsertPoint);
   void AddFromFileArray(BatchReader& reader, std::size_t from);
   void LoadFileArray(int InsertPoint, const KeptLines& lines);
-  void LoadRows(int InsertPoint, BatchReader::MakeRow make_row);
-  void LoadBatch(BatchReader& reader, int InsertPoint);
+  // The progress counts `further` items too, which aren't in `FileArray`.
+  void LoadRows(int InsertPoint, BatchReader::MakeRow make_row, std::size_t further = 0);
+  void LoadBatch(BatchReader& reader, int InsertPoint, std::size_t further = 0);
   void SelectRowRange(int first, int last);
 
   Document& document_;
@@ -82,7 +82,9 @@ class Items {
   Feedback& feedback_;
   MainView& view_;
   std::string thousands_separator_;
-  PlaylistFacts last_playlist_;
+  std::optional<PlaylistForm> last_form_;
+  LeftOut left_out_;
+  LeftOut left_out_by_command_;
 };
 
 }  // namespace qublet

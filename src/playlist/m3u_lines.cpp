@@ -51,21 +51,12 @@ bool IsNativePlaylist(std::string_view path) {
   return LowerCase(GetExtension(GetFileName(path))) == kUtf8Playlist;
 }
 
-int CountOtherLines(const FileSystem& files, const std::string& path) {
+std::size_t CountOtherLines(const FileSystem& files, const std::string& path) {
   if (!IsPlaylistExtension(LowerCase(GetExtension(GetFileName(path))))) return 0;
   PlaylistLines playlist;
   Collection paths;
-  ReadPlaylist(files, path, playlist, paths);  // gives the content also where no line counts
-  int count = 0;
-  std::string_view rest = playlist.content;
-  auto next = playlist.lines.begin();
-  while (!rest.empty()) {
-    const std::string_view line = TakeLine(rest);
-    const auto known = next;
-    while (next != playlist.lines.end() && next->data() == line.data()) ++next;
-    if (known == next && !line.empty() && line.front() != '#') ++count;
-  }
-  return count;
+  ReadPlaylist(files, path, playlist, paths);  // counts also where no line is taken
+  return playlist.other_lines;
 }
 
 PlaylistText::PlaylistText(const FileSystem& files, const std::string& path, bool Relative,

@@ -25,15 +25,15 @@ bool IsNativePlaylist(std::string_view path);
 // Appends the lines of a playlist that name audio files: empty lines and lines that begin with "#" are skipped, and a
 // line is kept once for each extension of FileFilters that it holds anywhere, in any case. A drive letter becomes
 // lower case; a path in this system's own form becomes one in drive form, and an address ("http://...") stays what it
-// is. Given up when the file can't be read or names no audio file.
+// is. The lines end at PlaylistBounds. Given up when the file can't be read or names no audio file.
 Outcome ReadPlaylistLines(const FileSystem& files, const std::string& path, Collection& lines);
 
 // The same on a playlist's content already in memory. `native` says that the paths are in this system's form.
 bool ReadPlaylistText(const FileSystem& files, std::string_view bytes, bool native, Collection& lines);
 
 // How many lines of a playlist name files of other types, playlists among them; 0 for what is no playlist or can't be
-// read.
-int CountOtherLines(const FileSystem& files, const std::string& path);
+// read. Lines beyond PlaylistBounds::kMostLineBytes don't count.
+std::size_t CountOtherLines(const FileSystem& files, const std::string& path);
 
 // A playlist file put together item by item. An item's line is its full path in the file's form, or with `Relative`
 // what the folder of the playlist leaves of it (see RelativeLines; only ".m3u8" has lines that leave the folder). A

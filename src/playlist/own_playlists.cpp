@@ -1,7 +1,9 @@
 #include "playlist/own_playlists.h"
 
-#include <utility>
+#include <string_view>
 
+#include "platform/code_page.h"
+#include "playlist/paths/playlist_bounds.h"
 #include "playlist/paths/text.h"
 #include "playlist/paths/text_files.h"
 
@@ -9,20 +11,26 @@ namespace qublet {
 namespace {
 
 // As each full path does, and each address.
-bool HasRoot(const std::string& line) {
+bool HasRoot(std::string_view line) {
   return line.starts_with('\\') || Contains(line, ":");
 }
 
 }  // namespace
 
 Outcome ReadOwnPlaylist(const FileSystem& files, const std::string& path, Collection& paths) {
-  Collection lines;
-  const Outcome read = ReadLinesFromFile(files, lines, path);
+  std::string bytes;
+  const Outcome read = ReadTextFile(files, path, bytes);
   if (!read) return read;
-  std::erase_if(lines, [](const std::string& line) { return !HasRoot(line); });
-  if (lines.empty()) return Outcome::GivenUp("it names no file");
-  for (std::string& line : lines) paths.push_back(std::move(line));
-  return {};
+  const std::string text = DecodeText(bytes);
+  std::string_view rest = text;
+  std::size_t count = 0;
+  while (!rest.empty() && count < PlaylistBounds::kMostLines) {
+    const std::string_view line = TakeLine(rest);
+    if (!HasRoot(line) || line.size() > PlaylistBounds::kMostLineBytes) continue;
+    paths.emplace_back(line);
+    ++count;
+  }
+  return count == 0 ? Outcome::GivenUp("it names no file") : Outcome();
 }
 
 }  // namespace qublet

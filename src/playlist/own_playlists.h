@@ -18,9 +18,8 @@ inline std::string TempPlaylist(const std::string& program_folder) {
   return program_folder + "\\tmp.m3u";
 }
 
-// Appends the paths of a playlist that this program wrote for itself: each line that is a full path or
-// an address is one, once, as it stands. Given up
-// when the file can't be read or holds none.
+// Appends the paths of a playlist that this program wrote for itself: each line that is a full path or an address is
+// one, once, as it stands, up to the room of a list. Given up when the file can't be read or holds none.
 Outcome ReadOwnPlaylist(const FileSystem& files, const std::string& path, Collection& paths);
 
 }  // namespace qublet

@@ -17,6 +17,17 @@ namespace {
 constexpr const char* kPlaylistFilter = "M3U Playlist Files (*.m3u)|*.m3u|M3U8 Playlist Files (*.m3u8)|*.m3u8|";
 constexpr const char* kDefaultName = "playlist.m3u";
 
+std::string LeftOutText(const LeftOut& left_out, bool full) {
+  std::string text;
+  if (left_out.further_lines > 0) {
+    text = full ? "The list ends at 32,767 items: " : "The list ends at 64 MiB of paths: ";
+    text += std::to_string(left_out.further_lines) + " lines of this file were left out.";
+  }
+  const std::string long_lines = LongLinesText(left_out.long_lines);
+  if (!long_lines.empty()) text += (text.empty() ? "" : "\r") + long_lines + ".";
+  return text;
+}
+
 }  // namespace
 
 std::string CaptionText(const std::string& AppTitle, const std::string& CurrentPlaylist) {
@@ -53,20 +64,19 @@ bool PlaylistFiles::OpenPlaylistFile(bool Import) {
 
 void PlaylistFiles::TakeOpened(const std::string& path) {
   document_.CurrentPlaylist = path;
-  document_.CurrentForm = items_.LastPlaylist().form;
+  document_.CurrentForm = items_.LastForm();
   view_.ShowCaption();
 }
 
 // A list that holds less than its file must not be saved over it by the way.
 void PlaylistFiles::TellWhatIsLeftOut() {
-  const int left_out = items_.LastPlaylist().left_out;
-  if (left_out == 0) return;
+  const LeftOut& left_out = items_.LastLeftOut();
+  if (left_out.further_lines == 0 && left_out.long_lines == 0) return;
   document_.CurrentPlaylist.clear();
   document_.CurrentForm.reset();
   view_.ShowCaption();
-  services_.dialogs.ShowMessage(
-      "The list ends at 32,767 items: " + std::to_string(left_out) + " lines of this file were left out.",
-      MessageIcon::kExclamation, MessageButtons::kOk);
+  const bool full = document_.ListView1.Count() == RowStore::MaxRows;
+  services_.dialogs.ShowMessage(LeftOutText(left_out, full), MessageIcon::kExclamation, MessageButtons::kOk);
 }
 
 bool PlaylistFiles::Load(const std::string& path, Into into, bool ReSelect) {

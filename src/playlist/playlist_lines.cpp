@@ -9,6 +9,7 @@
 #include "playlist/m3u_lines.h"
 #include "playlist/paths/folder_walk.h"
 #include "playlist/paths/path_text.h"
+#include "playlist/paths/playlist_bounds.h"
 #include "playlist/paths/text.h"
 #include "playlist/paths/text_files.h"
 
@@ -64,16 +65,29 @@ void AppendUnit(std::string& text, char32_t unit, char32_t& high) {
   if (!used && high == 0) text += is_low ? "\uFFFD" : CharacterText(unit);
 }
 
-// UTF-16 without its mark as UTF-8; half a pair becomes the sign for what can't be read.
+char32_t UnitAt(std::string_view bytes, std::size_t place, bool big_endian) {
+  const auto first = static_cast<unsigned char>(bytes[place]);
+  const auto second = static_cast<unsigned char>(bytes[place + 1]);
+  return static_cast<char32_t>(big_endian ? first << 8 | second : second << 8 | first);
+}
+
+// How many bytes of UTF-8 they come to at most: a pair takes four, half a pair three.
+std::size_t RoomFor(std::string_view bytes, bool big_endian) {
+  std::size_t room = 3;
+  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+    const char32_t unit = UnitAt(bytes, i, big_endian);
+    room += unit < 0x80 ? 1 : unit < 0x800 ? 2 : 3;
+  }
+  return room;
+}
+
+// UTF-16 without its mark as UTF-8; half a pair becomes the sign for what can't be read. A text that grew would
+// stand in memory twice meanwhile.
 std::string FromUtf16(std::string_view bytes, bool big_endian) {
   std::string text;
-  text.reserve(bytes.size());
+  text.reserve(RoomFor(bytes, big_endian));
   char32_t high = 0;
-  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-    const auto first = static_cast<unsigned char>(bytes[i]);
-    const auto second = static_cast<unsigned char>(bytes[i + 1]);
-    AppendUnit(text, static_cast<char32_t>(big_endian ? first << 8 | second : second << 8 | first), high);
-  }
+  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) AppendUnit(text, UnitAt(bytes, i, big_endian), high);
   if (high != 0) text += "\uFFFD";
   return text;
 }
@@ -85,21 +99,70 @@ std::string WithoutEncodingOfWhole(std::string bytes) {
   return bytes;
 }
 
+// Whether the line holds `extension` (lower case, with its dot), in any case.
+bool Holds(std::string_view line, std::string_view extension) {
+  const auto same = [](char letter, char lower) {
+    return letter == lower || (letter >= 'A' && letter <= 'Z' && (letter | 0x20) == lower);
+  };
+  for (std::size_t at = line.find('.'); at != line.npos; at = line.find('.', at + 1)) {
+    const std::string_view there = line.substr(at, extension.size());
+    if (std::ranges::equal(there, extension, same)) return true;
+  }
+  return false;
+}
+
+int KindsIn(std::string_view line) {
+  return static_cast<int>(std::ranges::count_if(
+      FileFilters(), [&](const std::string& filter) { return Holds(line, std::string_view(filter).substr(1)); }));
+}
+
+// Takes lines into a playlist for as long as there is room.
+class Collector {
+ public:
+  Collector(const FileSystem& files, PlaylistLines& playlist, Collection& paths)
+      : reader_{files, playlist.native}, playlist_(playlist), paths_(paths) {}
+
+  // Once for each kind of audio file that it names.
+  void Take(std::string_view line) {
+    if (line.size() > PlaylistBounds::kMostLineBytes) {
+      ++playlist_.long_lines;
+      return;
+    }
+    const int kinds = KindsIn(line);
+    if (kinds == 0) ++playlist_.other_lines;
+    for (int i = 0; i < kinds; ++i) TakePath(line);
+  }
+
+ private:
+  void TakePath(std::string_view line) {
+    full_ = full_ || playlist_.lines.size() == PlaylistBounds::kMostLines;
+    std::string path = full_ ? "" : TakeIn(reader_, line);
+    full_ = full_ || path_bytes_ + path.size() > PlaylistBounds::kMostPathBytes;
+    if (full_) {
+      ++playlist_.further_lines;
+      return;
+    }
+    path_bytes_ += path.size();
+    paths_.push_back(std::move(path));
+    playlist_.lines.push_back(line);
+  }
+
+  const Reader reader_;
+  PlaylistLines& playlist_;
+  Collection& paths_;
+  std::size_t path_bytes_ = 0;
+  bool full_ = false;
+};
+
 }  // namespace
 
 void ReadPlaylistBytes(const FileSystem& files, std::string bytes, PlaylistLines& playlist, Collection& paths) {
   playlist.content = WithoutEncodingOfWhole(std::move(bytes));
-  const Reader reader{files, playlist.native};
+  Collector collector(files, playlist, paths);
   std::string_view rest = playlist.content;
   while (!rest.empty()) {
     const std::string_view line = TakeLine(rest);
-    if (line.empty() || line.front() == '#') continue;
-    const std::string lowered = LowerCase(line);
-    for (const std::string& filter : FileFilters()) {
-      if (!Contains(lowered, std::string_view(filter).substr(1))) continue;
-      paths.push_back(TakeIn(reader, line));
-      playlist.lines.push_back(line);
-    }
+    if (!line.empty() && line.front() != '#') collector.Take(line);
   }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,10 +23,14 @@ struct PlaylistLines {
   bool native = false;        // the paths are in this system's own form (".m3u8")
   std::string content;        // without a mark; what was UTF-16 is UTF-8
   std::vector<std::string_view> lines;
+  // Lines that aren't among these, though they are neither empty nor comments.
+  std::size_t other_lines = 0;    // name no audio file
+  std::size_t long_lines = 0;     // beyond PlaylistBounds::kMostLineBytes
+  std::size_t further_lines = 0;  // behind the last one that PlaylistBounds let in; counted as the others would be
 };
 
-// Reads a playlist and appends each line's path to `paths`: as many as there are lines. Nothing is looked for on the
-// disk. Given up when the file can't be read or names no audio file.
+// Reads a playlist and appends each line's path to `paths`: as many as there are lines, which end at PlaylistBounds.
+// Nothing is looked for on the disk. Given up when the file can't be read or names no audio file.
 Outcome ReadPlaylist(const FileSystem& files, const std::string& path, PlaylistLines& playlist, Collection& paths);
 
 // The same of content in memory, for a playlist whose folders and form are given already.

@@ -4,7 +4,7 @@
 
 #include "playlist/own_playlists.h"
 #include "playlist/paths/collections.h"
-#include "playlist/paths/file_details.h"
+#include "playlist/paths/existing_files.h"
 #include "playlist/paths/formats.h"
 #include "playlist/paths/numbers.h"
 #include "playlist/paths/path_text.h"
@@ -25,8 +25,8 @@ void GatherNames(Statistics& found, const Collection& paths, const std::string& 
   if (found.ListFileName.empty()) found.ListFileName = "'Unsaved Playlist'";
 }
 
-void AddSize(Statistics& found, const FileSystem& files, const std::string& path) {
-  if (FileExists(files, path)) {
+void AddSize(Statistics& found, const FileSystem& files, const ExistingFiles& existing, const std::string& path) {
+  if (existing.Has(path)) {
     found.TotalSize += static_cast<double>(files.FileLength(path));
   } else {
     found.SizePrefix = ">";
@@ -65,9 +65,10 @@ Statistics GatherStatistics(const Document& document, const FileSystem& files, c
   found.FileCount = static_cast<std::int16_t>(paths.size());
   found.FolderCount = static_cast<std::int16_t>(folders.size());
   GatherNames(found, paths, document.CurrentPlaylist, associations, program_folder);
+  const ExistingFiles existing(files);
   for (int i = 1; i <= document.ListView1.Count(); ++i) {
     const Row& row = document.ListView1.At(i);
-    ResumeNext([&] { AddSize(found, files, row.RealPath()); });
+    ResumeNext([&] { AddSize(found, files, existing, row.RealPath()); });
     ResumeNext([&] { AddTime(found, row.cells[kHiddenLen]); });
   }
   ResumeNext([&] { found.ListFileSize = ToInteger32(static_cast<std::int64_t>(EncodeLines(paths).size())); });

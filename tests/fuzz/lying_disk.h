@@ -3,7 +3,7 @@
 #include <memory>
 #include <utility>
 
-#include "support/forwarding_file_system.h"
+#include "platform/forwarding_file_system.h"
 #include "support/memory_file.h"
 
 namespace qublet {

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "media/tag_write.h"
-#include "support/forwarding_file_system.h"
+#include "platform/forwarding_file_system.h"
 #include "support/memory_file.h"
 
 namespace qublet {

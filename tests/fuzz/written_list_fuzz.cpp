@@ -4,7 +4,7 @@
 #include "playlist/m3u_lines.h"
 #include "playlist/paths/text.h"
 #include "playlist/paths/text_files.h"
-#include "support/forwarding_file_system.h"
+#include "platform/forwarding_file_system.h"
 #include "support/memory_file.h"
 
 using namespace qublet;

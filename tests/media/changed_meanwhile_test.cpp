@@ -6,7 +6,7 @@
 
 #include "media/tag_change.h"
 #include "media/tag_fields.h"
-#include "support/forwarding_file_system.h"
+#include "platform/forwarding_file_system.h"
 #include "support/song_tags_test_base.h"
 #include "support/tag_bytes.h"
 

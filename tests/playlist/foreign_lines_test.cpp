@@ -39,7 +39,8 @@ class ForeignLinesTest : public ListTestBase {
     EXPECT_EQ(rows.At(1).kept == nullptr, line.there);
     EXPECT_EQ(rows.At(1).cells[kSize], line.there ? "3 Bytes" : "0 Bytes");
     Collection expanded;
-    ExpandStuff(*files_, feedback_, "c:\\list\\" + list, expanded);
+    LeftOut left_out;
+    ExpandStuff(*files_, feedback_, "c:\\list\\" + list, expanded, left_out);
     EXPECT_EQ(expanded, Collection{rows.At(1).RealPath()});
     EXPECT_EQ(files_->Exists(expanded.at(0)), line.there);
 

@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "support/counted_listings.h"
 #include "support/fake_player.h"
 #include "support/huge_files.h"
 #include "support/list_test_base.h"
@@ -183,6 +184,15 @@ TEST_F(StatisticsTest, KeepWhatFitsWhenTimesOverflow) {
   Add("c:\\", "2.mp3", "1", 1);
   Add("c:\\", "3.mp3", "1e300", 1);
   EXPECT_EQ(Gather().TotalTime, 2147483647);
+}
+
+TEST_F(StatisticsTest, ListAFolderOnceForAllRowsThatArePatterns) {
+  Add("c:\\m\\", "1.mp3", "60", 1000);
+  for (int i = 1; i <= 10; ++i) Add("c:\\m\\", "?" + std::to_string(i) + ".mp3", "60");
+  Add("c:\\m\\", "?.mp3", "60");
+  const CountedListings counted(*files_);
+  EXPECT_EQ(GatherStatistics(document_, counted, associations_, "c:\\program").MissingCount, 10);
+  EXPECT_EQ(counted.OfAll(), 1);
 }
 
 TEST_F(StatisticsTest, AddUpALongList) {

@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "support/forwarding_file_system.h"
+#include "platform/forwarding_file_system.h"
 
 namespace qublet {
 

@@ -22,6 +22,7 @@ class RecordingFeedback : public Feedback {
 
   void BeginWait() override { most_waits = std::max(most_waits, ++waits); }
   void EndWait() override { --waits; }
+  bool Busy() const override { return waits > 0; }
   bool Stopped() const override { return stopped; }
   void ShowActivity(const std::string& text) override {
     activities.push_back(text);

@@ -258,8 +258,10 @@ ReportResult GenerateReport(const ReportServices& services, const std::string& p
     file.Write(file.Bytes(lines.Headers()));
 
     const ReportNeeds needs = NeedsOf(lines.Columns());
+    const ExistingFiles existing(services.files);
     const ReportRows::Make make = [&](std::size_t place) {
-      ReportItem item = ReadReportItem(services.files, files[place], needs, base, services.thousands_separator);
+      ReportItem item =
+          ReadReportItem(services.files, files[place], needs, base, services.thousands_separator, existing);
       ReportRow row{item.facts, "", std::nullopt};
       if (item.facts.shows_time && !item.facts.seconds)
         row.waits = std::move(item);

@@ -10,7 +10,6 @@
 #include "media/vorbis_comments.h"
 #include "media/wav_header.h"
 #include "platform/drive_form.h"
-#include "playlist/paths/file_details.h"
 #include "playlist/paths/formats.h"
 #include "playlist/paths/numbers.h"
 #include "playlist/paths/path_text.h"
@@ -191,7 +190,8 @@ void FillFromFile(const FileSystem& files, const std::string& path, const std::s
 }  // namespace
 
 ReportItem ReadReportItem(const FileSystem& files, const std::string& path, const ReportNeeds& needs,
-                          const ReportBase& base, const std::string& thousands_separator) {
+                          const ReportBase& base, const std::string& thousands_separator,
+                          const ExistingFiles& existing) {
   ReportItem item;
   const std::string dotted = GetExtension(path);
   const std::string extension = LowerCase(dotted);
@@ -199,7 +199,7 @@ ReportItem ReadReportItem(const FileSystem& files, const std::string& path, cons
   item.cells[kFolderCell] = FolderOf(path, base);
   std::unique_ptr<InputFile> file;
   if (IsRead(extension, needs)) ResumeNext([&] { file = files.OpenForReading(path); });
-  item.facts.found = file != nullptr || FileExists(files, path);
+  item.facts.found = file != nullptr || existing.Has(path);
   if (!item.facts.found) {
     item.cells[kSizeCell] = "Not found!";
     return item;

@@ -6,6 +6,7 @@
 
 #include "generators/report/report_columns.h"
 #include "platform/file_system.h"
+#include "playlist/paths/existing_files.h"
 
 namespace qublet {
 
@@ -39,8 +40,9 @@ struct ReportItem {
   std::string link;
 };
 
-// Never throws: a step that fails leaves what it was to fill.
+// `existing` is that of the whole report. Never throws: a step that fails leaves what it was to fill.
 ReportItem ReadReportItem(const FileSystem& files, const std::string& path, const ReportNeeds& needs,
-                          const ReportBase& base, const std::string& thousands_separator);
+                          const ReportBase& base, const std::string& thousands_separator,
+                          const ExistingFiles& existing);
 
 }  // namespace qublet

@@ -19,6 +19,7 @@
 #include "platform/linux/move.h"
 #include "platform/linux/native_text.h"
 #include "platform/linux/open_files.h"
+#include "platform/linux/reached_path.h"
 #include "platform/linux/replacement.h"
 
 namespace qublet {
@@ -132,10 +133,14 @@ class LinuxFileSystem : public FileSystem {
 };
 
 std::optional<struct stat> LinuxFileSystem::FindStatus(const std::string& path) const {
-  struct stat status {};
-  std::string native;
-  if (!Guarded([&] { native = ToNative(path); }) || stat(native.c_str(), &status) != 0) return std::nullopt;
-  return status;
+  std::optional<struct stat> found;
+  ResumeNext([&] {
+    struct stat status {};
+    const std::string native = ToNative(path);
+    const ReachedPath place(native);
+    if (fstatat(place.Folder(), place.Name(), &status, 0) == 0) found = status;
+  });
+  return found;
 }
 
 struct stat LinuxFileSystem::StatusAt(const std::string& path) const {

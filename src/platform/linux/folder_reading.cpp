@@ -2,21 +2,35 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 
 #include "platform/linux/descriptor.h"
 #include "platform/linux/file_system_kind.h"
 #include "platform/linux/native_text.h"
+#include "platform/linux/reached_path.h"
 
 namespace qublet {
+namespace {
+
+// Null when it can't be opened; errno says why.
+DIR* OpenFolder(const std::string& native) {
+  const ReachedPath path(native);
+  const int folder = openat(path.Folder(), path.Name(), O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC);
+  DIR* const open = folder >= 0 ? fdopendir(folder) : nullptr;
+  if (open == nullptr && folder >= 0) close(folder);
+  return open;
+}
+
+}  // namespace
 
 bool IsHiddenName(std::string_view name) {
   return name.starts_with('.') && name != "." && name != "..";
 }
 
 LinuxFolder::LinuxFolder(const std::string& native, DeviceWithFiles& with_files)
-    : native_(native), with_files_(with_files), open_(opendir(native.c_str())) {
+    : native_(native), with_files_(with_files), open_(OpenFolder(native)) {
   struct stat status {};
   if (!open_ || fstat(dirfd(open_.get()), &status) != 0) FailWithErrno("list", native);
   identity_ = {status.st_dev, status.st_ino};

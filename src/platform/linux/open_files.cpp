@@ -3,6 +3,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "platform/linux/reached_path.h"
+
 namespace qublet {
 namespace {
 
@@ -17,7 +19,8 @@ Descriptor OpenWhereItLeads(const std::string& native, int flags, Whose whose) {
 Descriptor OpenRegular(const std::string& native, int access, Whose whose) {
   const int flags = access | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW;
   if (whose == Whose::kOwn) return OpenWhereItLeads(native, flags, whose);
-  Descriptor file(Uninterrupted([&] { return open(native.c_str(), flags | O_CLOEXEC); }));
+  const ReachedPath path(native);
+  Descriptor file(Uninterrupted([&] { return openat(path.Folder(), path.Name(), flags | O_CLOEXEC); }));
   if (!file.IsOpen() && errno == ELOOP) return OpenWhereItLeads(native, flags, whose);
   if (!file.IsOpen()) FailWithErrno("open", native);
   return file;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <unordered_set>
 
-#include "playlist/paths/file_details.h"
+#include "playlist/paths/existing_files.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
 
@@ -93,7 +93,8 @@ std::string RelativeLine(std::string_view line, std::string_view base_folder) {
 }
 
 bool KeepExistingFiles(const FileSystem& files, Collection& lines) {
-  return std::erase_if(lines, [&](const std::string& line) { return !FileExists(files, line); }) == 0;
+  const ExistingFiles existing(files);
+  return std::erase_if(lines, [&](const std::string& line) { return !existing.Has(line); }) == 0;
 }
 
 std::string FindCommonFolder(const Collection& files) {

@@ -1,24 +1,10 @@
 #include "playlist/paths/file_details.h"
 
-#include <algorithm>
-#include <vector>
-
+#include "playlist/paths/existing_files.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
 
 namespace qublet {
-namespace {
-
-bool AnyNameFits(const FileSystem& files, const std::string& path) {
-  const std::string pattern = FoldCase(GetFileName(path));
-  const std::string folder = path.substr(0, path.size() - GetFileName(path).size());
-  const std::vector<FolderEntry> entries = files.ReadFolder(folder.empty() ? files.CurrentFolder() : folder);
-  return std::any_of(entries.begin(), entries.end(), [&](const FolderEntry& entry) {
-    return !entry.hidden && MatchesFoldedWildcard(FoldCase(entry.name), pattern);
-  });
-}
-
-}  // namespace
 
 void GetFileDetails(const FileSystem& files, std::string& path, FileDetails& details) {
   details.Path = NormalizePath(path);
@@ -30,12 +16,7 @@ void GetFileDetails(const FileSystem& files, std::string& path, FileDetails& det
 }
 
 bool FileExists(const FileSystem& files, const std::string& path) {
-  if (path.empty()) return false;
-  if (files.Exists(path)) return true;
-  if (GetFileName(path).find_first_of("*?") == std::string::npos) return false;
-  bool fits = false;
-  ResumeNext([&] { fits = AnyNameFits(files, path); });
-  return fits;
+  return ExistingFiles(files).Has(path);
 }
 
 Outcome RenameFileSafe(const FileSystem& files, const std::string& from, const std::string& to) {

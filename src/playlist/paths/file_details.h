@@ -19,8 +19,7 @@ struct FileDetails {
 // Normalises `path` in place and fills `details`; for a folder `Extension` stays as the caller left it.
 void GetFileDetails(const FileSystem& files, std::string& path, FileDetails& details);
 
-// True for a file and for a folder, and for a path whose last piece holds "*" or "?" when a name that isn't hidden
-// fits it. False for "".
+// ExistingFiles of one path; who asks for many makes one of these.
 bool FileExists(const FileSystem& files, const std::string& path);
 
 // Renaming never replaces a file, copying does.

@@ -51,7 +51,11 @@ class Walk {
     while (!levels_.empty() && !feedback_.Stopped()) {
       Level& level = levels_.back();
       if (recurse && level.next < level.content->subfolders.size()) {
-        Enter(level.folder + level.content->subfolders[level.next++], false);
+        const std::string subfolder = level.folder + level.content->subfolders[level.next++];
+        if (levels_.size() > WalkBounds::kMostDepth || subfolder.size() > WalkBounds::kMostPathBytes)
+          ++gaps_.too_far;
+        else
+          Enter(subfolder, false);
       } else {
         if (!level.quiet) feedback_.ShowActivity("");
         levels_.pop_back();
@@ -59,6 +63,8 @@ class Walk {
     }
     if (!levels_.empty()) feedback_.ShowActivity("");
   }
+
+  const WalkGaps& Gaps() const { return gaps_; }
 
  private:
   // A folder on the way from the first one to the present one.
@@ -76,13 +82,18 @@ class Walk {
     level.folder = WithSlash(folder);
     level.quiet = quiet;
     FilterSet::Matches matches;
-    ResumeNext([&] {
+    const Outcome listed = Attempt([&] {
       const std::unique_ptr<OpenedFolder> open = files_.Open(level.folder);
-      if (!open || !MayEnter(open->Identity())) return;
+      if (!open) throw Failure("it can't be listed", level.folder);
+      if (!MayEnter(open->Identity())) return;
       level.identity = open->Identity();
       level.content = ContentOf(level.folder, *open);
       matches = level.content->matches;
       filters_.AddUnlisted(files_, level.folder, matches);
+    });
+    if (!listed) ++gaps_.unlisted;
+    gaps_.too_far += std::erase_if(matches, [&](const FilterSet::Match& match) {
+      return level.folder.size() + match.name.size() > WalkBounds::kMostPathBytes;
     });
     take_(level.folder, std::move(matches));
     levels_.push_back(std::move(level));
@@ -120,6 +131,7 @@ class Walk {
   SimilarNames* similar_ = nullptr;
   std::vector<Level> levels_;
   std::unordered_map<FolderIdentity, int, IdentityHash> ways_;  // times each folder has been entered
+  WalkGaps gaps_;
 };
 
 void AppendPaths(const std::string& folder, const FilterSet::Matches& matches, Collection& results) {
@@ -150,8 +162,9 @@ void ListFolderFiles(const FileSystem& files, const std::string& folder, const s
   });
 }
 
-void WalkFolder(const FileSystem& files, Feedback& feedback, const std::string& folder, const Collection& filters,
-                Collection& results, bool Recurse, bool Quiet, const std::function<void()>& folder_done) {
+WalkGaps WalkFolder(const FileSystem& files, Feedback& feedback, const std::string& folder, const Collection& filters,
+                    Collection& results, bool Recurse, bool Quiet, const std::function<void()>& folder_done) {
+  WalkGaps gaps;
   ResumeNext([&] {
     const FilterSet set(filters);
     Walk walk(files, feedback, set, [&](const std::string& place, const FilterSet::Matches& matches) {
@@ -159,7 +172,9 @@ void WalkFolder(const FileSystem& files, Feedback& feedback, const std::string& 
       if (folder_done) folder_done();
     });
     walk.Run(folder, Recurse, Quiet);
+    gaps = walk.Gaps();
   });
+  return gaps;
 }
 
 struct FolderSearch::State {

@@ -17,9 +17,28 @@ const Collection& FileFilters();
 // What counts as a playlist: "*.m3u", "*.m3u8", and "*.bm", a bookmark file, which reads alike.
 const Collection& PlaylistFilters();
 
+// Where a walk ends: what lies further away is counted and left out.
+struct WalkBounds {
+  static constexpr std::size_t kMostPathBytes = std::size_t{32} << 10;  // of a path in drive form
+  static constexpr std::size_t kMostDepth = 4096;                       // folders below the first one
+};
+
+// What a walk didn't get at.
+struct WalkGaps {
+  std::size_t unlisted = 0;  // folders that can't be listed
+  std::size_t too_far = 0;   // files and folders beyond WalkBounds
+
+  WalkGaps& operator+=(const WalkGaps& more) {
+    unlisted += more.unlisted;
+    too_far += more.too_far;
+    return *this;
+  }
+};
+
 // Listing the files of folders. A filter is a pattern of "*" and "?", which fits names that aren't hidden whatever
 // their case, or a plain name, found as the file system finds it; both may have folders in front ("music\a.mp3").
-// Names come in ascending order ignoring case. Nothing here throws; a folder that can't be read gives nothing.
+// Names come in ascending order ignoring case. Nothing here throws; a folder that can't be read gives nothing
+// and is only counted.
 
 // Appends a path for each file in `folder` that fits `filter`: `folder` + name when the filter is one of FileFilters
 // or "*.*". Any other filter gives `folder` + filter itself, once for each file: the path for a plain name, the
@@ -32,8 +51,8 @@ void ListFolderFiles(const FileSystem& files, const std::string& folder, const s
 // been reached in eight other ways. The activity text follows the folders; `Quiet` silences it for the first level
 // only. `folder_done`, if there is one, is called when what a folder gives stands in `results`. A walk that the user
 // stops ends behind the present folder.
-void WalkFolder(const FileSystem& files, Feedback& feedback, const std::string& folder, const Collection& filters,
-                Collection& results, bool Recurse, bool Quiet, const std::function<void()>& folder_done = {});
+WalkGaps WalkFolder(const FileSystem& files, Feedback& feedback, const std::string& folder, const Collection& filters,
+                    Collection& results, bool Recurse, bool Quiet, const std::function<void()>& folder_done = {});
 
 // A file that bears a wanted name.
 struct FoundName {

@@ -6,15 +6,14 @@
 #include <utility>
 
 #include "platform/code_page.h"
+#include "playlist/paths/playlist_bounds.h"
 
 namespace qublet {
 namespace {
 
-constexpr std::int64_t kMaxTextBytes = std::int64_t{256} << 20;
-
 std::string WholeFile(const FileSystem& files, const std::string& path) {
   const auto file = files.OpenForReading(path);
-  if (file->Size() > kMaxTextBytes) throw Failure("too long for a text", path);
+  if (file->Size() > PlaylistBounds::kMostFileBytes) throw Failure("too long for a text", path);
   std::string bytes(static_cast<std::size_t>(file->Size()), '\0');
   bytes.resize(file->ReadAt(0, {reinterpret_cast<std::uint8_t*>(bytes.data()), bytes.size()}));
   return bytes;

@@ -3,18 +3,19 @@
 #include <algorithm>
 #include <memory>
 
-#include "playlist/paths/file_details.h"
+#include "playlist/paths/existing_files.h"
 #include "playlist/paths/text.h"
 
 namespace qublet {
 
 MissingItems FindMissingItems(const RowStore& rows, const FileSystem& files, const std::function<void()>& alive) {
   MissingItems missing;
+  const ExistingFiles existing(files);
   const std::unique_ptr<RealNames> names = files.FindRealNames();
   for (int i = 1; i <= rows.Count(); ++i) {
     rows.ExpectPaths(i);
     std::string path = rows.At(i).FullPath();
-    const bool there = Contains(path, ":") && (FileExists(files, rows.At(i).RealPath()) || names->Of(path));
+    const bool there = Contains(path, ":") && (existing.Has(rows.At(i).RealPath()) || names->Of(path));
     if (!there) {
       missing.MissingRows.push_back(i);
       missing.MissingPaths.push_back(std::move(path));

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "playlist/paths/file_details.h"
+#include "playlist/paths/existing_files.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/row_paths.h"
 #include "tools/rename/apply_rules.h"
@@ -64,12 +64,13 @@ bool Renamer::AskForRun() {
 
 bool Renamer::AskAboutMissing(const Watch& watch) {
   const FileSystem& files = engine_.services.files;
+  const ExistingFiles existing(files);
   bool all_there = true;
   not_files_.clear();
   for (const std::string& path : engine_.document.FileArray) {
     const std::optional<unsigned> attributes = files.Attributes(path);
     if (!attributes || (*attributes & kFolder) != 0) not_files_.insert(path);
-    all_there = all_there && (attributes || FileExists(files, path));
+    all_there = all_there && (attributes || existing.Has(path));
   }
   if (all_there || Ask(kMissing, MessageIcon::kQuestion, MessageButtons::kYesNoCancel) == MessageAnswer::kYes)
     return true;

@@ -2,6 +2,7 @@
 
 #include "platform/failure.h"
 #include "platform/forwarding_file_system.h"
+#include "support/counted_listings.h"
 #include "support/report_test_base.h"
 
 namespace qublet {
@@ -313,6 +314,22 @@ TEST_F(ReportEngine, OpensNoSongForNamesAndFolders) {
   Select({1, 17});
   GenerateReport({counted, clock_, ","}, "c:\\out", files, settings_, [](int, int) {});
   EXPECT_EQ(counted.opened, 1);
+}
+
+TEST_F(ReportEngine, ListsAFolderOnceForAllRowsThatArePatterns) {
+  const CountedListings counted(*files_);
+  Collection files;
+  for (int i = 0; i < 100; ++i) files.push_back("c:\\music\\?" + std::to_string(i) + ".mp3");
+  files.push_back("c:\\music\\?.ogg");
+  Select({1, 4});
+  UsePlainText();
+  EXPECT_TRUE(GenerateReport({counted, clock_, ","}, "c:\\out", files, settings_, [](int, int) {}).written);
+  EXPECT_EQ(counted.OfAll(), 1);
+  const std::string report = drives_.Read("out");
+  std::size_t missing = 0;
+  for (std::size_t at = report.find("Not found!"); at != report.npos; at = report.find("Not found!", at + 1))
+    ++missing;
+  EXPECT_EQ(missing, 100u);
 }
 
 }  // namespace

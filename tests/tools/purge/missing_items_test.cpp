@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/counted_listings.h"
 #include "support/purge_test_base.h"
 
 namespace qublet {
@@ -42,6 +43,15 @@ TEST_F(MissingItemsTest, AFolderAndAFittingPatternCountAsThere) {
   AddRow("c:\\m\\", "?.ogg");
   AddRow("", "");
   EXPECT_EQ(Find().MissingRows, (Numbers{3, 4}));
+}
+
+TEST_F(MissingItemsTest, ListsAFolderOnceForAllRowsThatArePatterns) {
+  Touch({"m/a.mp3"});
+  AddRow("c:\\m\\", "*.mp3");
+  for (int i = 1; i <= 10; ++i) AddRow("c:\\m\\", "?" + std::to_string(i) + ".mp3");
+  const CountedListings counted(*files_);
+  EXPECT_EQ(FindMissingItems(Rows(), counted, [] {}).MissingRows.size(), 10u);
+  EXPECT_EQ(counted.OfAll(), 1);
 }
 
 TEST_F(MissingItemsTest, TakesWhateverANameMayHold) {
