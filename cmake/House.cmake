@@ -44,5 +44,6 @@ if(QUBLET_FUZZ)
   target_link_options(house_rules INTERFACE -fsanitize=address,undefined)
 endif()
 
+include(Hardened)
 include(Rooms)
 include(BuildProgram)
