@@ -377,7 +377,8 @@ class Guards(unittest.TestCase):
         self.lacks(94, first & ~0x40, "DYNAMIC_BASE")
         self.lacks(95, second & ~1, "NX_COMPAT")
         self.lacks(52, 0, "4 GiB")
-        for text in (b"stack smashing detected", b"buffer overflow detected", b"__n < this->size()"):
+        for text in (b"stack smashing detected", b"buffer overflow detected", b"__n < this->size()",
+                     b"SetDefaultDllDirectories"):
             self.assertEqual(len(guarded.lacks(self.whole.replace(text, text[::-1]))), 1, text)
 
 

@@ -5,6 +5,7 @@
 #include "platform/program.h"
 
 int main(int argc, char** argv) {
+  qublet::LoadNothingForeign();
   std::ios::sync_with_stdio(false);
   const qublet::Utf8Console console;
   const qublet::System system;

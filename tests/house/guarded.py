@@ -96,6 +96,7 @@ def lacks_of_pe(data):
     relocations, = struct.unpack_from("<I", data, header + 24 + 112 + 5 * 8 + 4)
     held = {guard: characteristics & bit for bit, guard in PE_CHARACTERISTICS.items()}
     held |= {
+        "libraries of the system alone (SetDefaultDllDirectories)": b"SetDefaultDllDirectories" in data,
         "what it is moved by (relocations)": not kept & 1 and relocations,
         "a place beyond 4 GiB": base >> 32,
         # The checks are linked in, and say this.

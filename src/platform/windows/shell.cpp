@@ -10,6 +10,12 @@
 namespace qublet {
 namespace {
 
+std::wstring SystemFolder() {
+  std::wstring folder(MAX_PATH, L'\0');
+  folder.resize(GetSystemDirectoryW(folder.data(), MAX_PATH));
+  return folder;
+}
+
 class WindowsShell : public Shell {
  public:
   explicit WindowsShell(const FileSystem& files) : files_(files) {}
@@ -57,14 +63,15 @@ class WindowsShell : public Shell {
   }
 
   // The old program's name is still served by some systems, the new one by all since then.
-  bool OpenVolumeControl() override { return Start(L"sndvol32") || Start(L"sndvol"); }
+  bool OpenVolumeControl() override { return StartOfSystem(L"sndvol32.exe") || StartOfSystem(L"sndvol.exe"); }
 
   std::string HandOverFolder() override { return ""; }
 
  private:
-  // Above 32 is success (ShellExecute's own rule).
-  static bool Start(const wchar_t* program) {
-    const HINSTANCE result = ShellExecuteW(nullptr, L"open", program, nullptr, nullptr, SW_SHOWNORMAL);
+  // A bare name would be looked for in the current folder too. Above 32 is success (ShellExecute's own rule).
+  static bool StartOfSystem(const wchar_t* program) {
+    const std::wstring place = SystemFolder() + L'\\' + program;
+    const HINSTANCE result = ShellExecuteW(nullptr, L"open", place.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
     return reinterpret_cast<INT_PTR>(result) > 32;
   }
   void Execute(const wchar_t* verb, const std::string& path) const {
