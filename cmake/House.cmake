@@ -46,5 +46,6 @@ if(QUBLET_FUZZ)
   target_link_options(house_rules INTERFACE -fsanitize=address,undefined ${counted})
 endif()
 
+include(Hardened)
 include(Rooms)
 include(BuildProgram)

@@ -30,7 +30,7 @@ function(room name)
   endforeach()
 
   add_library(${name} STATIC ${ROOM_SOURCES})
-  target_link_libraries(${name} PUBLIC house_rules ${ROOM_USES} ${ROOM_LIBRARIES})
+  target_link_libraries(${name} PRIVATE hardened PUBLIC house_rules ${ROOM_USES} ${ROOM_LIBRARIES})
   set_property(TARGET ${name} PROPERTY IS_ROOM TRUE)
   demand_place_for_qt(${name} ${folder} ${ROOM_USES} ${ROOM_LIBRARIES})
   precompile_room(${name})

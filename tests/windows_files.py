@@ -17,6 +17,9 @@ import tempfile
 import time
 import unittest
 
+sys.path.insert(0, str(pathlib.Path(__file__).with_name("house")))
+import guarded
+
 LINUX, WINDOWS = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
 PREFIX = pathlib.Path(os.environ["WINEPREFIX"])
 FRAME = bytes.fromhex("fffb9064") + bytes(413)  # 128 kbit/s, 44,100 Hz
@@ -350,6 +353,33 @@ class Player(Files):
 
     def test_is_missed_where_none_runs(self):
         self.assertEqual(run("windows", ["player"], self.folder)[0], 1)
+
+
+class Guards(unittest.TestCase):
+    def setUp(self):
+        self.whole = (WINDOWS / "qublet.exe").read_bytes()
+        self.header = struct.unpack_from("<I", self.whole, 60)[0]
+
+    def lacks(self, place, value, word):
+        data = bytearray(self.whole)
+        data[self.header + place] = value
+        found = guarded.lacks(bytes(data))
+        self.assertEqual(len(found), 1, found)
+        self.assertIn(word, found[0])
+
+    def test_the_program_lacks_none(self):
+        self.assertEqual(guarded.lacks(self.whole), [])
+
+    def test_each_is_missed(self):
+        kept, first, second = self.whole[self.header + 22], *self.whole[self.header + 94:self.header + 96]
+        self.lacks(22, kept | 1, "relocations")
+        self.lacks(94, first & ~0x20, "HIGH_ENTROPY_VA")
+        self.lacks(94, first & ~0x40, "DYNAMIC_BASE")
+        self.lacks(95, second & ~1, "NX_COMPAT")
+        self.lacks(52, 0, "4 GiB")
+        for text in (b"stack smashing detected", b"buffer overflow detected", b"__n < this->size()",
+                     b"SetDefaultDllDirectories"):
+            self.assertEqual(len(guarded.lacks(self.whole.replace(text, text[::-1]))), 1, text)
 
 
 if __name__ == "__main__":

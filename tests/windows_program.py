@@ -17,6 +17,9 @@ import time
 import unittest
 import zipfile
 
+sys.path.insert(0, str(pathlib.Path(__file__).with_name("house")))
+import guarded
+
 LINUX = pathlib.Path(sys.argv[1]).resolve()
 WINDOWS = pathlib.Path(sys.argv[2]).resolve()
 ZIP = pathlib.Path(sys.argv[3]).resolve()
@@ -176,6 +179,10 @@ class WholeProgram(unittest.TestCase):
     def test_6_brings_no_other_library(self):
         self.assertEqual(sorted(file.name for file in self.programs.glob("*.exe")), ["QUBLET20.exe", "qublet.exe"])
         self.assertEqual(list(self.programs.glob("*.dll")), [])
+
+    def test_6_is_guarded(self):
+        for program in self.programs.glob("*.exe"):
+            self.assertEqual(guarded.lacks(program.read_bytes()), [], program.name)
 
     def test_7_brings_its_papers(self):
         papers = {file.relative_to(self.programs).as_posix(): file.read_bytes() for file in self.programs.rglob("*.txt")}

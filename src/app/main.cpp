@@ -122,6 +122,7 @@ int Run(QApplication& application) {
 }  // namespace qublet
 
 int main(int argc, char** argv) {
+  qublet::LoadNothingForeign();
   QApplication application(argc, argv);
   application.setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(qublet::Picture(QStringLiteral("program")));

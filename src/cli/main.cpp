@@ -6,6 +6,7 @@
 #include "platform/program.h"
 
 int main(int argc, char** argv) {
+  qublet::LoadNothingForeign();
   std::ios::sync_with_stdio(false);
   const qublet::Utf8Console console;
   const qublet::TidyEnd tidy_end;

@@ -14,6 +14,11 @@ class TerminalStream;
 // `GetPlatformId`: 2 on the consumer line of Windows, 3 on its server line and on Linux, 0 when the system can't say.
 int GetPlatformId();
 
+// The first thing that a program does: from here on nothing is loaded from the current folder, which is that of some
+// playlist, nor from %PATH%, only from the program's own folder and the system's, where that is for a program to say.
+// Holds to the end of the process.
+void LoadNothingForeign();
+
 // What this process was given, in UTF-8, without the name of the program; `count` and `arguments` as main() has them.
 // On Windows no shell has done it before, so patterns stand for the files that fit (see windows/command_words.h).
 std::vector<std::string> CommandLineArguments(int count, char** arguments);

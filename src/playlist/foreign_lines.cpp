@@ -165,6 +165,7 @@ bool HoldsSlash(const MediaInfo& info) {
 ForeignLines::ForeignLines(const FileSystem& files, const PlaylistLines& playlist, std::string thousands_separator)
     : files_(files),
       playlist_(playlist),
+      servers_(files, playlist),
       thousands_separator_(std::move(thousands_separator)),
       own_form_has_drives_(OwnFormHasDrives(files)),
       names_(files.FindRealNames()) {}
@@ -203,6 +204,7 @@ std::optional<ForeignLines::Found> ForeignLines::Find(std::string_view bytes, co
                        as_taken.ends_with(bytes.substr(1));
   Collection candidates = certain ? Collection{} : Candidates(bytes);
   if (!MayBeOwnBytes(bytes)) std::erase(candidates, as_taken);
+  std::erase_if(candidates, [&](const std::string& path) { return !servers_.MayBeLookedFor(path); });
   if (candidates.size() > kMostCandidates) candidates.resize(kMostCandidates);
   for (const std::string& path : candidates)
     if (NamesFile(files_, path)) return Found{path, path};
@@ -239,7 +241,11 @@ bool ForeignLines::FillRow(std::size_t place, const std::string& path, int origi
   if (IsOnAnotherHost(bytes)) {  // it may be asleep: nothing of it is looked at
     NameExactly(path, info);
   } else {
-    ReadUnlessMissing(path, info);
+    if (servers_.MayBeLookedFor(path)) {
+      ReadUnlessMissing(path, info);
+    } else {
+      NameExactly(path, info);
+    }
     const std::string full = info.Path + info.FileName;
     there = info.Found && (IsSamePath(full, path) || NamesFile(files_, full));
     if (!there || HoldsSlash(info) || MayBeOwnBytes(bytes)) found = Find(bytes, full);
@@ -268,7 +274,8 @@ std::string ForeignLines::FileOf(std::size_t place, const std::string& path) con
   NameFile(path, info);
   if (!Contains(path, ":")) ResumeNext([&] { CompleteFolder(files_, info); });
   std::string full = info.Path + info.FileName;
-  if (!HoldsSlash(info) && !MayBeOwnBytes(bytes) && NamesFile(files_, full)) return full;
+  const bool at_home = !HoldsSlash(info) && !MayBeOwnBytes(bytes) && servers_.MayBeLookedFor(path);
+  if (at_home && NamesFile(files_, full)) return full;
   const auto found = Find(bytes, full);
   if (found) return found->real;
   return IsOfAServer(path) ? path : full;

@@ -12,6 +12,7 @@
 #include "platform/language_code_page.h"
 #include "playlist/playlist_lines.h"
 #include "playlist/row_store.h"
+#include "playlist/server_lines.h"
 
 namespace qublet {
 
@@ -54,6 +55,7 @@ class ForeignLines {
 
   const FileSystem& files_;
   const PlaylistLines& playlist_;
+  const ServerLines servers_;
   const std::string thousands_separator_;
   const LanguageCodePage page_;
   const bool own_form_has_drives_;

@@ -2,6 +2,7 @@
 
 #include <charconv>
 
+#include "platform/server.h"
 #include "playlist/paths/file_details.h"
 #include "playlist/paths/formats.h"
 #include "playlist/paths/numbers.h"
@@ -75,6 +76,12 @@ std::array<std::string, 3> OnePanels(const Survey& survey, bool there, const std
           FormatSize(survey.selected.size, separator)};
 }
 
+// What is missing on a server may just not have been looked for there, and the row is selected by being taken in.
+bool IsFileThere(const FileSystem& files, const Row& row) {
+  const std::string path = row.RealPath();
+  return !(row.ghosted && !ServerIn(path).empty()) && FileExists(files, path);
+}
+
 }  // namespace
 
 std::array<std::optional<bool>, 3> UpdateLimitWarnings(std::int64_t count, std::int64_t size, std::int64_t length,
@@ -94,7 +101,7 @@ ListStatus WorkOutStatus(const RowStore& rows, const FileSystem& files, const Ap
   if (survey.selected.count == 0) {
     status.panels = NonePanels(survey, thousands_separator);
   } else if (survey.selected.count == 1) {
-    status.facts.file_there = FileExists(files, rows.At(survey.last_of_selected).RealPath());
+    status.facts.file_there = IsFileThere(files, rows.At(survey.last_of_selected));
     status.panels = OnePanels(survey, status.facts.file_there, thousands_separator);
   } else {
     status.panels = SeveralPanels(survey, thousands_separator);

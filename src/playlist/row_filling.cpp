@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/server.h"
 #include "playlist/paths/formats.h"
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
@@ -63,7 +64,7 @@ Outcome RowReader::Read(const std::string& path, int original_order, Row& row) c
 
 bool RowReader::ReadAgain(const std::string& path, int original_order, Row& row) const {
   Facts facts;
-  if (path.starts_with("\\\\")) {
+  if (!ServerIn(path).empty()) {
     NameExactly(path, facts.info);
   } else {
     facts = FactsOf(path);

@@ -18,6 +18,9 @@ int GetPlatformId() {
   return 3;
 }
 
+// The loader looks into no current folder unless this user has it do so.
+void LoadNothingForeign() {}
+
 std::vector<std::string> CommandLineArguments(int count, char** arguments) {
   return {arguments + 1, arguments + count};
 }

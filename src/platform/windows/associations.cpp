@@ -26,7 +26,9 @@ class ShellAssociations : public Associations {
       // The program that only asks the user which one to take is none.
       const HRESULT result = AssocQueryStringW(ASSOCF_NOTRUNCATE | ASSOCF_INIT_IGNOREUNKNOWN, ASSOCSTR_EXECUTABLE,
                                                WideText(path.substr(dot)).c_str(), L"open", found.data(), &length);
-      if (result == S_OK) program.path = files_.FromNative(NarrowText(found.c_str()));
+      // A bare name would be looked for in the current folder.
+      if (result == S_OK && !PathIsRelativeW(found.c_str()))
+        program.path = files_.FromNative(NarrowText(found.c_str()));
     });
     return program;
   }

@@ -29,6 +29,13 @@ int GetPlatformId() {
   return 3;
 }
 
+// The folders of AddDllDirectory are among these; nobody adds any. Where programs are looked for by name, which the
+// shell does for associations, the current folder comes last.
+void LoadNothingForeign() {
+  SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
+  SetSearchPathMode(BASE_SEARCH_PATH_ENABLE_SAFE_SEARCHMODE | BASE_SEARCH_PATH_PERMANENT);
+}
+
 // What main() has is in the code page, which can't say every path.
 std::vector<std::string> CommandLineArguments(int /*count*/, char** /*arguments*/) {
   return CommandWords(GetCommandLineW());

@@ -10,6 +10,12 @@
 namespace qublet {
 namespace {
 
+std::wstring SystemFolder() {
+  std::wstring folder(MAX_PATH, L'\0');
+  folder.resize(GetSystemDirectoryW(folder.data(), MAX_PATH));
+  return folder;
+}
+
 class WindowsShell : public Shell {
  public:
   explicit WindowsShell(const FileSystem& files) : files_(files) {}
@@ -57,7 +63,7 @@ class WindowsShell : public Shell {
   }
 
   // The old program's name is still served by some systems, the new one by all since then.
-  bool OpenVolumeControl() override { return Start(L"sndvol32") || Start(L"sndvol"); }
+  bool OpenVolumeControl() override { return StartOfSystem(L"sndvol32.exe") || StartOfSystem(L"sndvol.exe"); }
 
   std::string HandOverFolder() override { return ""; }
 
@@ -67,7 +73,10 @@ class WindowsShell : public Shell {
     const HINSTANCE result = ShellExecuteW(nullptr, verb, native, nullptr, nullptr, SW_SHOWNORMAL);
     return reinterpret_cast<INT_PTR>(result) > 32;
   }
-  static bool Start(const wchar_t* program) { return Execute(L"open", program); }
+  // A bare name would be looked for in the current folder too.
+  static bool StartOfSystem(const wchar_t* program) {
+    return Execute(L"open", (SystemFolder() + L'\\' + program).c_str());
+  }
   bool Execute(const wchar_t* verb, const std::string& path) const {
     bool done = false;
     ResumeNext([&] { done = Execute(verb, WideText(files_.ToNative(path)).c_str()); });

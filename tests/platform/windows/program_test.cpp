@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/user_locale.h"
+#include "platform/windows/windows_api.h"
 #include "support/file_system_test_base.h"
 
 namespace qublet {
@@ -48,6 +49,39 @@ TEST_F(WindowsProgramTest, KnowsItsArgumentsBesideMain) {
   // The program's own name is left out, whatever main() was told.
   for (const std::string& argument : CommandLineArguments(0, nullptr))
     EXPECT_FALSE(argument.ends_with("platform_tests.exe"));
+}
+
+// The library of this build that stands in a folder by itself.
+std::wstring FolderOfPlantedLibrary() {
+  std::wstring place(MAX_PATH, L'\0');
+  place.resize(GetModuleFileNameW(nullptr, place.data(), MAX_PATH));
+  return place.substr(0, place.rfind(L'\\')) + L"\\planted";
+}
+
+TEST_F(WindowsProgramTest, LoadsNoLibraryFromTheCurrentFolderOrThePath) {
+  const std::wstring folder = FolderOfPlantedLibrary();
+  ASSERT_TRUE(SetCurrentDirectoryW(folder.c_str()));
+  const HMODULE before = LoadLibraryW(L"planted_library");
+  ASSERT_NE(before, nullptr) << "nothing to keep out";
+  FreeLibrary(before);
+
+  LoadNothingForeign();
+  EXPECT_EQ(LoadLibraryW(L"planted_library"), nullptr);
+  SetEnvironmentVariableW(L"PATH", folder.c_str());
+  EXPECT_EQ(LoadLibraryW(L"planted_library.dll"), nullptr);
+  const HMODULE of_system = LoadLibraryW(L"winmm");
+  EXPECT_NE(of_system, nullptr);
+  FreeLibrary(of_system);
+}
+
+TEST_F(WindowsProgramTest, FindsProgramsInTheCurrentFolderLast) {
+  drives_.Write("notepad.exe", "planted");
+  files_->SetCurrentFolder("c:\\");
+  SetCurrentDirectoryW(drives_.C().wstring().c_str());
+  LoadNothingForeign();
+  wchar_t found[MAX_PATH] = L"";
+  ASSERT_NE(SearchPathW(nullptr, L"notepad.exe", nullptr, MAX_PATH, found, nullptr), 0u);
+  EXPECT_EQ(std::wstring(found).find(drives_.C().wstring()), std::wstring::npos);
 }
 
 TEST(DigitGroupMark, IsTheOneOfTheUsersCountry) {

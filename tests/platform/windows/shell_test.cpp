@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "platform/program.h"
+#include "platform/windows/windows_api.h"
 #include "support/temporary_drives.h"
 
 namespace qublet {
@@ -35,6 +36,16 @@ TEST_F(WindowsShellTest, StartsAProgramWithOneWord) {
     EXPECT_NE(Noted().find(word), std::string::npos) << word;
     std::filesystem::remove(drives_.C() / "log.txt");
   }
+}
+
+// Wine has none; where there is one, that comes up.
+TEST_F(WindowsShellTest, TakesNoVolumeControlFromTheCurrentFolder) {
+  const std::string own = ExecutablePath(*files_);
+  const std::filesystem::path harmless = files_->ToNative(own.substr(0, own.rfind('\\')) + "\\player_stand_in.exe");
+  for (const char* name : {"sndvol32.exe", "sndvol.exe"}) std::filesystem::copy_file(harmless, drives_.C() / name);
+  wchar_t system[MAX_PATH] = L"";
+  GetSystemDirectoryW(system, MAX_PATH);
+  EXPECT_EQ(shell_->OpenVolumeControl(), std::filesystem::exists(std::filesystem::path(system) / "sndvol.exe"));
 }
 
 TEST_F(WindowsShellTest, KnowsProgramsOfItsOwn) {
