@@ -14,7 +14,12 @@ int main(int argc, char** argv) {
   qublet::PrintedDialogs dialogs(std::cerr);
   qublet::Feedback feedback;
   qublet::Engine engine(system.With(dialogs, feedback), system.FindPlaces(), ",");
-  int code = qublet::RunCommand(qublet::CommandLineArguments(argc, argv), engine, dialogs, std::cout, std::cerr);
+  int code = qublet::kCouldNot;
+  // What a command doesn't mind itself, want of memory above all.
+  const qublet::Outcome ran = qublet::Attempt([&] {
+    code = qublet::RunCommand(qublet::CommandLineArguments(argc, argv), engine, dialogs, std::cout, std::cerr);
+  });
+  if (!ran) qublet::Complain(std::cerr, ran.Reason(), qublet::kCouldNot);
   // A reader that went away or a full disk isn't "done".
   if (!std::cout.flush() && code == qublet::kDone) {
     code = qublet::Complain(std::cerr, "the output can't be written", qublet::kCouldNot);

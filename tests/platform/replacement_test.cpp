@@ -117,6 +117,35 @@ TEST_F(FileReplacementTest, ShowsWhatHasBeenWrittenBeforeCommit) {
   EXPECT_EQ(drives_.Read("a.bin"), "12345678");
 }
 
+TEST_F(FileReplacementTest, ReplacesTheVersionThatWasReadAndNoOther) {
+  drives_.Write("a.mp3", "read");
+  const auto version = files_->OpenForReading("c:\\a.mp3")->Version();
+  ASSERT_TRUE(version);
+  const auto replace = [&] {
+    const auto next = files_->BeginReplacement("c:\\a.mp3");
+    next->Write(BytesOf(std::string("new")));
+    next->ReplaceOnly(*version);
+    next->Commit();
+  };
+  drives_.Write("a.mp3", "another's");
+  EXPECT_THROW(replace(), ChangedMeanwhile);
+  EXPECT_EQ(drives_.Read("a.mp3"), "another's");
+  std::filesystem::remove(drives_.C() / "a.mp3");
+  EXPECT_THROW(replace(), ChangedMeanwhile);
+  EXPECT_EQ(NamesIn("c:\\"), Names{});
+}
+
+TEST_F(FileReplacementTest, ReplacesTheVersionThatIsStillThere) {
+  drives_.Write("a.mp3", "read");
+  const auto source = files_->OpenForReading("c:\\a.mp3");
+  const auto next = files_->BeginReplacement("c:\\a.mp3");
+  next->ReplaceOnly(*source->Version());
+  next->CopyFrom(*source, 0, 4);
+  next->Write(BytesOf(std::string(" and more")));
+  next->Commit();
+  EXPECT_EQ(drives_.Read("a.mp3"), "read and more");
+}
+
 TEST_F(FileReplacementTest, IsOverAfterCommit) {
   const auto next = files_->BeginReplacement("c:\\a.bin");
   next->Write(BytesOf("1"));
