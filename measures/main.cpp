@@ -1,4 +1,5 @@
 #include "autocreate_measures.h"
+#include "guard_measures.h"
 #include "measure.h"
 #include "order_measures.h"
 #include "playlist_measures.h"
@@ -31,6 +32,7 @@ int Main(int argc, char** argv) {
   add(ReportMeasures());
   add(AutoCreateMeasures());
   add(OrderMeasures());
+  add(GuardMeasures());
 #ifdef QUBLET_MEASURES_WINDOWS
   // Painted in memory, as fast as this machine can, whatever display it has.
   qputenv("QT_QPA_PLATFORM", "offscreen");
