@@ -33,6 +33,7 @@ void CheckQuotedWords(Pieces pieces) {
   std::string line;
   while (!pieces.IsEmpty() && words.size() < 100) {
     words.push_back(pieces.Text());
+    std::erase(words.back(), '\0');
     line += ' ' + Quoted(words.back());
   }
   Require(CommandWords(line) == words);

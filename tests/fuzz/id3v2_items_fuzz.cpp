@@ -1,3 +1,5 @@
+#include <tuple>
+
 #include "fuzz/fuzz_input.h"
 #include "media/id3/id3v2_tag.h"
 #include "platform/code_page.h"
@@ -36,11 +38,20 @@ std::vector<TagPicture> AnyPictures(Pieces& pieces) {
   return pictures;
 }
 
-// A picture that is there already keeps whatever it is called.
-bool Same(const std::vector<TagPicture>& a, const std::vector<TagPicture>& b) {
-  return std::ranges::equal(a, b, [](const TagPicture& one, const TagPicture& other) {
-    return one.description == other.description && one.data == other.data;
-  });
+// New ones stand ahead of frames that others may stop at, so the order may be another. A picture that is there
+// already keeps whatever it is called.
+bool Same(std::vector<TagComment> a, std::vector<TagComment> b) {
+  const auto parts = [](const TagComment& comment) { return std::tie(comment.description, comment.text); };
+  std::ranges::sort(a, {}, parts);
+  std::ranges::sort(b, {}, parts);
+  return a == b;
+}
+
+bool Same(std::vector<TagPicture> a, std::vector<TagPicture> b) {
+  const auto parts = [](const TagPicture& picture) { return std::tie(picture.description, picture.data); };
+  std::ranges::sort(a, {}, parts);
+  std::ranges::sort(b, {}, parts);
+  return std::ranges::equal(a, b, {}, parts, parts);
 }
 
 RawTag Parsed(BytesView tag) {
@@ -66,14 +77,14 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string title = tag.Frame("TIT2");
 
   tag.SetComments(comments);
-  Require(tag.Comments() == comments && tag.Pictures() == old_pictures);
+  Require(Same(tag.Comments(), comments) && Same(tag.Pictures(), old_pictures));
   tag.SetPictures(pictures);
-  Require(tag.Comments() == comments && Same(tag.Pictures(), pictures));
+  Require(Same(tag.Comments(), comments) && Same(tag.Pictures(), pictures));
   Require(tag.Property(kPropertyDescriptions[1]) == mood && tag.Frame("TIT2") == title);
   ResumeNext([&] {
     const Bytes written = SerialiseTag(tag.Raw());
     const Id3v2Tag again(Parsed(written));
-    Require(again.Comments() == comments && Same(again.Pictures(), pictures));
+    Require(Same(again.Comments(), comments) && Same(again.Pictures(), pictures));
   });
   return 0;
 }
