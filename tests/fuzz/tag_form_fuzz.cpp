@@ -1,8 +1,8 @@
 #include "fuzz/fuzz_input.h"
 #include "media/editor/tag_form.h"
 #include "media/tpsi.h"
+#include "platform/forwarding_file_system.h"
 #include "support/fake_picture_codec.h"
-#include "support/forwarding_file_system.h"
 #include "support/memory_file.h"
 
 using namespace qublet;

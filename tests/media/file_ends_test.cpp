@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "media/tag_object.h"
-#include "support/forwarding_file_system.h"
+#include "platform/forwarding_file_system.h"
 #include "support/tag_bytes.h"
 #include "support/temporary_drives.h"
 
