@@ -7,7 +7,7 @@
 #include "playlist/expansion.h"
 #include "playlist/list_status.h"
 #include "playlist/paths/text.h"
-#include "support/forwarding_file_system.h"
+#include "platform/forwarding_file_system.h"
 #include "support/list_test_base.h"
 
 namespace qublet {

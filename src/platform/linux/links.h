@@ -30,7 +30,8 @@ HeldPlace PlaceOf(const std::string& native, Whose whose);
 HeldPlace PlaceAsNamed(const std::string& native);
 
 bool IsThisUsers(const struct stat& status);
-// Whether anybody but this user and the superuser can put files there. Group rights count, which access lists show as.
+// Whether anybody but this user and the superuser can put files there. A group counts, and so does an access list,
+// which shows as one.
 bool OthersMayWrite(const struct stat& folder);
 
 }  // namespace qublet

@@ -5,8 +5,8 @@
 #include "platform/linux/linux_file_system_test_base.h"
 #include "platform/linux/user_folders.h"
 #include "platform/program.h"
-#include "support/temporary_desktop.h"
 #include "support/ordinary_user.h"
+#include "support/temporary_desktop.h"
 
 namespace qublet {
 namespace {
