@@ -36,8 +36,8 @@ class Rewriting {
       const std::string& content = contents_[turn % contents_.size()];
       const int file = open(place_.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644);
       const std::size_t left = turn % 7 * 100 % (content.size() / 2 + 1);
-      const bool written = ftruncate(file, static_cast<off_t>(left)) == 0 &&
-                           pwrite(file, content.data(), content.size(), 0) > 0;
+      const bool written =
+          ftruncate(file, static_cast<off_t>(left)) == 0 && pwrite(file, content.data(), content.size(), 0) > 0;
       close(file);
       if (!written) return;
     }

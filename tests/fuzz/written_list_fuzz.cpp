@@ -1,10 +1,10 @@
 #include "fuzz/fuzz_input.h"
 #include "platform/code_page.h"
+#include "platform/forwarding_file_system.h"
 #include "playlist/kept_line.h"
 #include "playlist/m3u_lines.h"
 #include "playlist/paths/text.h"
 #include "playlist/paths/text_files.h"
-#include "platform/forwarding_file_system.h"
 #include "support/memory_file.h"
 
 using namespace qublet;

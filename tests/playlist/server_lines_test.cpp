@@ -4,10 +4,10 @@
 
 #include <mutex>
 
+#include "platform/forwarding_file_system.h"
 #include "playlist/expansion.h"
 #include "playlist/list_status.h"
 #include "playlist/paths/text.h"
-#include "platform/forwarding_file_system.h"
 #include "support/list_test_base.h"
 
 namespace qublet {
@@ -121,7 +121,8 @@ TEST_F(ServerLinesTest, AskNoServer) {
       items_.MViewRefresh_Click();
       EXPECT_EQ(Asked(), Collection{}) << "anew: " << line;
       Collection paths;
-      ExpandStuff(servers_, feedback_, list, paths);
+      LeftOut left_out;
+      ExpandStuff(servers_, feedback_, list, paths, left_out);
       EXPECT_EQ(Asked(), Collection{}) << "expanded: " << line;
     }
   }

@@ -59,10 +59,10 @@ TEST_F(StatisticsTest, EndASumOfHugeSizesAtTheLargestNumber) {
   Add("c:\\m\\", "2.mp3", "60", 1);
   const HugeFiles huge(*files_);
   const Statistics found = GatherStatistics(document_, huge, associations_, "c:\\program");
-  for (const StatisticsLine& line : StatisticsLines(found, ",")) {
-    if (line.control == std::string("lblTotalsize")) EXPECT_EQ(line.text, "9,223,372,036,854,775,807 bytes");
-    if (line.control == std::string("lblAvtracksize")) EXPECT_EQ(line.text, "8,796,093,022,208 Mb");
-  }
+  std::map<std::string, std::string> texts;
+  for (const StatisticsLine& line : StatisticsLines(found, ",")) texts[line.control] = line.text;
+  EXPECT_EQ(texts["lblTotalsize"], "9,223,372,036,854,775,807 bytes");
+  EXPECT_EQ(texts["lblAvtracksize"], "8,796,093,022,208 Mb");
 }
 
 TEST_F(StatisticsTest, AreShownInTheirWords) {

@@ -132,12 +132,12 @@ TEST(PadNumberToWidth, FillsUpToTheWidthOfTheOtherNumber) {
 }
 
 TEST(SaturatingAdd, EndsAtTheLargestNumber) {
-  constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
+  constexpr std::int64_t kLargest = std::numeric_limits<std::int64_t>::max();
   EXPECT_EQ(SaturatingAdd(1, 2), 3);
-  EXPECT_EQ(SaturatingAdd(kMost - 1, 1), kMost);
-  EXPECT_EQ(SaturatingAdd(kMost, 1), kMost);
-  EXPECT_EQ(SaturatingAdd(1, kMost), kMost);
-  EXPECT_EQ(SaturatingAdd(kMost, kMost), kMost);
+  EXPECT_EQ(SaturatingAdd(kLargest - 1, 1), kLargest);
+  EXPECT_EQ(SaturatingAdd(kLargest, 1), kLargest);
+  EXPECT_EQ(SaturatingAdd(1, kLargest), kLargest);
+  EXPECT_EQ(SaturatingAdd(kLargest, kLargest), kLargest);
 }
 
 TEST(NearestWhole, EndsAtTheLargestAndSmallestNumber) {
