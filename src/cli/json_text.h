@@ -6,7 +6,8 @@
 
 namespace qublet {
 
-// A text as a JSON string with its quotes (RFC 8259).
+// A text as a JSON string with its quotes (RFC 8259). Besides what must be escaped, so is all that a terminal could
+// take for an order or that can't be seen: the text is the same whoever reads it.
 std::string JsonText(std::string_view text);
 
 // A value with its name; a number or a truth value stands in JSON as it is.

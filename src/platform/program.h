@@ -9,6 +9,8 @@
 
 namespace qublet {
 
+class TerminalStream;
+
 // `GetPlatformId`: 2 on the consumer line of Windows, 3 on its server line and on Linux, 0 when the system can't say.
 int GetPlatformId();
 
@@ -23,7 +25,7 @@ std::string WithCaseOfDisk(const FileSystem& files, const std::string& path);
 // there. On Windows each name has the letter case of the disk.
 std::string PathFromArgument(const FileSystem& files, const std::string& argument);
 
-// For as long as it lives, UTF-8 that is printed to std::cout and std::cerr is shown as the text it is where a person
+// For as long as it lives, UTF-8 that is printed to std::cout and std::cerr is shown as TerminalText where a person
 // reads it, and goes into pipes and files byte for byte, line ends too, whatever is usual here. Nothing of the
 // console is changed that would outlive this process.
 // std::ios::sync_with_stdio comes first: it gives the streams new buffers.
@@ -35,8 +37,7 @@ class Utf8Console {
   Utf8Console& operator=(const Utf8Console&) = delete;
 
  private:
-  struct Redirected;
-  std::vector<std::unique_ptr<Redirected>> redirected_;
+  std::vector<std::unique_ptr<TerminalStream>> streams_;  // of those that a person reads
 };
 
 // The command line behind the program's name as it was typed, where the system hands it on like that; nothing where

@@ -19,7 +19,8 @@ namespace qublet {
 namespace {
 
 const std::string kMarkup = "<img src='pipe'><b>bold</b><a href='x'>link</a>";
-const char* const kNames[] = {"<img src='pipe'>.mp3", "<b>bold<b> <a href='x'>link<a>.mp3"};
+const char* const kNames[] = {"<img src='pipe'>.mp3", "<b>bold<b> <a href='x'>link<a>.mp3",
+                              "<b>\u202E3pm.exe\u202C.mp3"};
 
 // A picture, a link or an emphasis that this document would show.
 bool ShowsMarkup(const QTextDocument& document) {
@@ -40,7 +41,16 @@ bool ShowsMarkup(const QString& text) {
   return ShowsMarkup(document);
 }
 
-// All that a window shows and that could hold a name; says where one is taken for markup.
+// Whether characters steer the order of others. The isolates that messages set around what runs from right to left
+// don't: they end where they began.
+bool TurnsOthers(const QString& text) {
+  return std::any_of(text.begin(), text.end(), [](QChar letter) {
+    return (letter >= QChar(0x202A) && letter <= QChar(0x202E)) || letter == QChar(0x2066) ||
+           letter == QChar(0x2067) || letter == QChar(0x200E) || letter == QChar(0x200F) || letter == QChar(0x061C);
+  });
+}
+
+// All that a window shows and that could hold a name; says where one is taken for markup, or turns what is beside it.
 class Sweep {
  public:
   explicit Sweep(const QWidget& form) {
@@ -55,14 +65,17 @@ class Sweep {
     const std::string where = widget.objectName().toStdString();
     CheckTip(widget.toolTip(), where);
     CheckTip(widget.whatsThis(), where);
-    Count(widget.windowTitle());
+    Count(widget.windowTitle(), where);
     if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
-      Count(label->text());
+      Count(label->text(), where);
       if (label->textFormat() != Qt::PlainText) CheckTip(label->text(), where);
     }
-    if (const auto* line = qobject_cast<const QLineEdit*>(&widget)) Count(line->text());
+    if (const auto* line = qobject_cast<const QLineEdit*>(&widget)) {
+      // What can be edited is what the file holds.
+      line->isReadOnly() ? Count(line->text(), where) : Count(line->text());
+    }
     if (const auto* browser = qobject_cast<const QTextBrowser*>(&widget)) {
-      Count(browser->toPlainText());
+      Count(browser->toPlainText(), where);
       EXPECT_FALSE(ShowsMarkup(*browser->document())) << where;
     }
     if (const auto* view = qobject_cast<const QAbstractItemView*>(&widget);
@@ -73,7 +86,7 @@ class Sweep {
     for (int row = 0; row < model.rowCount(parent); ++row) {
       for (int column = 0; column < model.columnCount(parent); ++column) {
         const QModelIndex index = model.index(row, column, parent);
-        Count(index.data().toString());
+        Count(index.data().toString(), where);
         CheckTip(index.data(Qt::ToolTipRole).toString(), where);
         if (column == 0) Look(model, index, where);
       }
@@ -82,8 +95,13 @@ class Sweep {
   void Count(const QString& text) {
     if (text.contains(u"<img") || text.contains(u"<b>")) ++hostile;
   }
+  void Count(const QString& text, const std::string& where) {
+    Count(text);
+    EXPECT_FALSE(TurnsOthers(text)) << where << ": " << text.toStdString();
+  }
   void CheckTip(const QString& text, const std::string& where) {
     EXPECT_FALSE(ShowsMarkup(text)) << where << ": " << text.toStdString();
+    EXPECT_FALSE(TurnsOthers(text)) << where << ": " << text.toStdString();
   }
 };
 

@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <sstream>
 
-#include "cli/json_text.h"
 #include "playlist/paths/text.h"
 #include "support/cli_test_base.h"
 #include "support/ordinary_user.h"
@@ -338,13 +337,6 @@ TEST_F(NameOfPlaylist, MustBeValid) {
     EXPECT_EQ(Run(arguments), 2);
     EXPECT_EQ(Err(), "qublet: name: a format and a path are wanted\n");
   }
-}
-
-TEST(JsonText, EscapesQuotesBackslashesAndControlCharacters) {
-  EXPECT_EQ(JsonText(""), "\"\"");
-  EXPECT_EQ(JsonText("a\"b\\c/d"), "\"a\\\"b\\\\c/d\"");
-  EXPECT_EQ(JsonText(std::string("\0\n\x1F\x7F", 4)), "\"\\u0000\\u000a\\u001f\x7F\"");
-  EXPECT_EQ(JsonText("Bj\u00F6rk \u97F3"), "\"Bj\u00F6rk \u97F3\"");
 }
 
 }  // namespace

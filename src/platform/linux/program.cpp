@@ -1,9 +1,14 @@
 #include "platform/program.h"
 
+#include <unistd.h>
+
 #include <filesystem>
+#include <iostream>
 #include <system_error>
+#include <utility>
 
 #include "platform/linux/user_folders.h"
+#include "platform/terminal_buffer.h"
 
 namespace qublet {
 
@@ -19,9 +24,16 @@ std::optional<std::string> TypedCommandLine() {
   return std::nullopt;
 }
 
-// It is shown so without our doing.
-struct Utf8Console::Redirected {};
-Utf8Console::Utf8Console() = default;
+Utf8Console::Utf8Console() {
+  for (const auto& [stream, number] : {std::pair{&std::cout, STDOUT_FILENO}, std::pair{&std::cerr, STDERR_FILENO}}) {
+    if (isatty(number) == 0) continue;
+    streams_.push_back(std::make_unique<TerminalStream>(*stream, [to = stream->rdbuf()](const std::string& text) {
+      const auto size = static_cast<std::streamsize>(text.size());
+      return to->sputn(text.data(), size) == size && to->pubsync() == 0;
+    }));
+  }
+}
+
 Utf8Console::~Utf8Console() = default;
 
 std::string WithCaseOfDisk(const FileSystem& /*files*/, const std::string& path) {

@@ -4,39 +4,16 @@
 #include <QTextDocument>
 #include <algorithm>
 
+#include "platform/shown_character.h"
+
 namespace qublet {
 namespace {
 
-constexpr char16_t kMark = 0xFFFD;             // for what has no picture of its own
-constexpr char16_t kControlPictures = 0x2400;  // of 0x00 to 0x1F
-constexpr char16_t kDeletePicture = 0x2421;
 constexpr char16_t kBreak = 0x200B;  // a line may end here
 constexpr char16_t kIsolate = 0x2068;
 constexpr char16_t kEndIsolate = 0x2069;
 
 constexpr qsizetype kLongestWord = 24;  // without a place to break
-
-bool IsBetween(char16_t letter, char16_t first, char16_t last) {
-  return first <= letter && letter <= last;
-}
-
-// Characters without a shape of their own that steer the direction of text or end a line.
-bool IsInvisible(char16_t letter) {
-  return IsBetween(letter, 0x80, 0x9F) || letter == 0x061C || letter == kBreak || IsBetween(letter, 0x200E, 0x200F) ||
-         IsBetween(letter, 0x2028, 0x202E) || IsBetween(letter, 0x2060, 0x206F) || letter == 0xFEFF ||
-         IsBetween(letter, 0xFFF9, 0xFFFB);
-}
-
-char16_t ShownLetter(char16_t letter) {
-  // See platform/linux/native_text.h.
-  if (letter == 0xF03A) return u':';
-  if (letter == 0xF05C) return u'\\';
-  if (IsBetween(letter, 0xF001, 0xF01F)) return static_cast<char16_t>(kControlPictures + (letter - 0xF000));
-  if (IsBetween(letter, 0xF780, 0xF7FF)) return kMark;
-  if (letter < 0x20) return static_cast<char16_t>(kControlPictures + letter);
-  if (letter == 0x7F) return kDeletePicture;
-  return IsInvisible(letter) ? kMark : letter;
-}
 
 bool IsRightToLeft(QChar letter) {
   return letter.direction() == QChar::DirR || letter.direction() == QChar::DirAL;
@@ -72,9 +49,9 @@ QString WithoutMiddle(const QString& text, qsizetype longest) {
 QString ShownText(QStringView text) {
   QString shown = text.toString();
   for (qsizetype i = 0; i < text.size(); ++i) {
+    // What takes two units is shown as it is, so each of them can be looked at alone.
     const char16_t letter = text[i].unicode();
-    if (IsBetween(letter, 0x20, 0x7E)) continue;
-    if (const char16_t mark = ShownLetter(letter); mark != letter) shown[i] = QChar(mark);
+    if (const auto mark = static_cast<char16_t>(ShownCharacter(letter)); mark != letter) shown[i] = QChar(mark);
   }
   return shown;
 }

@@ -11,8 +11,8 @@
 #include <utility>
 
 #include "platform/drive_form.h"
+#include "platform/terminal_buffer.h"
 #include "platform/windows/command_words.h"
-#include "platform/windows/console_buffer.h"
 #include "platform/windows/user_folders.h"
 #include "platform/windows/wide_text.h"
 
@@ -37,22 +37,16 @@ std::optional<std::string> TypedCommandLine() {
   return NarrowText(BehindProgram(GetCommandLineW()));
 }
 
-// Stands between a stream and a console. What goes elsewhere stays with the stream's own buffer.
-struct Utf8Console::Redirected {
-  Redirected(std::ostream& stream, HANDLE console)
-      : stream_(stream), buffer_(console), before_(stream.rdbuf(&buffer_)) {}
-  ~Redirected() {
-    stream_.flush();
-    stream_.rdbuf(before_);
-  }
-  Redirected(const Redirected&) = delete;
-  Redirected& operator=(const Redirected&) = delete;
+namespace {
 
- private:
-  std::ostream& stream_;
-  ConsoleBuffer buffer_;
-  std::streambuf* before_;
-};
+// Shows a text whatever code page the console has.
+bool ShowOnConsole(HANDLE console, const std::string& text) {
+  const std::wstring wide = WideText(text);
+  DWORD shown = 0;
+  return WriteConsoleW(console, wide.data(), static_cast<DWORD>(wide.size()), &shown, nullptr) != 0;
+}
+
+}  // namespace
 
 Utf8Console::Utf8Console() {
   _setmode(_fileno(stdout), _O_BINARY);
@@ -61,7 +55,9 @@ Utf8Console::Utf8Console() {
        {std::pair{&std::cout, STD_OUTPUT_HANDLE}, std::pair{&std::cerr, STD_ERROR_HANDLE}}) {
     const HANDLE handle = GetStdHandle(number);
     DWORD mode = 0;
-    if (GetConsoleMode(handle, &mode)) redirected_.push_back(std::make_unique<Redirected>(*stream, handle));
+    if (!GetConsoleMode(handle, &mode)) continue;
+    streams_.push_back(std::make_unique<TerminalStream>(
+        *stream, [handle](const std::string& text) { return ShowOnConsole(handle, text); }));
   }
 }
 
