@@ -37,6 +37,7 @@ void WindowFeedback::LetRepaint() {
 
 void WindowFeedback::BeginWait() {
   if (++waiting_ > 1) return;
+  ++command_;
   lock_.ForgetEscape();
   if (places_) places_->window.setCursor(Qt::WaitCursor);
 }

@@ -27,6 +27,7 @@ class WindowFeedback : public Feedback {
   void BeginWait() override;
   void EndWait() override;
   bool Busy() const override { return waiting_ > 0; }
+  int Command() const override { return command_; }
   bool Stopped() const override { return lock_.EscapePressed(); }
   void ShowActivity(const std::string& text) override;
   // It goes after a while, or when the next activity is shown.
@@ -48,6 +49,7 @@ class WindowFeedback : public Feedback {
   InputLock lock_;
   QElapsedTimer last_pump_;
   int waiting_ = 0;
+  int command_ = 0;
 };
 
 }  // namespace qublet

@@ -14,6 +14,8 @@ class Feedback {
   virtual void EndWait() {}
   // True from the first Begin to the last End; no command is taken then.
   virtual bool Busy() const { return false; }
+  // How many first Begins there were: the number of the command that is at work.
+  virtual int Command() const { return 0; }
   // True once the user has asked for the work to stop, until the next first Begin. Work that can be stopped asks now
   // and then, and leaves things as they were.
   virtual bool Stopped() const { return false; }

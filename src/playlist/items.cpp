@@ -76,7 +76,8 @@ void Items::AddPlaylist(const std::string& path, int InsertPoint) {
 Outcome Items::AddStuff(std::string filename, bool ReSelect, int& InsertPoint) {
   last_form_.reset();
   left_out_ = {};
-  if (!feedback_.Busy()) left_out_by_command_ = {};
+  const WaitCursor wait(feedback_);
+  if (std::exchange(command_, feedback_.Command()) != feedback_.Command()) left_out_by_command_ = {};
   const Outcome added = AddRows(ReSelect, InsertPoint, [&] {
     FileDetails details;
     GetFileDetails(files_, filename, details);

@@ -85,6 +85,7 @@ class Items {
   std::optional<PlaylistForm> last_form_;
   LeftOut left_out_;
   LeftOut left_out_by_command_;
+  int command_ = 0;  // that this is of, as the feedback counts
 };
 
 }  // namespace qublet

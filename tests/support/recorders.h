@@ -20,9 +20,12 @@ class RecordingFeedback : public Feedback {
     bool ended = false;
   };
 
-  void BeginWait() override { most_waits = std::max(most_waits, ++waits); }
+  void BeginWait() override {
+    if (waits == 0) ++commands;
+    most_waits = std::max(most_waits, ++waits);
+  }
   void EndWait() override { --waits; }
-  bool Busy() const override { return waits > 0; }
+  int Command() const override { return commands; }
   bool Stopped() const override { return stopped; }
   void ShowActivity(const std::string& text) override {
     activities.push_back(text);
@@ -39,6 +42,7 @@ class RecordingFeedback : public Feedback {
 
   int waits = 0;  // begun and not ended
   int most_waits = 0;
+  int commands = 0;
   std::vector<std::string> activities;
   std::vector<std::string> remarks;
   std::vector<Progress> progress;
