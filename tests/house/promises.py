@@ -1,5 +1,5 @@
 """promises.py ROOT: holds SECURITY.md to the tests. Each promise (a list item of the sections under "## What is
-promised") names at least one test, as `Suite.Name` or `room.Name`, that stands in tests/."""
+promised") names at least one test, as `Suite.Name` or `room.Name`, or a script of tests/, that is there."""
 
 import pathlib
 import re
@@ -7,13 +7,13 @@ import sys
 
 TEST = re.compile(r"\bTEST(?:_[FP])?\(\s*(\w+),\s*(\w+)\s*\)")
 ADDED = re.compile(r"add_test\(NAME (\S+)")
-RULE = re.compile(r"^rule\(\S+ (\S+)", re.MULTILINE)
-NAMED = re.compile(r"`((?:\w+/)?\w+\.\w+)`")
+RULE = re.compile(r"^\s*rule\(\S+ (\S+)", re.MULTILINE)
+NAMED = re.compile(r"`(\w+\.\w+|tests/[\w/]+\.py)`")
 
 
 def tests_of(folder):
-    """The names of all tests, as ctest knows them but for the number of a parameter."""
-    found = set()
+    """The names of all tests, as ctest knows them but for the number of a parameter, and the paths of scripts."""
+    found = {path.relative_to(folder.parent).as_posix() for path in folder.rglob("*.py")}
     for source in folder.rglob("*"):
         if source.suffix == ".cpp":
             found.update(".".join(names) for names in TEST.findall(source.read_text(encoding="utf-8")))
