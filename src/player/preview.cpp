@@ -23,7 +23,7 @@ Preview::Selection Preview::Selected(bool folders) const {
     if (!row.selected) continue;
     if (++selection.count == 1) selection.first = i;
     const std::string path = row.RealPath();
-    const std::string folder = path.substr(0, path.size() - GetFileName(path).size());
+    const std::string folder = FolderAsItStands(path);
     if (folders && seen.insert(folder).second) selection.folders.push_back(folder);
   }
   return selection;

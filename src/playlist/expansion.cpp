@@ -16,8 +16,7 @@ namespace {
 // As the row that is made of the path has it.
 std::string FullPath(const FileSystem& files, const std::string& path) {
   MediaInfo info;
-  NameFile(path, info);
-  if (!Contains(path, ":")) ResumeNext([&] { CompleteFolder(files, info); });
+  NameFacts(files, path, info);
   return info.Path + info.FileName;
 }
 

@@ -225,8 +225,7 @@ bool ForeignLines::IsOnAnotherHost(std::string_view bytes) const {
 // Missing files mostly come in numbers: behind one it costs less to ask first whether the next is there.
 void ForeignLines::ReadUnlessMissing(const std::string& path, MediaInfo& info) const {
   if (last_is_missing_ && !files_.Exists(path)) {
-    NameFile(path, info);
-    if (!Contains(path, ":")) ResumeNext([&] { CompleteFolder(files_, info); });
+    NameFacts(files_, path, info);
   } else {
     ReadFacts(files_, path, info);
   }
@@ -271,8 +270,7 @@ std::string ForeignLines::FileOf(std::size_t place, const std::string& path) con
   const std::string_view bytes = playlist_.lines[place];
   if (IsOnAnotherHost(bytes)) return path;
   MediaInfo info;
-  NameFile(path, info);
-  if (!Contains(path, ":")) ResumeNext([&] { CompleteFolder(files_, info); });
+  NameFacts(files_, path, info);
   std::string full = info.Path + info.FileName;
   const bool at_home = !HoldsSlash(info) && !MayBeOwnBytes(bytes) && servers_.MayBeLookedFor(path);
   if (at_home && NamesFile(files_, full)) return full;

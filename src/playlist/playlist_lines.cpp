@@ -216,9 +216,8 @@ Outcome ReadPlaylist(const FileSystem& files, const std::string& path, PlaylistL
   const Outcome read = ReadTextFile(files, path, bytes);
   if (!read) return read;
   playlist.native = IsNativePlaylist(path);
-  playlist.folder = path.substr(0, path.size() - GetFileName(path).size());
-  if (const auto linked = files.LinkedFile(path))
-    playlist.linked_folder = linked->substr(0, linked->size() - GetFileName(*linked).size());
+  playlist.folder = FolderAsItStands(path);
+  if (const auto linked = files.LinkedFile(path)) playlist.linked_folder = FolderAsItStands(*linked);
   ReadPlaylistBytes(files, std::move(bytes), playlist, paths);
   return playlist.lines.empty() ? Outcome::GivenUp("it names no audio file") : Outcome();
 }

@@ -12,14 +12,12 @@ namespace qublet {
 void ReadFacts(const FileSystem& files, const std::string& path, MediaInfo& info) {
   info = {};
   GetMediaInfo(files, path, info);
-  if (!info.Valid && !Contains(path, ":")) ResumeNext([&] { CompleteFolder(files, info); });
+  if (!info.Valid) NameFacts(files, path, info);
 }
 
-Outcome ReadRow(const FileSystem& files, const std::string& path, int original_order,
-                const std::string& thousands_separator, Row& row) {
-  MediaInfo info;
-  ReadFacts(files, path, info);
-  return WriteRow(std::move(info), original_order, thousands_separator, row);
+void NameFacts(const FileSystem& files, const std::string& path, MediaInfo& info) {
+  NameFile(path, info);
+  if (!Contains(path, ":")) ResumeNext([&] { CompleteFolder(files, info); });
 }
 
 Outcome WriteRow(MediaInfo info, int original_order, const std::string& thousands_separator, Row& row) {
@@ -52,7 +50,7 @@ void NoteRealFile(const std::string& file, Row& row) {
 
 void NameExactly(const std::string& path, MediaInfo& info) {
   info.FileName = GetFileName(path);
-  info.Path = path.substr(0, path.size() - info.FileName.size());
+  info.Path = FolderAsItStands(path);
 }
 
 RowReader::RowReader(const FileSystem& files, std::string thousands_separator)

@@ -34,8 +34,13 @@ class BatchReaderTest : public ListTestBase {
 
   static BatchReader::MakeRow ReadFrom(const FileSystem& files) {
     return [&files](std::size_t, const std::string& path, int original_order, Row& row) {
-      ReadRow(files, path, original_order, ",", row);
+      ReadInto(files, path, original_order, row);
     };
+  }
+  static void ReadInto(const FileSystem& files, const std::string& path, int original_order, Row& row) {
+    MediaInfo info;
+    ReadFacts(files, path, info);
+    WriteRow(std::move(info), original_order, ",", row);
   }
 
   std::vector<std::unique_ptr<Row>> Finish(BatchReader& reader) {
@@ -69,7 +74,7 @@ TEST_F(BatchReaderTest, LacksMemoryForOneFileAndReadsTheOthers) {
   const Collection paths = Files("m", 100);
   BatchReader reader(1, [this](std::size_t place, const std::string& path, int original_order, Row& row) {
     if (place == 40) throw std::bad_alloc();
-    ReadRow(*files_, path, original_order, ",", row);
+    ReadInto(*files_, path, original_order, row);
   });
   reader.Add(paths);
   const auto rows = Finish(reader);

@@ -31,7 +31,7 @@ std::size_t CountFitting(const FileSystem& files, const std::string& path) {
   std::size_t count = 0;
   ResumeNext([&] {
     const std::string pattern = FoldCase(GetFileName(path));
-    for (const FolderEntry& entry : files.ReadFolder(path.substr(0, path.size() - GetFileName(path).size())))
+    for (const FolderEntry& entry : files.ReadFolder(FolderAsItStands(path)))
       if (FitsPattern(FoldCase(entry.name), entry.is_folder, entry.hidden, pattern)) ++count;
   });
   return count;

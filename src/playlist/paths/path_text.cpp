@@ -13,6 +13,10 @@ std::string GetFileName(std::string_view path) {
   return std::string(path.substr(path.rfind('\\') + 1));  // npos + 1 is 0
 }
 
+std::string FolderAsItStands(std::string_view path) {
+  return std::string(path.substr(0, path.rfind('\\') + 1));
+}
+
 std::string GetFolderPath(std::string_view path) {
   return ReplaceAll(path, GetFileName(path), "");
 }

@@ -12,6 +12,8 @@ namespace qublet {
 std::string GetExtension(std::string_view name);
 // The piece behind the last "\", the whole text if there is none; "" for "" and for a path that ends in "\".
 std::string GetFileName(std::string_view path);
+// What of `path` stands in front of that, just as it stands there.
+std::string FolderAsItStands(std::string_view path);
 // `path` with every occurrence of GetFileName(path) removed; the trailing "\" stays.
 std::string GetFolderPath(std::string_view path);
 // A drive without "\" gets one ("c:" -> "c:\"), the drive letter becomes lower case (and every later occurrence of

@@ -12,10 +12,6 @@ namespace {
 constexpr const char* kNameTaken = "there is a file of this name already";
 constexpr const char* kNoFile = "no such file or folder";
 
-std::string FolderOf(const std::string& path) {
-  return path.substr(0, path.size() - GetFileName(path).size());
-}
-
 // The run as it would go on the disk, file by file.
 class Rehearsal {
  public:
@@ -33,8 +29,9 @@ class Rehearsal {
     }
     const std::string refusal = NameRefusal(GetFileName(row.new_path));
     if (!refusal.empty()) return Fail(row, RenameFate::kRefused, refusal);
-    row.elsewhere = FolderOf(row.new_path) != FolderOf(row.old_path);
-    if (row.elsewhere && !files_.Attributes(FolderOf(row.new_path))) return Fail(row, RenameFate::kRefused, kNoFile);
+    row.elsewhere = FolderAsItStands(row.new_path) != FolderAsItStands(row.old_path);
+    if (row.elsewhere && !files_.Attributes(FolderAsItStands(row.new_path)))
+      return Fail(row, RenameFate::kRefused, kNoFile);
     if (PathKey(row.new_path) != PathKey(row.old_path) && IsThere(row.new_path)) return MarkTaken(row, index + 1);
     by_now_[PathKey(row.old_path)] = 0;
     by_now_[PathKey(row.new_path)] = index + 1;

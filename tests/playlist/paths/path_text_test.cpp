@@ -26,6 +26,14 @@ TEST(GetFileName, IsThePieceBehindTheLastBackslash) {
   for (const auto& c : cases) EXPECT_EQ(GetFileName(c.path), c.expected) << c.path;
 }
 
+TEST(FolderAsItStands, IsWhatStandsInFrontOfTheFileName) {
+  EXPECT_EQ(FolderAsItStands("c:\\m\\a.mp3"), "c:\\m\\");
+  EXPECT_EQ(FolderAsItStands("c:\\a.mp3\\a.mp3"), "c:\\a.mp3\\");
+  EXPECT_EQ(FolderAsItStands("c:\\m\\"), "c:\\m\\");
+  EXPECT_EQ(FolderAsItStands("a.mp3"), "");
+  EXPECT_EQ(FolderAsItStands(""), "");
+}
+
 TEST(GetFolderPath, LosesEveryOccurrenceOfTheFileName) {
   const struct {
     const char *path, *expected;

@@ -14,7 +14,7 @@ QString OldName(const PreviewRow& row) {
 
 // With its folder, where that is another one.
 QString NewName(const PreviewRow& row) {
-  const std::string folder = row.old_path.substr(0, row.old_path.size() - GetFileName(row.old_path).size());
+  const std::string folder = FolderAsItStands(row.old_path);
   const bool below = row.new_path.starts_with(folder);
   return ShownText(below ? row.new_path.substr(folder.size()) : row.new_path);
 }
