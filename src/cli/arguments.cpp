@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <ostream>
 
+#include "cli/json_text.h"
 #include "platform/program.h"
 
 namespace qublet {
@@ -79,7 +80,7 @@ std::string FolderFromArgument(const CommandContext& context, const std::string&
 }
 
 int Complain(std::ostream& err, const std::string& text, ExitCode code) {
-  err << "qublet: " << text << "\n";
+  err << "qublet: " << PlainValue(text) << "\n";
   return code;
 }
 

@@ -66,7 +66,7 @@ std::string FileToWrite(const CommandContext& context, const std::string& argume
 // The folder that the argument names, in drive form. Throws Failure when it isn't there.
 std::string FolderFromArgument(const CommandContext& context, const std::string& argument);
 
-// Prints "qublet: ..." to `err` and gives the exit code back.
+// Prints "qublet: ..." to `err`, in one line whatever names it holds, and gives the exit code back.
 int Complain(std::ostream& err, const std::string& text, ExitCode code);
 
 }  // namespace qublet

@@ -1,13 +1,15 @@
+#include <cstdio>
 #include <iostream>
+#include <new>
 
 #include "cli/command_table.h"
 #include "engine/system.h"
 #include "platform/end_requests.h"
 #include "platform/program.h"
 
-int main(int argc, char** argv) {
-  qublet::LoadNothingForeign();
-  std::ios::sync_with_stdio(false);
+namespace {
+
+int Run(int argc, char** argv) {
   const qublet::Utf8Console console;
   const qublet::TidyEnd tidy_end;
   const qublet::System system;
@@ -25,4 +27,18 @@ int main(int argc, char** argv) {
     code = qublet::Complain(std::cerr, "the output can't be written", qublet::kCouldNot);
   }
   return code;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qublet::LoadNothingForeign();
+  std::ios::sync_with_stdio(false);
+  try {
+    return Run(argc, argv);
+  } catch (const std::bad_alloc&) {
+    // Not even for what is said about it; a stream might want some.
+    std::fputs("qublet: not enough memory\n", stderr);
+    return qublet::kCouldNot;
+  }
 }

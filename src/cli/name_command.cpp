@@ -2,6 +2,7 @@
 
 #include <ostream>
 
+#include "cli/json_text.h"
 #include "playlist/paths/playlist_name.h"
 
 namespace qublet {
@@ -11,7 +12,7 @@ int NameCommand(CommandContext& context) {
   std::string format = context.arguments[0];
   const std::string name = MakePlaylistName(format, context.arguments[1], SystemClock());
   if (name.empty()) return Complain(context.err, "The resultant File name will not be valid.", kCouldNot);
-  context.out << name << "\n";
+  context.out << PlainValue(name) << "\n";
   return kDone;
 }
 

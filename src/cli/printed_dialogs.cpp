@@ -1,6 +1,7 @@
 #include "cli/printed_dialogs.h"
 
-#include "cli/arguments.h"
+#include <ostream>
+
 #include "playlist/paths/text.h"
 
 namespace qublet {
@@ -8,7 +9,7 @@ namespace qublet {
 MessageAnswer PrintedDialogs::ShowMessage(const std::string& text, MessageIcon /*icon*/, MessageButtons buttons) {
   if (buttons != MessageButtons::kOk) return agrees ? MessageAnswer::kYes : MessageAnswer::kCancel;
   said_something = true;
-  if (!silent) Complain(err_, ReplaceAll(text, "\r", "\n"), kCouldNot);
+  if (!silent) err_ << "qublet: " << ReplaceAll(text, "\r", "\n") << "\n";
   return MessageAnswer::kOk;
 }
 

@@ -115,7 +115,8 @@ int WithRules(CommandContext& context, const RenameOptions& options) {
   ApplyOptions(options, config);
   if (options.purpose == RenameOptions::Purpose::kSaveRules) return SaveRules(context, options, config);
   if (options.purpose == RenameOptions::Purpose::kRun) return RenamePaths(context, options, config);
-  context.out << ApplyRenameRules(context.files, config, options.subject, options.index, options.total, false)
+  context.out << PlainValue(
+                     ApplyRenameRules(context.files, config, options.subject, options.index, options.total, false))
               << "\n";
   return kDone;
 }

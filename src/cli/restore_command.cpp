@@ -42,13 +42,15 @@ Collection RootsOf(const CommandContext& context, const Arguments& folders) {
   return roots;
 }
 
-void Restore(Engine& engine, const MissingItems& missing, const Collection& roots, bool use_folders) {
+// Gives what the search didn't get at.
+WalkGaps Restore(Engine& engine, const MissingItems& missing, const Collection& roots, bool use_folders) {
   Restoration restoration(engine, missing.MissingPaths, use_folders);
   for (const std::string& root : roots) restoration.SearchDrive(root);
   for (int n = 1; n <= restoration.FolderCount(); ++n) {
     const Restoration::Step step = restoration.ShowMissingFolder(n);
     if (!step.FoundPaths.empty()) restoration.ApplyFoundFolder(n, {{step.FoundPaths.front(), true, false}});
   }
+  return restoration.Gaps();
 }
 
 void PrintRestored(std::ostream& out, const RowStore& rows, const MissingItems& missing) {
@@ -76,7 +78,12 @@ int RestoreCommand(CommandContext& context) {
 
   const RowStore& rows = context.engine.document.ListView1;
   const MissingItems missing = FindMissingItems(rows, context.files, [] {});
-  Restore(context.engine, missing, roots, options.use_folders);
+  const std::string gaps = GapsText(Restore(context.engine, missing, roots, options.use_folders));
+  // Drives that aren't there are searched too, and of others some folders are always shut.
+  if (!options.folders.empty() && !gaps.empty()) {
+    Complain(context.err, "restore: " + gaps, kCouldNot);
+    context.incomplete = true;
+  }
   PrintRestored(context.out, rows, missing);
   if (options.save) return options.save->Save(context);
   return all_there ? kDone : kCouldNot;

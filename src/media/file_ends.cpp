@@ -285,7 +285,10 @@ void ReplaceEnds(const FileSystem& files, const std::string& path, InputFile& pr
   replacement->Write(change.head);
   replacement->CopyFrom(present, kept.offset, kept.length);
   replacement->Write(change.tail);
-  CheckWritten(*replacement->OpenWritten(), present, change, kept);
+  const Outcome written = Attempt([&] { CheckWritten(*replacement->OpenWritten(), present, change, kept); });
+  // What differs was changed behind its reading.
+  if (!written && files.OpenForReading(path)->Version() != present.Version()) throw ChangedMeanwhile();
+  written.OrThrow();
   replacement->Commit();
 }
 

@@ -33,19 +33,32 @@ class Outcome {
  public:
   Outcome() = default;  // done
   static Outcome GivenUp(std::string_view reason) { return Outcome(std::string(reason)); }
+  // Takes no memory itself.
+  static Outcome WantOfMemory() {
+    Outcome outcome;
+    outcome.wants_memory_ = true;
+    return outcome;
+  }
 
-  explicit operator bool() const { return !reason_; }
+  explicit operator bool() const { return !reason_ && !wants_memory_; }
   // See Failure; "" when done.
-  std::string Reason() const { return reason_.value_or(""); }
+  std::string Reason() const { return wants_memory_ ? "not enough memory" : reason_.value_or(""); }
   // For steps that can't go on: throws Failure with the reason unless it is done.
   void OrThrow() const {
+    MindMemory();
     if (reason_) throw Failure(*reason_);
+  }
+  // For steps that go on whatever failed but for want of memory, which would have them lose something: throws
+  // std::bad_alloc then.
+  void MindMemory() const {
+    if (wants_memory_) throw std::bad_alloc();
   }
 
  private:
   explicit Outcome(std::string reason) : reason_(std::move(reason)) {}
 
   std::optional<std::string> reason_;
+  bool wants_memory_ = false;
 };
 
 // An error ends the steps. What is taken for one is a Failure, an error of the system, and a want of memory; anything
@@ -53,16 +66,19 @@ class Outcome {
 template <typename Steps>
 Outcome Attempt(Steps&& steps) {
   try {
-    std::forward<Steps>(steps)();
-    return {};
-  } catch (const Failure& failure) {
-    return Outcome::GivenUp(failure.Reason());
-  } catch (const std::system_error& error) {
-    return Outcome::GivenUp(ReasonOf(error.code()));
+    try {
+      std::forward<Steps>(steps)();
+      return {};
+    } catch (const Failure& failure) {
+      return Outcome::GivenUp(failure.Reason());
+    } catch (const std::system_error& error) {
+      return Outcome::GivenUp(ReasonOf(error.code()));
+    } catch (const std::length_error&) {
+      return Outcome::GivenUp("too large");
+    }
   } catch (const std::bad_alloc&) {
-    return Outcome::GivenUp("not enough memory");
-  } catch (const std::length_error&) {
-    return Outcome::GivenUp("too large");
+    // Also where the reason of another failure found no room.
+    return Outcome::WantOfMemory();
   }
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <iterator>
+#include <new>
 
 #include "playlist/row_filling.h"
 
@@ -46,22 +47,29 @@ void BatchReader::StartThreads() {
 
 void BatchReader::Work(const std::function<void()>& file_read) {
   while (Part* part = TakePart()) {
-    int order = part->first_order;
-    for (const std::string& path : part->paths) {
-      if (given_up_) break;
-      // A row that couldn't be filled to its end stays as it is; the batch goes on.
-      ResumeNext([&] {
-        part->rows.push_back(std::make_unique<Row>());
-        make_row_(static_cast<std::size_t>(order - first_order_), path, order, *part->rows.back());
-      });
-      ++order;
-      ++done_;
-      file_read();
+    try {
+      MakeRows(*part, file_read);
+    } catch (const std::bad_alloc&) {
+      wants_memory_ = given_up_ = true;
     }
   }
   const std::lock_guard lock(mutex_);
   ++ended_;
   changed_.notify_all();
+}
+
+void BatchReader::MakeRows(Part& part, const std::function<void()>& file_read) {
+  int order = part.first_order;
+  for (const std::string& path : part.paths) {
+    if (given_up_) return;
+    part.rows.push_back(std::make_unique<Row>());
+    Row& row = *part.rows.back();
+    // A row that couldn't be filled to its end stays as it is; the batch goes on.
+    Attempt([&] { make_row_(static_cast<std::size_t>(order - first_order_), path, order, row); }).MindMemory();
+    ++order;
+    ++done_;
+    file_read();
+  }
 }
 
 BatchReader::Part* BatchReader::TakePart() {
@@ -91,6 +99,7 @@ std::vector<std::unique_ptr<Row>> BatchReader::Finish(Feedback& feedback) {
   Complete();
   threads_.empty() ? ReadHere(feedback) : WaitForThreads(feedback);
   feedback.ShowProgress(static_cast<int>(done_));
+  if (wants_memory_) throw std::bad_alloc();
   if (given_up_ || feedback.Stopped()) return {};
 
   std::vector<std::unique_ptr<Row>> rows;

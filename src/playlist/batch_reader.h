@@ -40,7 +40,8 @@ class BatchReader {
   void Add(std::span<const std::string> paths);
   // Waits for the whole batch and gives its rows in the order of the paths; to be called once, at the end. Meanwhile
   // this thread shows the count of finished rows, at least every few hundredths of a second, so that the window stays
-  // painted. No rows come of a batch that the user stops.
+  // painted. No rows come of a batch that the user stops. Throws std::bad_alloc where memory was wanting for one of
+  // them: what is in the list may be saved over what it came from, so it is all or nothing.
   std::vector<std::unique_ptr<Row>> Finish(Feedback& feedback);
 
  private:
@@ -53,6 +54,7 @@ class BatchReader {
 
   void StartThreads();
   void Work(const std::function<void()>& file_read);
+  void MakeRows(Part& part, const std::function<void()>& file_read);
   void ReadHere(Feedback& feedback);
   void WaitForThreads(Feedback& feedback);
   Part* TakePart();  // waits for one; nothing when there will be no more
@@ -64,6 +66,7 @@ class BatchReader {
   std::size_t added_ = 0;
   std::atomic<std::size_t> done_{0};
   std::atomic<bool> given_up_{false};
+  std::atomic<bool> wants_memory_{false};
 
   std::mutex mutex_;  // of what stands below
   std::condition_variable changed_;

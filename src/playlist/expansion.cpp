@@ -9,6 +9,7 @@
 #include "playlist/paths/path_text.h"
 #include "playlist/paths/text.h"
 #include "playlist/playlist_lines.h"
+#include "playlist/row_filling.h"
 
 namespace qublet {
 namespace {

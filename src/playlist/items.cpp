@@ -171,13 +171,14 @@ void Items::LoadBatch(BatchReader& reader, int InsertPoint, std::size_t further)
   RowStore& list = document_.ListView1;
   if (Stopped()) return;
   feedback_.BeginProgress("Get File Info...", static_cast<int>(document_.FileArray.size() + further));
-  ResumeNext([&] {
+  const Outcome loaded = Attempt([&] {
     std::vector<std::unique_ptr<Row>> rows = reader.Finish(feedback_);
     // Without an insertion point each row would go to the end, the last one first.
     if (InsertPoint < 1) std::reverse(rows.begin(), rows.end());
     list.Adopt(InsertPoint < 1 ? list.Count() + 1 : InsertPoint, std::move(rows));
   });
   feedback_.EndProgress();
+  loaded.MindMemory();
 }
 
 void Items::SelectRowRange(int first, int last) {

@@ -48,10 +48,10 @@ std::string FromPlainLine(const Reader& reader, const std::string& text) {
 std::string TakeIn(const Reader& reader, std::string_view line) {
   const std::string text = LineText(line, reader.page);
   std::string path = text;
-  ResumeNext([&] {
+  Attempt([&] {
     const auto addressed = PathOfAddress(reader.files, text, reader.page);
     path = addressed ? *addressed : reader.native ? FromNativeLine(reader, text) : FromPlainLine(reader, text);
-  });
+  }).MindMemory();
   const std::string first = FirstCharacters(path, 1);
   if (std::string_view(path).substr(first.size()).starts_with(':')) path.replace(0, first.size(), LowerCase(first));
   return path;

@@ -17,12 +17,12 @@ void ReadFacts(const FileSystem& files, const std::string& path, MediaInfo& info
 
 void NameFacts(const FileSystem& files, const std::string& path, MediaInfo& info) {
   NameFile(path, info);
-  if (!Contains(path, ":")) ResumeNext([&] { CompleteFolder(files, info); });
+  if (!Contains(path, ":")) Attempt([&] { CompleteFolder(files, info); }).MindMemory();
 }
 
 Outcome WriteRow(MediaInfo info, int original_order, const std::string& thousands_separator, Row& row) {
   row.cells[kFileName] = std::move(info.FileName);
-  return Attempt([&] {
+  const Outcome written = Attempt([&] {
     if (Contains(info.Bitrate, "VBR")) info.Length = VbrLength(info.Size, info.Bitrate);
     row.cells[kTime] = FormatTime(info.Length);
     row.cells[kSize] = FormatSize(info.Size, thousands_separator);
@@ -41,6 +41,8 @@ Outcome WriteRow(MediaInfo info, int original_order, const std::string& thousand
     row.cells[kHiddenSize] = std::to_string(info.Size);
     row.cells[kOriginalOrder] = std::to_string(original_order);
   });
+  written.MindMemory();
+  return written;
 }
 
 void NoteRealFile(const std::string& file, Row& row) {

@@ -122,5 +122,18 @@ TEST_F(MemoryTest, WantOfMemoryEndsNoBatch) {
   EXPECT_NE(ended.text.find("99.mp3"), std::string::npos);
 }
 
+TEST_F(MemoryTest, WantOfMemoryLosesNoRow) {
+  drives_.Write("song.mp3", AudioBytes());
+  std::string list;
+  for (int i = 0; i < 3000; ++i) list += "c:\\song.mp3\r\n";
+  for (std::size_t room = 24 * kMiB; room < 64 * kMiB; room += kMiB) {
+    drives_.Write("list.m3u", list);
+    const Ended ended = RunQublet({"save", "--replace", "c:\\list.m3u", "c:\\list.m3u"}, room);
+    EXPECT_GE(ended.code, 0) << room << ": " << ended.text;
+    EXPECT_TRUE(ended.code == 0 || !ended.text.empty()) << room;
+    EXPECT_EQ(drives_.Read("list.m3u"), list) << room;
+  }
+}
+
 }  // namespace
 }  // namespace qublet

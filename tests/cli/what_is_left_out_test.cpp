@@ -55,6 +55,13 @@ TEST_F(WhatIsLeftOut, FoldersThatCanNotBeListedAreToldBesideAReport) {
   EXPECT_TRUE(std::filesystem::exists(drives_.C() / "out" / "out.htm"));
 }
 
+TEST_F(WhatIsLeftOut, FoldersThatCanNotBeListedAreToldBesideWhatIsRestored) {
+  drives_.Write("gone.m3u", "c:\\gone\\1.mp3\r\n");
+  EXPECT_EQ(RunWhereFoldersAreShut({"restore", "--in", "c:\\m", "c:\\gone.m3u"}), 1);
+  EXPECT_EQ(Err(), "qublet: restore: 2 folders can't be listed\n");
+  EXPECT_EQ(Out(), "c:\\gone\\1.mp3\tc:\\m\\1.mp3\n");
+}
+
 TEST_F(WhatIsLeftOut, PathsThatAreTooLongAreTold) {
   const DeepTree tree(drives_.C(), std::string(250, 'x'), 140);
   EXPECT_EQ(Run({"list", "c:\\"}), 1);

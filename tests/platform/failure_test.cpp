@@ -97,6 +97,15 @@ TEST(Attempt, TakesAWantOfMemoryForAFailure) {
   EXPECT_EQ(Thrown(std::length_error("vector")).Reason(), "too large");
 }
 
+TEST(Outcome, GoesOnWhateverFailedButForWantOfMemory) {
+  EXPECT_NO_THROW(Outcome().MindMemory());
+  EXPECT_NO_THROW(Outcome::GivenUp("read-only").MindMemory());
+  EXPECT_FALSE(Outcome::WantOfMemory());
+  EXPECT_THROW(Outcome::WantOfMemory().MindMemory(), std::bad_alloc);
+  EXPECT_THROW(Outcome::WantOfMemory().OrThrow(), std::bad_alloc);
+  EXPECT_THROW(Thrown(std::bad_alloc()).MindMemory(), std::bad_alloc);
+}
+
 TEST(Attempt, LetsMistakesOfTheProgramThrough) {
   EXPECT_THROW(Thrown(std::out_of_range("at")), std::out_of_range);
   EXPECT_THROW(Thrown(std::logic_error("never")), std::logic_error);

@@ -22,6 +22,12 @@ bool Counts(const struct stat& link, const struct stat& folder, Whose whose) {
   return !sticky_for_all || IsThisUsers(link) || link.st_uid == folder.st_uid;
 }
 
+// Where others can put what they like, or the folder is theirs, there is nothing of our own.
+void RefuseFolderOfOthers(const struct stat& folder, const std::string& native) {
+  const bool theirs = !IsThisUsers(folder) && folder.st_uid != 0;
+  if (theirs || (folder.st_mode & S_IWOTH) != 0) throw Failure("the folder belongs to others too", native);
+}
+
 // What a link says; nothing for another kind of file and for none. The link is read that was looked at, whatever
 // stands at its name meanwhile.
 std::optional<std::string> LinkAt(const HeldPlace& place, Whose whose) {
@@ -46,6 +52,7 @@ HeldPlace PlaceOf(const std::string& native, Whose whose) {
   HeldPlace place = PlaceAsNamed(native);
   for (int i = 0; i < kMostLinks; ++i) {
     const std::optional<std::string> target = LinkAt(place, whose);
+    if (!target && whose == Whose::kOwn) RefuseFolderOfOthers(StatusOf(place.folder), native);
     if (!target) return place;
     place = Enter(place.folder.Get(), *target);
   }

@@ -14,7 +14,7 @@ enum class Whose {
   // this user's or of the folder's owner alone. Kernels that are told to have the same rule.
   kAnybodys,
   // The program's own files. They belong to this user, and so does each link on the way; a link counts only in a
-  // folder that nobody else can write.
+  // folder that nobody else can write. The folder is this user's or the superuser's, and not for all to write.
   kOwn,
 };
 
@@ -24,7 +24,7 @@ struct HeldPlace {
   std::string name;  // "" for a path that ends in "/"
 };
 
-// Where a path leads. Throws Failure for a link that doesn't count, and where there is no such folder.
+// Where a path leads. Throws Failure for a link or a folder that doesn't count, and where there is no such folder.
 HeldPlace PlaceOf(const std::string& native, Whose whose);
 // The same without a look at links.
 HeldPlace PlaceAsNamed(const std::string& native);

@@ -91,6 +91,7 @@ class Walk {
       matches = level.content->matches;
       filters_.AddUnlisted(files_, level.folder, matches);
     });
+    listed.MindMemory();
     if (!listed) ++gaps_.unlisted;
     gaps_.too_far += std::erase_if(matches, [&](const FilterSet::Match& match) {
       return level.folder.size() + match.name.size() > WalkBounds::kMostPathBytes;
@@ -165,7 +166,7 @@ void ListFolderFiles(const FileSystem& files, const std::string& folder, const s
 WalkGaps WalkFolder(const FileSystem& files, Feedback& feedback, const std::string& folder, const Collection& filters,
                     Collection& results, bool Recurse, bool Quiet, const std::function<void()>& folder_done) {
   WalkGaps gaps;
-  ResumeNext([&] {
+  const Outcome walked = Attempt([&] {
     const FilterSet set(filters);
     Walk walk(files, feedback, set, [&](const std::string& place, const FilterSet::Matches& matches) {
       AppendPaths(place, matches, results);
@@ -174,6 +175,7 @@ WalkGaps WalkFolder(const FileSystem& files, Feedback& feedback, const std::stri
     walk.Run(folder, Recurse, Quiet);
     gaps = walk.Gaps();
   });
+  walked.MindMemory();
   return gaps;
 }
 
@@ -194,8 +196,9 @@ FolderSearch::FolderSearch(const FileSystem& files, Feedback& feedback, const Co
 
 FolderSearch::~FolderSearch() = default;
 
-void FolderSearch::Walk(const std::string& folder, std::vector<FoundName>& results) {
-  if (state_->feedback.Stopped()) return;
+WalkGaps FolderSearch::Walk(const std::string& folder, std::vector<FoundName>& results) {
+  WalkGaps gaps;
+  if (state_->feedback.Stopped()) return gaps;
   ResumeNext([&] {
     qublet::Walk walk(state_->files, state_->feedback, state_->filters,
                       [&](const std::string& place, const FilterSet::Matches& matches) {
@@ -204,7 +207,9 @@ void FolderSearch::Walk(const std::string& folder, std::vector<FoundName>& resul
                       });
     walk.Remember(state_->read, state_->similar);
     walk.Run(folder, true, false);
+    gaps = walk.Gaps();
   });
+  return gaps;
 }
 
 const std::string& FolderSearch::SimilarTo(std::size_t name) const {

@@ -37,8 +37,8 @@ struct WalkGaps {
 
 // Listing the files of folders. A filter is a pattern of "*" and "?", which fits names that aren't hidden whatever
 // their case, or a plain name, found as the file system finds it; both may have folders in front ("music\a.mp3").
-// Names come in ascending order ignoring case. Nothing here throws; a folder that can't be read gives nothing
-// and is only counted.
+// Names come in ascending order ignoring case. Nothing is thrown but WalkFolder's want of memory; a folder that
+// can't be read gives nothing and is only counted.
 
 // Appends a path for each file in `folder` that fits `filter`: `folder` + name when the filter is one of FileFilters
 // or "*.*". Any other filter gives `folder` + filter itself, once for each file: the path for a plain name, the
@@ -71,7 +71,7 @@ class FolderSearch {
   FolderSearch& operator=(const FolderSearch&) = delete;
 
   // Appends what is found below `folder`, until the user stops the search. Throws nothing.
-  void Walk(const std::string& folder, std::vector<FoundName>& results);
+  WalkGaps Walk(const std::string& folder, std::vector<FoundName>& results);
 
   // A file met on the way that differs from that name only in letter case or in how accents are written, the first
   // one; "" when there was none.

@@ -39,7 +39,7 @@ Restoration::Restoration(Engine& engine, const Collection& MissingPaths, bool Us
 void Restoration::SearchDrive(const std::string& root) {
   if (root.empty() || folders_.empty()) return;
   std::vector<FoundName> found;
-  search_->Walk(root, found);
+  gaps_ += search_->Walk(root, found);
   for (FoundName& file : found) {
     found_count_ += times_[file.name];
     FoundFiles.push_back(std::move(file.path));

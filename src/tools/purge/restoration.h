@@ -24,6 +24,8 @@ class Restoration {
   void SearchDrive(const std::string& root);
   // How many files the searches returned. A name that is missing twice is found twice.
   std::size_t FoundCount() const { return found_count_; }
+  // What the searches didn't get at.
+  const WalkGaps& Gaps() const { return gaps_; }
 
   // Old folders, in the order of the rows; one comes again when rows of another stand between its own.
   int FolderCount() const { return static_cast<int>(folders_.size()); }
@@ -64,6 +66,7 @@ class Restoration {
   std::optional<FolderSearch> search_;
   Collection FoundFiles;  // each once
   std::size_t found_count_ = 0;
+  WalkGaps gaps_;
   std::optional<RowsByPath> rows_;
 };
 

@@ -128,6 +128,18 @@ TEST_F(FilesOfOthersTest, AreNotHeld) {
   EXPECT_TRUE(fs::exists(drives_.C() / "a.lock"));
 }
 
+TEST_F(FilesOfOthersTest, AreNotKeptInFoldersThatBelongToOthersToo) {
+  for (const char* folder : {"theirs", "everybodys"}) {
+    fs::create_directory(drives_.C() / folder);
+    drives_.Write(std::string(folder) + "/last.m3u", "mine");
+  }
+  Give("theirs", kAnother);
+  ASSERT_EQ(chmod((drives_.C() / "everybodys").c_str(), 0777), 0);
+  ExpectShut(Own(), "c:\\theirs\\last.m3u");
+  ExpectShut(Own(), "c:\\everybodys\\last.m3u");
+  EXPECT_THROW(Own().BeginReplacement("c:\\theirs\\new.m3u"), Failure);
+}
+
 TEST_F(FilesOfOthersTest, AreNoFoldersForOwnFiles) {
   const Variable data("XDG_DATA_HOME", (drives_.C() / "data").string());
   fs::create_directories(drives_.C() / "data/velmora");
