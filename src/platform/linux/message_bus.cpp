@@ -84,9 +84,9 @@ BusMessage BusCall(const char* destination, const char* path, const char* interf
 // closed.
 struct MessageBus::Opening {
   struct Close {
-    void operator()(DBusConnection* connection) const {
-      dbus_connection_close(connection);
-      dbus_connection_unref(connection);
+    void operator()(DBusConnection* made) const {
+      dbus_connection_close(made);
+      dbus_connection_unref(made);
     }
   };
 
