@@ -91,7 +91,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   CheckReading(after, tag);
   if (change.settings.empty()) {
     Require(!change.remove_v1 || !tag.HasID3v1());
-  } else if (change.settings.size() == 1) {
+  } else if (change.settings.size() == 1 && !change.remove_v2) {  // what stood behind a tag may look like another
     const auto& [field, text] = change.settings.front();
     Require(field->in_v1 ? tag.HasID3v1() : tag.HasID3v2());
     if (!field->in_v1) Require(field->get(tag, field->name) == text);
