@@ -340,8 +340,8 @@ TEST_F(NameOfPlaylist, MustBeValid) {
 }
 
 TEST_F(CommandLine, SaysWhatIsWrongInOneLine) {
-  EXPECT_EQ(Run({"list", "x\nqublet: all done.mp3"}), 1);
-  EXPECT_EQ(Err(), "qublet: x qublet: all done.mp3: no such file or folder\n");
+  EXPECT_EQ(Run({"list", "x\nqublet, all done.mp3"}), 1);
+  EXPECT_EQ(Err(), "qublet: x qublet, all done.mp3: no such file or folder\n");
 }
 
 }  // namespace
