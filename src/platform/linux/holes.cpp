@@ -15,6 +15,10 @@ constexpr std::int64_t kBlock = 512;  // the unit that a file's room is counted 
 
 }  // namespace
 
+bool HasHoles(const struct stat& status) {
+  return status.st_blocks * kBlock < status.st_size;
+}
+
 std::int64_t NextData(const Descriptor& file, std::int64_t offset, std::int64_t end) {
   const off_t data = lseek(file.Get(), offset, SEEK_DATA);
   if (data >= 0) return std::min<std::int64_t>(data, end);

@@ -4,6 +4,8 @@
 #include <stdio.h>
 #include <unistd.h>
 
+#include <algorithm>
+
 #include "platform/file_content.h"
 #include "platform/linux/file_metadata.h"
 #include "platform/linux/holes.h"
@@ -16,6 +18,11 @@ namespace qublet {
 namespace {
 
 constexpr std::size_t kSetOutTogether = 1024 * 1024;  // bytes on their way to the disk while more is written
+
+bool IsZero(std::span<const std::uint8_t> bytes) {
+  return std::ranges::all_of(bytes, [](std::uint8_t byte) { return byte == 0; });
+}
+
 HeldPlace PlaceFor(const std::string& native, Replacement::Role role) {
   using Role = Replacement::Role;
   if (role == Role::kMoved) return PlaceAsNamed(native);
@@ -72,6 +79,14 @@ void Replacement::OpenTemporary() {
 }
 
 void Replacement::WriteOut(std::span<const std::uint8_t> bytes) {
+  const std::size_t step = present_ && HasHoles(*present_) ? kBufferSize : bytes.size();
+  for (; !bytes.empty(); bytes = bytes.subspan(std::min(step, bytes.size()))) {
+    const auto piece = bytes.first(std::min(step, bytes.size()));
+    piece.size() == kBufferSize&& IsZero(piece) ? PassOver(kBufferSize) : WriteData(piece);
+  }
+}
+
+void Replacement::WriteData(std::span<const std::uint8_t> bytes) {
   WriteFully(file_, bytes);
   waiting_ += bytes.size();
   if (waiting_ < kSetOutTogether) return;
@@ -101,6 +116,10 @@ void Replacement::CopyData(DescriptorInput& source, std::int64_t offset, std::in
 void Replacement::LeaveHole(std::int64_t length) {
   if (length == 0) return;
   FlushBuffer();
+  PassOver(length);
+}
+
+void Replacement::PassOver(std::int64_t length) {
   const off_t end = lseek(file_.Get(), length, SEEK_CUR);
   if (end < 0 || ftruncate(file_.Get(), end) != 0) FailWithErrno("copy", name_);
 }

@@ -37,9 +37,12 @@ class Replacement : public BufferedReplacement {
  private:
   void FindPresent(const std::string& native);
   void OpenTemporary();
+  // Long zeros stay unwritten in the place of a file with holes.
   void WriteOut(std::span<const std::uint8_t> bytes) override;
+  void WriteData(std::span<const std::uint8_t> bytes);
   void CopyData(DescriptorInput& source, std::int64_t offset, std::int64_t length);
   void LeaveHole(std::int64_t length);
+  void PassOver(std::int64_t length);
   std::int64_t CopyInKernel(const Descriptor& source, std::int64_t offset, std::int64_t length);
   void CopyAttributes();
   void RefuseAnotherVersion() const;

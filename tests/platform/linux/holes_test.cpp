@@ -52,6 +52,23 @@ TEST_F(HolesTest, AreKeptInANewVersionWithABeginningOfAnotherLength) {
   EXPECT_LT(RoomOf("sparse.mp3"), 4 * kMebibyte);
 }
 
+TEST_F(HolesTest, AreKeptWhereZerosAreWrittenAgain) {
+  WriteSparse("sparse.mp3");
+  if (!KnowsHoles()) GTEST_SKIP() << "not on this file system";
+  const std::string content = drives_.Read("sparse.mp3");
+  for (const char* name : {"sparse.mp3", "dense.mp3"}) {
+    if (!fs::exists(drives_.C() / name)) drives_.Write(name, content);
+    const auto next = files_->BeginReplacement(std::string("c:\\") + name);
+    next->Write(BytesOf("tag"));
+    next->Write(BytesOf(content));
+    next->Write(BytesOf(std::string(kMebibyte, '\0')));
+    next->Commit();
+    EXPECT_TRUE(drives_.Read(name) == "tag" + content + std::string(kMebibyte, '\0')) << name;
+  }
+  EXPECT_LT(RoomOf("sparse.mp3"), 4 * kMebibyte);
+  EXPECT_GE(RoomOf("dense.mp3"), 64 * kMebibyte) << "what was written stays written";
+}
+
 TEST_F(HolesTest, AreNotTakenForWhatASourceHasLost) {
   WriteSparse("sparse.mp3");
   const auto source = files_->OpenForReading("c:\\sparse.mp3");
