@@ -17,7 +17,7 @@ constexpr std::array<std::pair<const char*, const char*>, 4> kExtensions{
     {{"image/bmp", ".bmp"}, {"image/jpeg", ".jpg"}, {"image/gif", ".gif"}, {"image/png", ".png"}}};
 
 // By the bytes of a picture; "" for a kind that isn't known.
-std::string ExtensionFor(const Bytes& picture) {
+std::string ExtensionFor(BytesView picture) {
   const std::string type = MimeTypeOf(picture);
   for (const auto& [known, extension] : kExtensions) {
     if (type == known) return extension;
@@ -25,7 +25,7 @@ std::string ExtensionFor(const Bytes& picture) {
   return "";
 }
 
-void WriteNew(const FileSystem& files, const std::string& path, const Bytes& bytes) {
+void WriteNew(const FileSystem& files, const std::string& path, BytesView bytes) {
   if (files.Attributes(path)) throw Failure(path + " is there already");
   const auto file = files.BeginReplacement(path);
   file->Write(bytes);

@@ -7,6 +7,7 @@ namespace {
 
 constexpr std::size_t kLengthSize = 4;
 constexpr std::size_t kSumSize = 8;
+static_assert(kRoundRecord == kLengthSize + kSumSize);
 
 // Fewer bytes only at the end of the file.
 Bytes ReadPiece(InputFile& file, std::int64_t offset, std::size_t length) {
@@ -33,9 +34,13 @@ std::uint64_t SumOf(BytesView bytes, std::uint64_t sum) {
   return sum;
 }
 
-void AppendRecord(Bytes& out, BytesView content) {
-  AppendPiece(out, content);
-  AppendLong(out, SumOf(content));
+Bytes AsRecord(Bytes content) {
+  const std::uint64_t sum = SumOf(content);
+  Bytes length;
+  AppendNumber(length, static_cast<std::uint32_t>(content.size()), 4);
+  AppendLong(content, sum);
+  content.insert(content.begin(), length.begin(), length.end());
+  return content;
 }
 
 BytesView Taker::Take(std::size_t length) {

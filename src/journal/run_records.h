@@ -15,8 +15,9 @@ namespace qublet {
 void AppendLong(Bytes& out, std::uint64_t value);
 void AppendPiece(Bytes& out, BytesView piece);
 std::uint64_t SumOf(BytesView bytes, std::uint64_t sum = 0xCBF29CE484222325);
-// As it stands in the file.
-void AppendRecord(Bytes& out, BytesView content);
+// As it stands in the file. Where the content has kRoundRecord bytes of room left, it costs no copy.
+Bytes AsRecord(Bytes content);
+inline constexpr std::size_t kRoundRecord = 12;
 
 // Takes what AppendNumber (of four bytes), AppendLong and AppendPiece wrote. Throws Failure where that isn't there.
 class Taker {

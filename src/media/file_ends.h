@@ -27,8 +27,10 @@ struct FileEnds {
 };
 
 // What the file holds of these bytes: fewer where it ends sooner, none before its start. Throws Failure on an input
-// error, like the five below.
+// error, like the six below.
 Bytes ReadBytes(InputFile& file, std::int64_t offset, std::int64_t length);
+// Whether a file holds these bytes there. Throws Failure on an input error.
+bool HoldsAt(InputFile& file, std::int64_t offset, BytesView bytes);
 FileEnds FindEnds(InputFile& file);
 // Whether an ID3v2 tag stands farther behind such bytes than it is looked for, so that a new one in front would hide
 // it.

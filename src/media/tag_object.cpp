@@ -14,12 +14,9 @@ void RefuseOverrun(const FileEnds& ends) {
 void TagImages::Add(const std::string& file, const std::string& description) {
   const auto input = files_.OpenForReading(file);
   if (input->Size() > kMaxSyncSafe) throw Failure("too large for a tag", file);
-  TagPicture picture;
-  picture.data.resize(static_cast<std::size_t>(input->Size()));
-  picture.data.resize(input->ReadAt(0, picture.data));
-  picture.description = description;
-  picture.mime_type = MimeTypeOf(picture.data);
-  Append(std::move(picture));
+  Bytes picture = ReadBytes(*input, 0, input->Size());
+  const std::string mime_type = MimeTypeOf(picture);
+  Append({description, mime_type, std::move(picture)});
 }
 
 void TagObject::PrepareFile(const std::string& /*path*/) {}

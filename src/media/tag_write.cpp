@@ -20,10 +20,9 @@ void RefuseUnlessReadFrom(const TagWrite& write, const std::optional<FileVersion
 void CommitTags(const FileSystem& files, const TagWrite& write) {
   if (write.ChangesNothing()) return;
   const auto file = files.OpenForReading(write.path);
-  TagWrite present = write;
-  KeepOldEnds(*file, present);
-  if (present.version != write.version || present.size != write.size || present.old_head != write.old_head ||
-      present.old_tail != write.old_tail)
+  const std::int64_t tail = write.size - write.change.old_tail;
+  if (file->Version() != write.version || file->Size() != write.size ||
+      !HoldsAt(*file, write.change.before, write.old_head) || !HoldsAt(*file, tail, write.old_tail))
     throw ChangedMeanwhile();
   ReplaceEnds(files, write.path, *file, write.change);
 }

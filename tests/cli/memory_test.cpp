@@ -1,6 +1,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -14,6 +15,13 @@ namespace qublet {
 namespace {
 
 constexpr std::size_t kMiB = 1 << 20;
+
+// Bytes on the disk.
+std::size_t RoomOf(const std::filesystem::path& file) {
+  struct stat status {};
+  if (stat(file.c_str(), &status) != 0) throw std::runtime_error("stat");
+  return static_cast<std::size_t>(status.st_blocks) * 512;
+}
 
 struct Ended {
   int code = -1;  // -1 for a program that was killed or gave up
@@ -78,15 +86,29 @@ TEST_F(MemoryTest, AFrameOf200MebibytesIsKeptOnce) {
   WriteSparseFrame("text.mp3", "TALB", "", 200 * kMiB);
   WriteSparseFrame("comment.mp3", "COMM", std::string("\0eng", 4), 200 * kMiB);
   WriteSparseFrame("other.mp3", "PRIV", "", 200 * kMiB);
-  for (const char* name : {"text.mp3", "comment.mp3", "other.mp3"}) {
+  WriteSparseFrame("cover.mp3", "APIC", std::string("\0image/jpeg\0\3\0\xFF\xD8\xFF\xE0", 18), 200 * kMiB);
+  for (const char* name : {"text.mp3", "comment.mp3", "other.mp3", "cover.mp3"}) {
     const Ended ended = RunQublet({"tag", std::string("c:\\") + name});
     EXPECT_EQ(ended.code, 0) << ended.text;
     EXPECT_NE(ended.text.find("Small title"), std::string::npos) << name;
     EXPECT_LT(ended.most_memory, 300 * kMiB) << name;
   }
-  const Ended changed = RunQublet({"tag", "--set", "TIT2=New", "c:\\text.mp3"});
-  EXPECT_EQ(changed.code, 0) << changed.text;
-  EXPECT_GT(std::filesystem::file_size(drives_.C() / "text.mp3"), 200 * kMiB) << "nothing was cut off";
+}
+
+// The old tag and the new one, and what stays the same in both.
+TEST_F(MemoryTest, ATagOf200MebibytesIsChangedInThreeTimesItsSize) {
+  WriteSparseFrame("text.mp3", "TALB", "", 200 * kMiB);
+  WriteSparseFrame("other.mp3", "PRIV", "", 200 * kMiB);
+  WriteSparseFrame("cover.mp3", "APIC", std::string("\0image/jpeg\0\3\0\xFF\xD8\xFF\xE0", 18), 200 * kMiB);
+  for (const std::string name : {"text.mp3", "other.mp3", "cover.mp3"}) {
+    const auto place = drives_.C() / name;
+    const std::size_t room = RoomOf(place);
+    const Ended changed = RunQublet({"tag", "--set", "TIT2=New", "c:\\" + name});
+    EXPECT_EQ(changed.code, 0) << changed.text;
+    EXPECT_LT(changed.most_memory, 640 * kMiB) << name;
+    EXPECT_GT(std::filesystem::file_size(place), 200 * kMiB) << "nothing was cut off";
+    EXPECT_LT(RoomOf(place), room + 4 * kMiB) << name;
+  }
 }
 
 TEST_F(MemoryTest, AListCostsNothingOfTheTags) {

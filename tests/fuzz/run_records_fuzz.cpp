@@ -27,7 +27,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::vector<std::size_t> ends;
   while (!pieces.IsEmpty()) {
     contents.push_back(pieces.Bytes(pieces.Byte()));
-    AppendRecord(file, contents.back());
+    Append(file, AsRecord(contents.back()));
     ends.push_back(file.size());
   }
 

@@ -12,7 +12,7 @@ constexpr RunKind kKind{"test run", "test-runs"};
 Bytes RunOf(const std::vector<std::string>& contents) {
   Bytes bytes;
   Append(bytes, RunHeader(kKind, {"time", "who"}));
-  for (const std::string& content : contents) AppendRecord(bytes, AsBytes(content));
+  for (const std::string& content : contents) Append(bytes, AsRecord(BytesOf(content)));
   return bytes;
 }
 

@@ -3,7 +3,10 @@
 namespace qublet {
 
 Bytes RunRecordBytes(const TagWrite& write) {
+  constexpr std::size_t kNumbers = 48;
   Bytes record;
+  // A tag can have 256 MiB.
+  record.reserve(write.path.size() + write.old_head.size() + write.old_tail.size() + kNumbers + kRoundRecord);
   AppendPiece(record, AsBytes(write.path));
   AppendLong(record, static_cast<std::uint64_t>(write.change.before));
   AppendLong(record, static_cast<std::uint64_t>(write.size));
@@ -12,18 +15,14 @@ Bytes RunRecordBytes(const TagWrite& write) {
   AppendNumber(record, static_cast<std::uint32_t>(write.change.head.size()), 4);
   AppendNumber(record, static_cast<std::uint32_t>(write.change.tail.size()), 4);
   AppendLong(record, SumOf(write.change.tail, SumOf(write.change.head)));
-  Bytes bytes;
-  AppendRecord(bytes, record);
-  return bytes;
+  return AsRecord(std::move(record));
 }
 
 Bytes ClosingRecordBytes(std::size_t changed) {
   Bytes record;
   AppendPiece(record, {});
   AppendLong(record, changed);
-  Bytes bytes;
-  AppendRecord(bytes, record);
-  return bytes;
+  return AsRecord(std::move(record));
 }
 
 RunReader::RunReader(std::unique_ptr<InputFile> file)

@@ -113,8 +113,8 @@ std::vector<TagPicture> Id3v2Tag::Pictures() const {
     Bytes room;
     const auto content = ContentOf(raw_.frames[place], room);
     const auto picture = DecodePicture(*content);
-    pictures.push_back(
-        {picture->description, picture->mime_type, Bytes(picture->data.begin(), picture->data.end()), picture->type});
+    const SharedBytes whole = room.empty() ? raw_.frames[place].content : SharedBytes(std::move(room));
+    pictures.push_back({picture->description, picture->mime_type, whole.Part(picture->data), picture->type});
   }
   return pictures;
 }
@@ -132,7 +132,7 @@ void Id3v2Tag::SetPictures(const std::vector<TagPicture>& pictures) {
   const Places places = PicturePlaces();
   const std::vector<TagPicture> present = Pictures();
   if (pictures == present) return;
-  Stock<std::pair<std::string, Bytes>> same;
+  Stock<std::pair<std::string, SharedBytes>> same;
   for (std::size_t i = 0; i < present.size(); ++i) same.Add({present[i].description, present[i].data}, i);
 
   std::vector<bool> taken(present.size());

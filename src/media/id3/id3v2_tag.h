@@ -21,7 +21,7 @@ struct TagComment {
 struct TagPicture {
   std::string description;
   std::string mime_type;
-  Bytes data;
+  SharedBytes data;
   // What it shows (0 to 20; 3 is the front cover). Nothing leaves it to whoever writes. Pictures are told apart
   // without it.
   std::optional<std::uint8_t> type = std::nullopt;

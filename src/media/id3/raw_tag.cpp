@@ -55,6 +55,56 @@ std::vector<BytesView> ContentsOf(BytesView body, const FrameWalk& walk, int ver
   return contents;
 }
 
+// The zeros at the end of a frame that is cut off may be its own.
+BytesView TailOf(BytesView body, const FrameWalk& walk, int version) {
+  BytesView tail = body.subspan(walk.clean ? body.size() : walk.end);
+  if (EndsInCutFrame(tail, version)) return tail;
+  while (!tail.empty() && tail.back() == 0) tail = tail.first(tail.size() - 1);
+  return tail;
+}
+
+// A tag whose contents stand in other bytes.
+struct Outline {
+  RawTag tag;  // frames without content, no tail
+  std::vector<BytesView> contents;
+  BytesView tail;
+  std::optional<Bytes> plain;  // what they stand in where the whole tag is unsynchronised
+
+  bool operator==(const Outline& other) const {
+    return tag == other.tag && std::ranges::equal(contents, other.contents, std::ranges::equal) &&
+           std::ranges::equal(tail, other.tail);
+  }
+};
+
+std::optional<Outline> OutlineOf(const TagHeader& header, BytesView bytes) {
+  const int version = header.version;
+  if (version < 2 || version > 4 || (version == 2 && (header.flags & kTagCompressed) != 0)) return std::nullopt;
+  Outline outline;
+  const BytesView body = FrameBytes(header, bytes, outline.plain);
+  outline.tag.version = version;
+  outline.tag.unsynchronised = (header.flags & kTagUnsynchronised) != 0 && (version == 4 || outline.plain);
+  const FrameWalk walk = WalkFrames(body, version);
+  outline.tag.frames.reserve(walk.starts.size());
+  for (const std::size_t start : walk.starts) outline.tag.frames.push_back(FrameAt(body, start, version));
+  outline.contents = ContentsOf(body, walk, version);
+  outline.tail = TailOf(body, walk, version);
+  return outline;
+}
+
+std::optional<Outline> OutlineOf(BytesView tag) {
+  const auto header = ParseTagHeader(tag);
+  return header ? OutlineOf(*header, tag.subspan(TagHeader::kSize)) : std::nullopt;
+}
+
+Outline OutlineOf(const RawTag& tag) {
+  Outline outline{{tag.version, tag.unsynchronised, {}, {}}, {}, tag.tail, std::nullopt};
+  for (const RawFrame& frame : tag.frames) {
+    outline.tag.frames.push_back({frame.id, frame.flags, {}});
+    outline.contents.push_back(frame.content);
+  }
+  return outline;
+}
+
 // Makes of bytes the part of them that is given.
 void CutDown(Bytes& bytes, BytesView part) {
   const std::ptrdiff_t start = part.data() - bytes.data();
@@ -71,15 +121,17 @@ void AppendFrame(Bytes& out, const RawFrame& frame, int version) {
   Append(out, frame.content);
 }
 
+// Of a whole tag that isn't unsynchronised.
+std::size_t SizeOf(const RawTag& tag) {
+  std::size_t size = TagHeader::kSize + tag.tail.size();
+  for (const RawFrame& frame : tag.frames) size += FrameHeaderSize(tag.version) + frame.content.size();
+  return size;
+}
+
 // Room left behind the frames of a tag that had to grow, so that the next change moves nothing.
 constexpr std::size_t kNewPadding = 2048;
 // More than this isn't kept when frames went.
 constexpr std::size_t kMostPadding = 64 * 1024;
-
-std::optional<RawTag> ParseWhole(const Bytes& tag) {
-  const auto header = ParseTagHeader(tag);
-  return header ? ParseTag(*header, BytesView(tag).subspan(TagHeader::kSize)) : std::nullopt;
-}
 
 void WriteSize(Bytes& tag) {
   Bytes size;
@@ -112,52 +164,43 @@ std::optional<RawTag> ParseTag(const TagHeader& header, BytesView body) {
 }
 
 std::optional<RawTag> TakeTag(const TagHeader& header, Bytes bytes) {
-  const int version = header.version;
-  if (version < 2 || version > 4 || (version == 2 && (header.flags & kTagCompressed) != 0)) return std::nullopt;
-  std::optional<Bytes> plain;
-  const BytesView body = FrameBytes(header, bytes, plain);
-  if (plain) bytes.swap(*plain);
-
-  RawTag tag;
-  tag.version = version;
-  tag.unsynchronised = (header.flags & kTagUnsynchronised) != 0 && (version == 4 || plain);
-  plain.reset();
-  const FrameWalk walk = WalkFrames(body, version);
-  const std::vector<BytesView> contents = ContentsOf(body, walk, version);
+  auto outline = OutlineOf(header, bytes);
+  if (!outline) return std::nullopt;
+  RawTag& tag = outline->tag;
+  const std::vector<BytesView>& contents = outline->contents;
   const auto longest = std::ranges::max_element(contents, {}, [](BytesView content) { return content.size(); });
-  tag.frames.reserve(contents.size());
   for (auto content = contents.begin(); content != contents.end(); ++content) {
-    tag.frames.push_back(FrameAt(body, walk.starts[tag.frames.size()], version));
-    if (content != longest) tag.frames.back().content.assign(content->begin(), content->end());
+    if (content == longest) continue;
+    tag.frames[static_cast<std::size_t>(content - contents.begin())].content =
+        Bytes(content->begin(), content->end());
   }
-  if (!walk.clean) tag.tail.assign(body.begin() + static_cast<std::ptrdiff_t>(walk.end), body.end());
+  tag.tail.assign(outline->tail.begin(), outline->tail.end());
   if (longest != contents.end()) {
-    CutDown(bytes, *longest);
-    tag.frames[static_cast<std::size_t>(longest - contents.begin())].content = std::move(bytes);
+    Bytes& room = outline->plain ? *outline->plain : bytes;
+    CutDown(room, *longest);
+    tag.frames[static_cast<std::size_t>(longest - contents.begin())].content = std::move(room);
   }
-  // The zeros at the end of a frame that is cut off may be its own.
-  if (EndsInCutFrame(tag.tail, version)) return tag;
-  while (!tag.tail.empty() && tag.tail.back() == 0) tag.tail.pop_back();
-  return tag;
+  return std::move(tag);
 }
 
 Bytes SerialiseTag(const RawTag& tag) {
-  Bytes body;
-  for (const RawFrame& frame : tag.frames) AppendFrame(body, frame, tag.version);
-  Append(body, tag.tail);
-  if (tag.unsynchronised && tag.version < 4) body = Unsynchronise(body);
-
-  if (body.size() > kMaxSyncSafe) throw Failure("a tag is too large");
   Bytes out;
-  out.reserve(body.size() + TagHeader::kSize);
+  out.reserve(SizeOf(tag));
   Append(out, "ID3");
   out.push_back(static_cast<std::uint8_t>(tag.version));
   out.push_back(0);
   out.push_back(tag.unsynchronised ? kTagUnsynchronised : 0);
   out.resize(TagHeader::kSize);
-  Append(out, body);
+  for (const RawFrame& frame : tag.frames) AppendFrame(out, frame, tag.version);
+  Append(out, tag.tail);
+  if (tag.unsynchronised && tag.version < 4) {
+    const Bytes body = Unsynchronise(BytesView(out).subspan(TagHeader::kSize));
+    out.resize(TagHeader::kSize);
+    Append(out, body);
+  }
+  if (out.size() > kMaxSyncSafe + TagHeader::kSize) throw Failure("a tag is too large");
   WriteSize(out);
-  if (ParseWhole(out) != tag) throw Failure("a tag would be read back as another one");
+  if (OutlineOf(BytesView(out)) != OutlineOf(tag)) throw Failure("a tag would be read back as another one");
   return out;
 }
 
@@ -180,15 +223,16 @@ bool IsReadOtherwise(BytesView tag) {
 bool PadTag(Bytes& tag, std::size_t extent) {
   if (extent <= tag.size()) return true;
   if (extent > kMaxSyncSafe + TagHeader::kSize) return false;
-  const auto before = ParseWhole(tag);
-  if (!before || EndsInCutFrame(before->tail, before->version)) return false;
-  const std::size_t length = tag.size();
-  tag.resize(extent, 0);
-  WriteSize(tag);
-  if (ParseWhole(tag) == before && !IsAmbiguous(tag)) return true;
-  tag.resize(length);
-  WriteSize(tag);
-  return false;
+  const auto before = OutlineOf(BytesView(tag));
+  if (!before || EndsInCutFrame(before->tail, before->tag.version)) return false;
+  Bytes padded;
+  padded.reserve(extent);
+  padded = tag;
+  padded.resize(extent, 0);
+  WriteSize(padded);
+  if (OutlineOf(BytesView(padded)) != before || IsAmbiguous(padded)) return false;
+  tag = std::move(padded);
+  return true;
 }
 
 Bytes FittedTag(const RawTag& tag, std::size_t present) {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "media/id3/bytes.h"
+#include "media/id3/shared_bytes.h"
 
 namespace qublet {
 
@@ -32,7 +32,7 @@ std::optional<TagHeader> ParseTagHeader(BytesView bytes);
 struct RawFrame {
   std::string id;           // three characters in ID3v2.2, else four
   std::uint16_t flags = 0;  // as stored; their meaning depends on the version
-  Bytes content;            // as stored, with whatever the flags put in front of it
+  SharedBytes content;      // as stored, with whatever the flags put in front of it
 
   bool operator==(const RawFrame&) const = default;
 };

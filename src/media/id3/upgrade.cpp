@@ -40,11 +40,11 @@ const IdPair* FindOldId(std::string_view old_id) {
 
 // Bytes of a tag of 2.2, in their old form, as something that every program passes on.
 RawFrame Wrapped(std::string_view owner, BytesView old) {
-  RawFrame frame{"PRIV", 0, {}};
-  Append(frame.content, owner);
-  frame.content.push_back(0);
-  Append(frame.content, old);
-  return frame;
+  Bytes content;
+  Append(content, owner);
+  content.push_back(0);
+  Append(content, old);
+  return {"PRIV", 0, std::move(content)};
 }
 
 RawFrame Wrapped(const RawFrame& old) {
@@ -81,13 +81,13 @@ Bytes WithMimeType(BytesView picture) {
 }
 
 // The content of a frame of 2.2 as later versions want it; nothing when it is too short for its layout.
-std::optional<Bytes> UpgradedContent(std::string_view old_id, Bytes content) {
+std::optional<Bytes> UpgradedContent(std::string_view old_id, BytesView content) {
   if (old_id == "PIC") {
     if (content.size() <= kPictureFormatEnd) return std::nullopt;
     return WithMimeType(content);
   }
   if (old_id == "LNK" && content.size() >= kLinkedIdEnd) return WithLinkedId(content);
-  return content;
+  return Bytes(content.begin(), content.end());
 }
 
 RawFrame UpgradedFrame(RawFrame old) {
@@ -106,7 +106,7 @@ std::optional<Bytes> UpgradedCutFrame(BytesView tail) {
   const BytesView content = tail.subspan(FrameHeaderSize(2));
   const std::uint32_t claimed = ReadNumber(tail.subspan(kIdLength, 3));
   if (pair == nullptr || claimed <= content.size()) return std::nullopt;
-  const auto upgraded = UpgradedContent(pair->old_id, Bytes(content.begin(), content.end()));
+  const auto upgraded = UpgradedContent(pair->old_id, content);
   if (!upgraded) return std::nullopt;
   Bytes out;
   Append(out, pair->id);
@@ -148,7 +148,7 @@ std::optional<BytesView> ShownContent(const RawFrame& frame, const RawTag& tag, 
   if (pair == nullptr && IsPlain(frame, tag))
     return BytesView(frame.content).first(std::min(frame.content.size(), most));
   auto content = PlainContent(frame, tag, most);
-  if (content && pair != nullptr) content = UpgradedContent(pair->old_id, std::move(*content));
+  if (content && pair != nullptr) content = UpgradedContent(pair->old_id, *content);
   if (!content) return std::nullopt;
   room = std::move(*content);
   return room;

@@ -1,5 +1,7 @@
 #include "tools/rename/kept_renames.h"
 
+#include <utility>
+
 namespace qublet {
 namespace {
 
@@ -35,17 +37,14 @@ Bytes PlanRecord(const FileSystem& files, const std::vector<PlannedRename>& plan
     AppendLong(content, identity.number);
     AppendLong(content, static_cast<std::uint64_t>(identity.made));
   }
-  Bytes record;
-  AppendRecord(record, content);
-  return record;
+  return AsRecord(std::move(content));
 }
 
 void AppendState(InPlaceFile& file, std::int64_t& end, std::size_t index, KeptState state) {
   Bytes content;
   AppendNumber(content, static_cast<std::uint32_t>(index), 4);
   AppendNumber(content, static_cast<std::uint32_t>(state), 4);
-  Bytes record;
-  AppendRecord(record, content);
+  const Bytes record = AsRecord(std::move(content));
   file.WriteAt(end, record);
   end += static_cast<std::int64_t>(record.size());
 }

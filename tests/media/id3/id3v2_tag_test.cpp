@@ -221,7 +221,7 @@ TEST(Id3v2TagSetFrame, KeepsTheEncodingIfItCan) {
   Id3v2Tag latin1 = TagOf({TextFrame("TIT2", "a")});
   latin1.SetFrame("TIT2", "Привет");
   EXPECT_EQ(latin1.Frame("TIT2"), "Привет");
-  EXPECT_EQ(latin1.Raw().frames[0].content[0], 1);
+  EXPECT_EQ(latin1.Raw().frames[0].content.begin()[0], 1);
 }
 
 TEST(Id3v2TagSetFrame, WritesOneYearOnly) {
