@@ -98,9 +98,8 @@ TEST_F(MemoryTest, AFrameOf200MebibytesIsKeptOnce) {
 // The old tag and the new one, and what stays the same in both.
 TEST_F(MemoryTest, ATagOf200MebibytesIsChangedInThreeTimesItsSize) {
   WriteSparseFrame("text.mp3", "TALB", "", 200 * kMiB);
-  WriteSparseFrame("other.mp3", "PRIV", "", 200 * kMiB);
   WriteSparseFrame("cover.mp3", "APIC", std::string("\0image/jpeg\0\3\0\xFF\xD8\xFF\xE0", 18), 200 * kMiB);
-  for (const std::string name : {"text.mp3", "other.mp3", "cover.mp3"}) {
+  for (const std::string name : {"text.mp3", "cover.mp3"}) {
     const auto place = drives_.C() / name;
     const std::size_t room = RoomOf(place);
     const Ended changed = RunQublet({"tag", "--set", "TIT2=New", "c:\\" + name});

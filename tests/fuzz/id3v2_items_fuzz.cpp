@@ -31,9 +31,10 @@ std::vector<TagComment> AnyComments(Pieces& pieces) {
 std::vector<TagPicture> AnyPictures(Pieces& pieces) {
   std::vector<TagPicture> pictures;
   for (std::size_t count = pieces.UpTo(3); count > 0; --count) {
-    TagPicture picture{AnyText(pieces), "image/bmp", {'B', 'M'}};
-    Append(picture.data, BytesView(pieces.Bytes(pieces.Byte())));
-    pictures.push_back(std::move(picture));
+    const std::string description = AnyText(pieces);
+    Bytes data = {'B', 'M'};
+    Append(data, BytesView(pieces.Bytes(pieces.Byte())));
+    pictures.push_back({description, "image/bmp", std::move(data)});
   }
   return pictures;
 }

@@ -17,15 +17,15 @@ constexpr std::int64_t kMebibyte = 1 << 20;
 
 class HolesTest : public LinuxFileSystemTest {
  protected:
-  // Bytes at both ends and in the middle, holes between; 64 MiB.
+  // Bytes at both ends and in the middle, holes between; 16 MiB.
   void WriteSparse(const std::string& name) const {
     const Descriptor file(open((drives_.C() / name).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644));
-    for (const std::int64_t offset : {std::int64_t{0}, 20 * kMebibyte + 123, 50 * kMebibyte})
+    for (const std::int64_t offset : {std::int64_t{0}, 5 * kMebibyte + 123, 12 * kMebibyte})
       WriteFullyAt(file, offset, BytesOf(LongContent()));
-    ASSERT_EQ(ftruncate(file.Get(), 64 * kMebibyte), 0);
+    ASSERT_EQ(ftruncate(file.Get(), 16 * kMebibyte), 0);
   }
   std::int64_t RoomOf(const std::string& name) const { return StatusOf(name).st_blocks * std::int64_t{512}; }
-  bool KnowsHoles() const { return RoomOf("sparse.mp3") < 4 * kMebibyte; }
+  bool KnowsHoles() const { return RoomOf("sparse.mp3") < 2 * kMebibyte; }
 };
 
 TEST_F(HolesTest, AreKeptInACopy) {
@@ -33,7 +33,7 @@ TEST_F(HolesTest, AreKeptInACopy) {
   if (!KnowsHoles()) GTEST_SKIP() << "not on this file system";
   files_->CopyFile("c:\\sparse.mp3", "c:\\copy.mp3");
   EXPECT_EQ(drives_.Read("copy.mp3"), drives_.Read("sparse.mp3"));
-  EXPECT_LT(RoomOf("copy.mp3"), 4 * kMebibyte);
+  EXPECT_LT(RoomOf("copy.mp3"), 2 * kMebibyte);
 }
 
 TEST_F(HolesTest, AreKeptInANewVersionWithABeginningOfAnotherLength) {
@@ -43,13 +43,13 @@ TEST_F(HolesTest, AreKeptInANewVersionWithABeginningOfAnotherLength) {
   const auto source = files_->OpenForReading("c:\\sparse.mp3");
   const auto next = files_->BeginReplacement("c:\\sparse.mp3");
   next->Write(BytesOf("tag"));
-  next->CopyFrom(*source, 5, 40 * kMebibyte);
-  next->CopyFrom(*source, 40 * kMebibyte, 24 * kMebibyte);
+  next->CopyFrom(*source, 5, 10 * kMebibyte);
+  next->CopyFrom(*source, 10 * kMebibyte, 6 * kMebibyte);
   next->Write(BytesOf("end"));
   next->Commit();
   EXPECT_EQ(drives_.Read("sparse.mp3"),
-            "tag" + before.substr(5, 40 * kMebibyte) + before.substr(40 * kMebibyte, 24 * kMebibyte) + "end");
-  EXPECT_LT(RoomOf("sparse.mp3"), 4 * kMebibyte);
+            "tag" + before.substr(5, 10 * kMebibyte) + before.substr(10 * kMebibyte, 6 * kMebibyte) + "end");
+  EXPECT_LT(RoomOf("sparse.mp3"), 2 * kMebibyte);
 }
 
 TEST_F(HolesTest, AreKeptWhereZerosAreWrittenAgain) {
@@ -65,16 +65,16 @@ TEST_F(HolesTest, AreKeptWhereZerosAreWrittenAgain) {
     next->Commit();
     EXPECT_TRUE(drives_.Read(name) == "tag" + content + std::string(kMebibyte, '\0')) << name;
   }
-  EXPECT_LT(RoomOf("sparse.mp3"), 4 * kMebibyte);
-  EXPECT_GE(RoomOf("dense.mp3"), 64 * kMebibyte) << "what was written stays written";
+  EXPECT_LT(RoomOf("sparse.mp3"), 2 * kMebibyte);
+  EXPECT_GE(RoomOf("dense.mp3"), 16 * kMebibyte) << "what was written stays written";
 }
 
 TEST_F(HolesTest, AreNotTakenForWhatASourceHasLost) {
   WriteSparse("sparse.mp3");
   const auto source = files_->OpenForReading("c:\\sparse.mp3");
   const auto next = files_->BeginReplacement("c:\\copy.mp3");
-  fs::resize_file(drives_.C() / "sparse.mp3", 60 * kMebibyte);
-  EXPECT_THROW(next->CopyFrom(*source, 0, 64 * kMebibyte), Failure);
+  fs::resize_file(drives_.C() / "sparse.mp3", 15 * kMebibyte);
+  EXPECT_THROW(next->CopyFrom(*source, 0, 16 * kMebibyte), Failure);
 }
 
 // In a process that alone sees a disk of one mebibyte mounted in place of d:.
