@@ -47,9 +47,7 @@ Outcome TakenInPart(const LeftOut& left_out, bool full) {
   std::string reason;
   if (full) reason = "the list ends at row " + std::to_string(RowStore::MaxRows) + ", the rest is left out";
   if (!full && left_out.further_lines > 0) reason = "the list ends at 64 MiB of paths, the rest is left out";
-  const std::string long_lines = LongLinesText(left_out.long_lines);
-  if (!long_lines.empty()) reason += (reason.empty() ? "" : "; ") + long_lines;
-  return Outcome::GivenUp(reason);
+  return Outcome::GivenUp(JoinedRemarks(reason, LongLinesText(left_out.long_lines)));
 }
 
 // Adds what one path holds, all of it.
@@ -69,7 +67,7 @@ Outcome AddPath(Engine& engine, const std::string& path) {
     document.CurrentForm = engine.items.LastForm();
   }
   const bool full = rows.Count() == RowStore::MaxRows && (added == 0 || !found_room);
-  if (full || left_out.further_lines > 0 || left_out.long_lines > 0) return TakenInPart(left_out, full);
+  if (full || left_out.OfPlaylists()) return TakenInPart(left_out, full);
   return added > 0 ? Outcome() : outcome;  // a file that holds no sound is a row too
 }
 
@@ -120,8 +118,7 @@ bool ExpandPaths(CommandContext& context, const Arguments& arguments, Collection
     constexpr std::size_t kRoom = RowStore::MaxRows;
     const bool full = paths.size() > kRoom || (paths.size() == kRoom && left_out.further_lines > 0);
     if (paths.size() > kRoom) paths.resize(kRoom);
-    const bool in_part = full || left_out.further_lines > 0 || left_out.long_lines > 0;
-    return Taken{in_part ? TakenInPart(left_out, full) : found, left_out.walk};
+    return Taken{full || left_out.OfPlaylists() ? TakenInPart(left_out, full) : found, left_out.walk};
   });
 }
 

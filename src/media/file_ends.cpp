@@ -291,7 +291,7 @@ void ReplaceEnds(const FileSystem& files, const std::string& path, InputFile& pr
   const Kept kept = KeptPart(present, change);
   const auto replacement = BeginIfFolderAllows(files, path);
   if (!replacement) return ChangeInPlace(files, path, present, change);
-  if (const auto version = present.Version()) replacement->ReplaceOnly(*version);
+  replacement->ReplaceOnly(present.Version());
   if (change.before > 0) replacement->CopyFrom(present, 0, change.before);
   replacement->Write(change.head);
   replacement->CopyFrom(present, kept.offset, kept.length);

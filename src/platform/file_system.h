@@ -99,8 +99,8 @@ class FileReplacement {
   // Opens what has been written so far for reading, so that it can be checked before Commit. Throws Failure.
   virtual std::unique_ptr<InputFile> OpenWritten() = 0;
   // For a new version that is made of the present one: Commit then throws ChangedMeanwhile unless the present file is
-  // still in this state, and leaves what another program has made of it.
-  virtual void ReplaceOnly(const FileVersion& /*version*/) {}
+  // still in this state, and leaves what another program has made of it. Nothing for a state that isn't known: any.
+  virtual void ReplaceOnly(const std::optional<FileVersion>& /*version*/) {}
   // Flushes to disk, copies mode, owner, access lists and extended attributes of the present file, renames over it
   // and flushes the folder (see ReplacementBatch). Throws Failure; the present file is then as it was.
   virtual void Commit() = 0;

@@ -90,9 +90,8 @@ Outcome Items::AddStuff(std::string filename, bool ReSelect, int& InsertPoint) {
 // The activity of each further call takes the remark away, so all of it is told again.
 void Items::TellWhatIsLeftOut() {
   left_out_by_command_ += left_out_;
-  const std::string gaps = GapsText(left_out_by_command_.walk);
-  const std::string lines = LongLinesText(left_out_by_command_.long_lines);
-  const std::string remark = gaps + (gaps.empty() || lines.empty() ? "" : "; ") + lines;
+  const std::string remark =
+      JoinedRemarks(GapsText(left_out_by_command_.walk), LongLinesText(left_out_by_command_.long_lines));
   if (!remark.empty() && !Stopped()) feedback_.ShowRemark(remark);
 }
 

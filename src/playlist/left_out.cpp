@@ -9,10 +9,14 @@ std::string Counted(std::size_t count, const std::string& one, const std::string
 
 }  // namespace
 
+std::string JoinedRemarks(const std::string& first, const std::string& second) {
+  return first + (first.empty() || second.empty() ? "" : "; ") + second;
+}
+
 std::string GapsText(const WalkGaps& gaps) {
   const std::string folders = Counted(gaps.unlisted, "folder can't be listed", "folders can't be listed");
   const std::string paths = Counted(gaps.too_far, "path is too long", "paths are too long");
-  return folders + (folders.empty() || paths.empty() ? "" : "; ") + paths;
+  return JoinedRemarks(folders, paths);
 }
 
 std::string LongLinesText(std::size_t lines) {

@@ -71,7 +71,7 @@ void PlaylistFiles::TakeOpened(const std::string& path) {
 // A list that holds less than its file must not be saved over it by the way.
 void PlaylistFiles::TellWhatIsLeftOut() {
   const LeftOut& left_out = items_.LastLeftOut();
-  if (left_out.further_lines == 0 && left_out.long_lines == 0) return;
+  if (!left_out.OfPlaylists()) return;
   document_.CurrentPlaylist.clear();
   document_.CurrentForm.reset();
   view_.ShowCaption();
@@ -215,7 +215,7 @@ void PlaylistFiles::TellAboutLines(bool new_name) {
   if (left_absolute_ > 0) remark = FullPathsText(left_absolute_);
   if (new_name && !told_of_players_ && !IsNativePlaylist(path) && !OwnFormHasDrives(services_.files)) {
     told_of_players_ = true;
-    remark += std::string(remark.empty() ? "" : "; ") + "players of this system want .m3u8";
+    remark = JoinedRemarks(remark, "players of this system want .m3u8");
   }
   if (!remark.empty()) services_.feedback.ShowRemark(remark);
 }

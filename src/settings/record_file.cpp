@@ -58,7 +58,7 @@ Outcome WriteRecordFile(const FileSystem& files, const std::string& path, const 
     const auto end = static_cast<std::int64_t>(record.size());
     if (files.Attributes(path)) {
       const auto present = files.OpenForReading(path);
-      if (const auto version = present->Version()) replacement->ReplaceOnly(*version);
+      replacement->ReplaceOnly(present->Version());
       if (present->Size() > end) replacement->CopyFrom(*present, end, present->Size() - end);
     }
     replacement->Commit();

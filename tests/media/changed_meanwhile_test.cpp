@@ -41,7 +41,7 @@ class Interfering : public ForwardingFileSystem {
       next_->CopyFrom(source, offset, length);
     }
     std::unique_ptr<InputFile> OpenWritten() override { return next_->OpenWritten(); }
-    void ReplaceOnly(const FileVersion& version) override { next_->ReplaceOnly(version); }
+    void ReplaceOnly(const std::optional<FileVersion>& version) override { next_->ReplaceOnly(version); }
     void Commit() override {
       deed_();
       next_->Commit();

@@ -27,7 +27,7 @@ class Replacement : public BufferedReplacement {
 
   void CopyFrom(InputFile& source, std::int64_t offset, std::int64_t length) override;
   std::unique_ptr<InputFile> OpenWritten() override;
-  void ReplaceOnly(const FileVersion& version) override { only_ = version; }
+  void ReplaceOnly(const std::optional<FileVersion>& version) override { only_ = version; }
   void Commit() override;
 
  private:
