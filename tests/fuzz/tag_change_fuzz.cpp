@@ -1,5 +1,7 @@
 #include "media/tag_change.h"
 
+#include <set>
+
 #include "fuzz/fuzz_input.h"
 #include "fuzz/lying_disk.h"
 #include "fuzz/one_file.h"
@@ -60,6 +62,13 @@ void CheckReading(const FileSystem& files, const TagObject& both) {
   Require(Attempt([&] { v2.ReadStreamInfo(kPath); }) || v2.Stream().StreamBitrate.empty());
 }
 
+// Its frame may come to stand elsewhere each time.
+bool SetsOneFieldTwice(const TagChange& change) {
+  std::set<const TagField*> fields;
+  for (const auto& [field, text] : change.settings) fields.insert(field);
+  return fields.size() < change.settings.size();
+}
+
 FileEnds EndsOf(const Bytes& content) {
   MemoryFile file(content);
   return FindEnds(file);
@@ -89,14 +98,16 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   tag.ReadTags(kPath, false);
   CheckCommit(*system, content, write, written);
   CheckReading(after, tag);
+  // What stood behind a removed tag may look like another one.
   if (change.settings.empty()) {
-    Require(!change.remove_v1 || !tag.HasID3v1());
-  } else if (change.settings.size() == 1 && !change.remove_v2) {  // what stood behind a tag may look like another
+    Require(!change.remove_v1 || ends.old_tail > 0 || !tag.HasID3v1());
+  } else if (change.settings.size() == 1 && !change.remove_v2) {
     const auto& [field, text] = change.settings.front();
     Require(field->in_v1 ? tag.HasID3v1() : tag.HasID3v2());
     if (!field->in_v1) Require(field->get(tag, field->name) == text);
   }
   const bool strips = change.remove_v1 || change.remove_v2;
-  if (!change.Adds() && !strips) Require(PlanTagChange(after, kPath, change).ChangesNothing());
+  if (!change.Adds() && !strips && !SetsOneFieldTwice(change))
+    Require(PlanTagChange(after, kPath, change).ChangesNothing());
   return 0;
 }
