@@ -1,4 +1,3 @@
-#include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QPixmap>
@@ -15,6 +14,7 @@
 #include "platform/program.h"
 #include "platform/qt/key_names.h"
 #include "platform/qt/last_input.h"
+#include "platform/qt/patient_application.h"
 #include "platform/qt/pictures.h"
 #include "platform/qt/qt_dialogs.h"
 #include "playlist/paths/folder_walk.h"
@@ -67,7 +67,7 @@ int TakeScreenshot(const System& system, const QString& picture, const std::stri
   return 1;
 }
 
-int Start(const System& system, QApplication& application, const std::string& command_line) {
+int Start(const System& system, PatientApplication& application, const std::string& command_line) {
   std::unique_ptr<House> house;
   std::unique_ptr<SessionEnd> session_end;
   SplashFrm splash([&](QWidget& window) {
@@ -78,6 +78,7 @@ int Start(const System& system, QApplication& application, const std::string& co
   splash.Begin();
   house = std::make_unique<House>(system, system.FindPlacesOfWindow());
   session_end = std::make_unique<SessionEnd>(house->program.main);
+  application.WhenMemoryWants([&] { house->program.TellOfWantOfMemory(); });
   return application.exec();
 }
 
@@ -96,7 +97,7 @@ QStringList WithFilesTold(QStringList words) {
   return words;
 }
 
-int Run(QApplication& application) {
+int Run(PatientApplication& application) {
   QCommandLineParser parser;
   parser.addPositionalArgument(QStringLiteral("paths"), QStringLiteral("Files, folders and playlists to list."));
   const QCommandLineOption screenshot(QStringLiteral("screenshot"),
@@ -123,7 +124,7 @@ int Run(QApplication& application) {
 
 int main(int argc, char** argv) {
   qublet::LoadNothingForeign();
-  QApplication application(argc, argv);
+  qublet::PatientApplication application(argc, argv);
   application.setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(qublet::Picture(QStringLiteral("program")));
   QGuiApplication::setDesktopFileName(QStringLiteral("QUBLET20"));

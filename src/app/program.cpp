@@ -15,4 +15,9 @@ Program::Program(const Services& services, WindowFeedback& feedback, const Sessi
   QObject::connect(&main, &Main::updateCheckDue, &main, [this] { CheckForUpdateQuietly(desk); });
 }
 
+void Program::TellOfWantOfMemory() {
+  engine.services.dialogs.ShowMessage("There is not enough memory for this.", MessageIcon::kStop,
+                                      MessageButtons::kOk);
+}
+
 }  // namespace qublet

@@ -15,6 +15,9 @@ class Program {
   // `feedback` is the one that `services` name.
   Program(const Services& services, WindowFeedback& feedback, const Session::Places& places);
 
+  // Of what the user asked for and couldn't be done.
+  void TellOfWantOfMemory();
+
   Engine engine;
   Commands commands;
   Main main;

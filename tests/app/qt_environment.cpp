@@ -1,7 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <memory>
+
+#include "platform/qt/patient_application.h"
 
 namespace {
 
@@ -15,7 +16,7 @@ class QtEnvironment : public testing::Environment {
 #else
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
 #endif
-    application_ = std::make_unique<QApplication>(argument_count_, arguments_);
+    application_ = std::make_unique<qublet::PatientApplication>(argument_count_, arguments_);
     QApplication::setQuitOnLastWindowClosed(false);
   }
   void TearDown() override {
@@ -26,7 +27,7 @@ class QtEnvironment : public testing::Environment {
   int argument_count_ = 1;
   char name_[9] = "QUBLET20";
   char* arguments_[2] = {name_, nullptr};
-  std::unique_ptr<QApplication> application_;
+  std::unique_ptr<qublet::PatientApplication> application_;
 };
 
 [[maybe_unused]] const auto* const kEnvironment = testing::AddGlobalTestEnvironment(new QtEnvironment);

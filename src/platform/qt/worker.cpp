@@ -3,6 +3,7 @@
 #include <chrono>
 #include <future>
 
+#include "platform/failure.h"
 #include "platform/qt/input_lock.h"
 
 namespace qublet {
@@ -28,18 +29,19 @@ void Worker::Do(const Work& work) {
   InputLock lock;
   while (done.wait_for(kRepaintEvery) != std::future_status::ready) lock.Pump();
   --waiting_;
-  if (waiting_ > 0) return;
+  if (waiting_ > 0) return done.get();
   for (const Work& answer : held_back_)
     QMetaObject::invokeMethod(
         this, [this, answer] { Answer(answer); }, Qt::QueuedConnection);
   held_back_.clear();
+  done.get();
 }
 
 bool Worker::Start(const Work& work, const Work& done) {
   if (started_) return false;
   started_ = true;
   thread_.start([this, work, done] {
-    work();
+    ResumeNext([&work] { work(); });
     QMetaObject::invokeMethod(
         this, [this, done] { Answer(done); }, Qt::QueuedConnection);
   });

@@ -6,6 +6,7 @@
 #include <QTest>
 #include <atomic>
 #include <chrono>
+#include <new>
 #include <thread>
 
 namespace qublet {
@@ -70,6 +71,14 @@ TEST(Worker, ComesBackAtOnceFromWorkThatIsStartedAndAnswersOnItsThread) {
   bool again = false;
   EXPECT_TRUE(worker.Start([] {}, [&] { again = true; }));
   EXPECT_TRUE(QTest::qWaitFor([&] { return again; }));
+}
+
+TEST(Worker, HandsOnWantOfMemory) {
+  Worker worker;
+  EXPECT_THROW(worker.Do([] { throw std::bad_alloc(); }), std::bad_alloc);
+  bool answered = false;
+  worker.Start([] { throw std::bad_alloc(); }, [&] { answered = true; });
+  EXPECT_TRUE(QTest::qWaitFor([&] { return answered; }));
 }
 
 TEST(Worker, HoldsAnAnswerBackUntilWhoWaitsHasComeBack) {
