@@ -13,8 +13,8 @@ namespace qublet {
 //
 // "tag --title FILE...": the title that stands for a file elsewhere in the program, made from its tags.
 //
-// "tag --copy-from SOURCE FILE...": gives each file the whole of SOURCE's tags, as the window does by Paste and
-// Update.
+// "tag --copy-from SOURCE FILE...": gives each file all that the tag editor shows of SOURCE's tags, as the window
+// does by Paste and Update.
 //
 // "tag --attributes NAME=SET|CLR[,...] FILE...": changes attributes, of normal, readonly, archive, system, hidden.
 //

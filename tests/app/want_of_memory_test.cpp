@@ -26,12 +26,17 @@ class WantOfMemory : public testing::Test {
 };
 
 TEST_F(WantOfMemory, EndsACommandAndNotTheProgram) {
+#ifdef __SANITIZE_ADDRESS__
+  GTEST_SKIP() << "the toolkit's frames give nothing back of what they hold when an exception passes through them";
+#endif
   ASSERT_TRUE(QTest::qWaitFor([&] { return window.main->isActiveWindow(); }));
-  const auto wanting = QObject::connect(window.Action("MEditSelAll"), &QAction::triggered, [] { throw std::bad_alloc(); });
+  const auto wanting =
+      QObject::connect(window.Action("MEditSelAll"), &QAction::triggered, [] { throw std::bad_alloc(); });
   QTest::keyClick(&window.List(), Qt::Key_A, Qt::ControlModifier);
   QCoreApplication::processEvents();
 
-  const ScriptedDialogs::Message told{"There is not enough memory for this.", MessageIcon::kStop, MessageButtons::kOk};
+  const ScriptedDialogs::Message told{"There is not enough memory for this.", MessageIcon::kStop,
+                                      MessageButtons::kOk};
   EXPECT_EQ(window.dialogs.messages, std::vector{told});
   EXPECT_EQ(window.Names(), "a.mp3 b.mp3");
 

