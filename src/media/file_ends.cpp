@@ -52,12 +52,31 @@ bool IsPlausible(const TagHeader& header) {
   return header.version >= 2 && header.version <= 4 && (header.flags & kUnusedFlags) == 0 && header.body_size > 0;
 }
 
-// Where a tag stands behind other bytes, at most so many, none of which are audio; 0 when there is none.
+// Size of the ID3v1 tag at the end: 128 bytes, or up to four less where a program has cut the year short; 0 for none.
+std::int64_t SizeOfId3v1(InputFile& file, std::int64_t room) {
+  // An APE tag's mark holds the three letters too.
+  constexpr std::int64_t kInFront = 3;
+  const std::int64_t length = std::min(room, kId3v1Size + kInFront);
+  const Bytes bytes = ReadBytes(file, file.Size() - length, length);
+  for (std::int64_t cut = 0; cut <= kId3v1MostCut; ++cut) {
+    const std::int64_t start = static_cast<std::int64_t>(bytes.size()) - (kId3v1Size - cut);
+    if (start < 0 || !Id3v1Tag::Parse(BytesView(bytes).subspan(static_cast<std::size_t>(start)))) continue;
+    const auto in_front = static_cast<std::size_t>(std::min(start, kInFront));
+    const bool ape = AsText(bytes).substr(static_cast<std::size_t>(start) - in_front).starts_with(kApeMark);
+    if (!ape) return kId3v1Size - cut;
+  }
+  return 0;
+}
+
+// Where a tag stands behind other bytes, at most so many, none of which are audio; 0 when there is none. What looks
+// like one in a text of the ID3v1 tag is none.
 std::int64_t FindLaterHead(InputFile& file, std::int64_t most_in_front) {
   constexpr std::int64_t kTwoFrames = 4096;
   if (IsFirstFrame(ReadBytes(file, 0, kTwoFrames))) return 0;
   const std::int64_t start = EndOfFirstApeTag(file);
-  const Bytes bytes = ReadBytes(file, start, most_in_front + static_cast<std::int64_t>(TagHeader::kSize));
+  const std::int64_t end = file.Size() - SizeOfId3v1(file, file.Size());
+  const Bytes bytes =
+      ReadBytes(file, start, std::min(most_in_front + static_cast<std::int64_t>(TagHeader::kSize), end - start));
   for (std::size_t at = 0; at + TagHeader::kSize <= bytes.size(); ++at) {
     const BytesView rest = BytesView(bytes).subspan(at);
     if (rest[0] == 0xFF && IsFirstFrame(rest)) return 0;
@@ -102,22 +121,6 @@ class WithHead : public InputFile {
   std::int64_t start_;
   std::int64_t moved_;
 };
-
-// Size of the ID3v1 tag at the end: 128 bytes, or up to four less where a program has cut the year short; 0 for none.
-std::int64_t SizeOfId3v1(InputFile& file, std::int64_t room) {
-  // An APE tag's mark holds the three letters too.
-  constexpr std::int64_t kInFront = 3;
-  const std::int64_t length = std::min(room, kId3v1Size + kInFront);
-  const Bytes bytes = ReadBytes(file, file.Size() - length, length);
-  for (std::int64_t cut = 0; cut <= kId3v1MostCut; ++cut) {
-    const std::int64_t start = static_cast<std::int64_t>(bytes.size()) - (kId3v1Size - cut);
-    if (start < 0 || !Id3v1Tag::Parse(BytesView(bytes).subspan(static_cast<std::size_t>(start)))) continue;
-    const auto in_front = static_cast<std::size_t>(std::min(start, kInFront));
-    const bool ape = AsText(bytes).substr(static_cast<std::size_t>(start) - in_front).starts_with(kApeMark);
-    if (!ape) return kId3v1Size - cut;
-  }
-  return 0;
-}
 
 // What a change leaves alone.
 struct Kept {

@@ -169,6 +169,14 @@ TEST_F(FileEndsTest, ComparesTheAudioBeforeItReplacesTheFile) {
   EXPECT_EQ(drives_.Read("song.mp3"), AudioBytes());
 }
 
+TEST_F(FileEndsTest, TakesNoTextOfTheTagAtTheEndForATag) {
+  drives_.Write("song.mp3", "a short text" + Id3v1Bytes(std::string("ID3\x03\0\0\0\0\0\x20", 10)));
+  TagObject tag(*files_);
+  tag.ReadTags(kSong, false);
+  EXPECT_TRUE(tag.HasID3v1());
+  EXPECT_FALSE(tag.HasID3v2());
+}
+
 TEST_F(FileEndsTest, ReadsNoMoreThanTheFileHolds) {
   drives_.Write("song.mp3", std::string("ID3\x04\0\0\x7F\x7F\x7F\x7F", 10) + std::string(1000, 'x'));
   const auto file = files_->OpenForReading(kSong);
