@@ -68,6 +68,12 @@ std::int64_t SizeOfId3v1(InputFile& file, std::int64_t room) {
   return 0;
 }
 
+// Not in a file of a few bytes, where its ID3v1 tag begins sooner.
+bool HasRoomForHeader(InputFile& file) {
+  const std::int64_t rest = file.Size() - static_cast<std::int64_t>(TagHeader::kSize);
+  return rest >= kId3v1Size || SizeOfId3v1(file, file.Size()) <= rest;
+}
+
 // Where a tag stands behind other bytes, at most so many, none of which are audio; 0 when there is none. What looks
 // like one in a text of the ID3v1 tag is none.
 std::int64_t FindLaterHead(InputFile& file, std::int64_t most_in_front) {
@@ -247,18 +253,18 @@ bool HoldsAt(InputFile& file, std::int64_t offset, BytesView bytes) {
 FileEnds FindEnds(InputFile& file) {
   FileEnds ends;
   ends.size = file.Size();
-  ends.head = ReadHeader(file, 0);
+  if (HasRoomForHeader(file)) ends.head = ReadHeader(file, 0);
   if (!ends.head) ends.head_start = FindLaterHead(file, kMostInFront);
   if (ends.head_start > 0) ends.head = ReadHeader(file, ends.head_start);
   if (!ends.head) ends.head_start = 0;  // cut off since it was found
   if (ends.head) ends.head_end = ends.head_start + ends.head->Extent();
+  ends.id3v1_size = SizeOfId3v1(file, ends.HeadFits() ? ends.size - ends.head_end : ends.size - ends.head_start);
   ends.heads_end = ends.head_end;
   for (int tags = 1; ends.head && tags < kMostTags; ++tags) {
     const auto next = ReadHeader(file, ends.heads_end);
-    if (!next || ends.heads_end + next->Extent() > ends.size) break;
+    if (!next || ends.heads_end + next->Extent() > ends.size - ends.id3v1_size) break;
     ends.heads_end += next->Extent();
   }
-  ends.id3v1_size = SizeOfId3v1(file, ends.HeadFits() ? ends.size - ends.head_end : ends.size - ends.head_start);
   return ends;
 }
 

@@ -177,6 +177,19 @@ TEST_F(FileEndsTest, TakesNoTextOfTheTagAtTheEndForATag) {
   EXPECT_FALSE(tag.HasID3v2());
 }
 
+TEST_F(FileEndsTest, TakesNoMarkInFrontOfTheTagAtTheEndForATag) {
+  const std::string tag = TagBytes(3, TextFrameBytes(3, "TIT2", "Title"));
+  for (const std::string& front : {std::string(), tag}) {
+    drives_.Write("song.mp3", front + "ID3" + Id3v1Bytes("", "An artist"));
+    TagObject object(*files_);
+    object.ReadTags(kSong, false);
+    EXPECT_TRUE(object.HasID3v1());
+    EXPECT_EQ(object.HasID3v2(), !front.empty());
+    object.RemoveID3v2(kSong);
+    EXPECT_EQ(drives_.Read("song.mp3"), "ID3" + Id3v1Bytes("", "An artist"));
+  }
+}
+
 TEST_F(FileEndsTest, ReadsNoMoreThanTheFileHolds) {
   drives_.Write("song.mp3", std::string("ID3\x04\0\0\x7F\x7F\x7F\x7F", 10) + std::string(1000, 'x'));
   const auto file = files_->OpenForReading(kSong);
