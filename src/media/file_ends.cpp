@@ -275,7 +275,7 @@ bool HasHeadOutOfReach(InputFile& file, const FileEnds& ends) {
 bool IsHeadFoundAgain(InputFile& file, const FileEnds& ends, const Bytes& head) {
   if (ends.head_start == 0) return true;
   WithHead changed(file, ends, head);
-  return FindLaterHead(changed, kMostInFront) == ends.head_start;
+  return FindEnds(changed).head_start == ends.head_start;
 }
 
 std::optional<RawTag> ReadHead(InputFile& file, const FileEnds& ends) {

@@ -42,7 +42,7 @@ bool IsHeadReadOtherwise(InputFile& file, const FileEnds& ends);
 std::optional<Id3v1Tag> ReadId3v1(InputFile& file, const FileEnds& ends);
 
 // Whether a tag that replaces the present one where it stands is found there afterwards: what precedes it may look
-// like audio beside other bytes behind. Throws Failure on an input error.
+// like audio, or like a header of its own, beside other bytes behind. Throws Failure on an input error.
 bool IsHeadFoundAgain(InputFile& file, const FileEnds& ends, const Bytes& head);
 
 // A file that begins and ends anew, with everything between as it was.

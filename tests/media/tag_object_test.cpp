@@ -345,5 +345,17 @@ TEST_F(TagObjectTest, WritesNoTagThatWouldNotBeFoundAgain) {
   EXPECT_GE(refused, 1);
 }
 
+// Four bytes in front make a header once the tag no longer claims to be unsynchronised, which it isn't.
+TEST_F(TagObjectTest, WritesNoTagThatMakesAHeaderOfWhatStandsInFront) {
+  const std::string content = "ID3\x03" + TagBytes(3, TextFrameBytes(3, "TIT2", "T\xFF\xFB"), 0x80) + AudioBytes();
+  drives_.Write("a.mp3", content);
+  TagObject tag(*files_);
+  tag.ReadTags("c:\\a.mp3", false);
+  ASSERT_TRUE(tag.HasID3v2());
+  tag.SetFrame("TIT2", "Another");
+  EXPECT_FALSE(Guarded([&] { tag.WriteID3v2("c:\\a.mp3"); }));
+  EXPECT_EQ(drives_.Read("a.mp3"), content);
+}
+
 }  // namespace
 }  // namespace qublet
